@@ -1,0 +1,33 @@
+// Marlux 3. Lines for developers in the debugger's output, switched on by the host's command line "/l".
+// Off, a trace costs one test of a flag.
+#pragma once
+
+#include "foundation/Compiler.h"
+
+namespace Trace {
+
+[[nodiscard]] bool IsOn() noexcept;
+void SwitchOn(bool on) noexcept;
+// One line, printf-style, cut at 1,000 characters.
+void Line(const char* format, ...) noexcept MARLUX_PRINTF(1, 2);
+
+// Writes "<name> IN" now and "<name> OUT" at the end of the block. Both texts must be literals.
+class Scope {
+ public:
+  Scope(const char* file, const char* name) noexcept : name_(IsOn() ? name : nullptr) {
+    if (name_) Enter(file);
+  }
+  ~Scope() {
+    if (name_) Leave();
+  }
+  Scope(const Scope&) = delete;
+  Scope& operator=(const Scope&) = delete;
+
+ private:
+  void Enter(const char* file) const noexcept;
+  void Leave() const noexcept;
+
+  const char* name_;  // null when tracing was off at the start
+};
+
+}  // namespace Trace

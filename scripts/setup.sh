@@ -1,0 +1,106 @@
+#!/usr/bin/env bash
+# Brings a Debian 12 machine to the point where Marlux 3 can be built and tested:
+# distribution packages, the minizip source, a Wine prefix of our own.
+# Does nothing that is already done; prints one line for each thing it does.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/common.sh
+
+# What the cross build, the tests and the screenshots need, all from the distribution.
+PACKAGES=(
+  g++-mingw-w64-i686-posix libz-mingw-w64-dev cmake ninja-build
+  googletest python3 clang-format clang-tidy
+  xvfb xdotool openbox imagemagick fonts-liberation x11-utils
+)
+# Both architectures of Wine must come out of one release, or their shared libraries differ in version.
+WINE_PACKAGES=(wine wine32:i386)
+
+# minizip: the distribution's source package, compiled here with the cross compiler.
+MINIZIP_FILE=minizip_1.1.orig.tar.xz
+MINIZIP_SHA256=7d8da446d3b6799e7851f077a66551a46b80fc3de708549e79dbd3e49e842ba1
+
+as_root() { if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi; }
+
+missing_of() {
+  local package
+  for package in "$@"; do
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || echo "$package"
+  done
+}
+
+apt_get() { as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y "$@" >>"$SETUP_LOG" 2>&1; }
+
+# A stale index of one source makes this fail while all others are fresh: the installs decide.
+apt_update() { apt_get update || say "apt-get update reported a problem; going on (see $SETUP_LOG)"; }
+
+install_packages() {
+  local native wine
+  mapfile -t native < <(missing_of "${PACKAGES[@]}")
+  mapfile -t wine < <(missing_of "${WINE_PACKAGES[@]}")
+  [ $((${#native[@]} + ${#wine[@]})) -gt 0 ] || return 0
+  say "installing ${native[*]} ${wine[*]}"
+  if ! dpkg --print-foreign-architectures | grep -qx i386; then as_root dpkg --add-architecture i386; fi
+  apt_update
+  if [ ${#native[@]} -gt 0 ]; then
+    apt_get install --no-install-recommends "${native[@]}" || fail "packages did not install, see $SETUP_LOG"
+  fi
+  if [ ${#wine[@]} -gt 0 ]; then
+    . /etc/os-release
+    apt_get install --no-install-recommends --allow-downgrades -t "$VERSION_CODENAME" "${WINE_PACKAGES[@]}" ||
+      fail "Wine did not install, see $SETUP_LOG"
+  fi
+}
+
+# Source entries made from the machine's own binary entries, in a private place: /etc stays as it is.
+private_source_lists() {
+  local to=$1 file
+  mkdir -p "$to/lists/partial" "$to/parts"
+  for file in /etc/apt/sources.list.d/*.sources; do
+    [ -e "$file" ] && grep -q 'debian' "$file" && sed 's/^Types:.*/Types: deb-src/' "$file" >"$to/parts/$(basename "$file")"
+  done
+  for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
+    [ -e "$file" ] && sed -n 's/^deb \(.*debian.*\)/deb-src \1/p' "$file" >"$to/parts/$(basename "$file" .list)-src.list"
+  done
+  return 0
+}
+
+checksum_holds() { [ -e "$1" ] && echo "$2  $1" | sha256sum --check --status; }
+
+fetch_minizip() {
+  local file=$CACHE_DIR/$MINIZIP_FILE lists=$BUILD_DIR/setup/apt options
+  checksum_holds "$file" "$MINIZIP_SHA256" && return 0
+  say "fetching the minizip source"
+  private_source_lists "$lists"
+  options=(-o "Dir::Etc::sourcelist=/dev/null" -o "Dir::Etc::sourceparts=$lists/parts" -o "Dir::State::lists=$lists/lists" -o APT::Sandbox::User=root)
+  apt_get "${options[@]}" update || true
+  mkdir -p "$CACHE_DIR"
+  (cd "$CACHE_DIR" && apt_get "${options[@]}" source --download-only minizip) || fail "the minizip source did not come, see $SETUP_LOG"
+  checksum_holds "$file" "$MINIZIP_SHA256" || fail "$file does not have the checksum that it should have"
+}
+
+unpack_minizip() {
+  local to=$BUILD_DIR/third_party/minizip
+  [ -e "$to/.unpacked" ] && return 0
+  rm -rf "$to" && mkdir -p "$to"
+  tar -xJf "$CACHE_DIR/$MINIZIP_FILE" -C "$to" --strip-components=1
+  touch "$to/.unpacked"
+}
+
+# The prefix: a plain desktop with smooth text in a font that every screenshot machine has.
+make_wine_prefix() {
+  [ -e "$WINEPREFIX/.ready" ] && return 0
+  say "making the Wine prefix"
+  rm -rf "$WINEPREFIX" && mkdir -p "$WINEPREFIX" "$HOME"
+  wine wineboot --init >>"$SETUP_LOG" 2>&1 </dev/null || fail "Wine did not start, see $SETUP_LOG"
+  wine regedit /S scripts/wine-desktop.reg >>"$SETUP_LOG" 2>&1 </dev/null || fail "the prefix was not set up, see $SETUP_LOG"
+  wineserver --wait
+  touch "$WINEPREFIX/.ready"
+}
+
+mkdir -p "$BUILD_DIR/setup"
+export SETUP_LOG=$BUILD_DIR/setup/setup.log
+install_packages
+fetch_minizip
+unpack_minizip
+use_own_wine
+make_wine_prefix
