@@ -23,6 +23,6 @@ void Release() noexcept;
 // A time of day in seconds moved by an offset and brought back into 0 to 86399.
 [[nodiscard]] constexpr int32_t ShiftTimeOfDay(int32_t seconds, int32_t offset) noexcept {
   constexpr int32_t kDay = 86400;
-  const int32_t moved = (seconds + offset) % kDay;
+  const int32_t moved = (seconds % kDay + offset % kDay) % kDay;
   return moved < 0 ? moved + kDay : moved;
 }

@@ -4,14 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 
-static_assert(sizeof(void*) == 4, "Marlux 3 is a 32-bit module: its records and its host interface hold pointers in 32 bits");
+static_assert(sizeof(void*) == 4,
+              "Marlux 3 is a 32-bit module: its records and its host interface hold pointers in 32 bits");
 
 // Lets the compiler check a printf-style format against its arguments. Positions count from 1; a member function's
 // hidden object argument is position 1.
 #ifdef _WIN32
-#define MARLUX_PRINTF(formatPosition, firstArgument) \
-  __attribute__((format(ms_printf, formatPosition, firstArgument)))
+#define MARLUX_PRINTF(formatPosition, firstArgument) __attribute__((format(ms_printf, formatPosition, firstArgument)))
 #else
-#define MARLUX_PRINTF(formatPosition, firstArgument) \
-  __attribute__((format(printf, formatPosition, firstArgument)))
+#define MARLUX_PRINTF(formatPosition, firstArgument) __attribute__((format(printf, formatPosition, firstArgument)))
 #endif

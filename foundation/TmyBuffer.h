@@ -33,6 +33,8 @@ class TmyBuffer : public TmyObject {
  protected:
   struct Unallocated {};
   explicit TmyBuffer(Unallocated) noexcept {}  // every field zero
+  // Doubles the capacity until it is n at least, or until it grows no more: the caller looks at what there is.
+  void GrowTo(uint32_t n);
 
   uint8_t* data_ = nullptr;  // owned, from the C heap (a derived class may keep it elsewhere and frees it itself)
   uint32_t capacity_ = 0;

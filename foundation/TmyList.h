@@ -22,7 +22,7 @@ class TmyList : public TmyBuffer {
   [[nodiscard]] void*& Get(uint32_t index) noexcept;
   [[nodiscard]] void* Get(uint32_t index) const noexcept;
   [[nodiscard]] int32_t IndexOf(const void* item) const noexcept;  // the last such entry, or -1
-  // Swaps two entries; both must be below the count, which is not checked outside debug builds.
+  // Swaps two entries; nothing when one of them is out of range.
   void Exchange(uint32_t i, uint32_t j) noexcept;
   // Deletes from the last entry down through the virtual Delete, then gives the memory back.
   void Clear();

@@ -32,6 +32,6 @@ class TmyStringList : public TmyList {
   [[nodiscard]] uint32_t InsertPosition(const TmyString& text) const noexcept;
 
  private:
-  using TmyList::Insert;  // entries are strings only
   using TmyList::Add;
+  using TmyList::Insert;  // entries are strings only
 };

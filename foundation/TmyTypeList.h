@@ -40,6 +40,6 @@ class TmyTypeList : public TmyList {
   [[nodiscard]] const T* Get(uint32_t index) const noexcept { return static_cast<const T*>(TmyList::Get(index)); }
 
  private:
-  using TmyList::Insert;  // a pointer of unknown owner must not get in
   using TmyList::Add;
+  using TmyList::Insert;  // a pointer of unknown owner must not get in
 };

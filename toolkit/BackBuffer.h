@@ -1,0 +1,23 @@
+// Marlux 3. The memory picture that a double-buffered window is drawn into before it is copied to the screen.
+#pragma once
+
+#include <windows.h>
+
+class BackBuffer {
+ public:
+  BackBuffer() noexcept = default;
+  ~BackBuffer() { Free(); }
+  BackBuffer(const BackBuffer&) = delete;
+  BackBuffer& operator=(const BackBuffer&) = delete;
+
+  // Pixels; at least one in each direction. False, with no picture, when the system has no room for it.
+  bool Resize(HWND window, int width, int height);
+  [[nodiscard]] HDC Dc() const noexcept { return dc_; }  // null when there is no picture
+
+ private:
+  void Free() noexcept;
+
+  HDC dc_ = nullptr;
+  HBITMAP bitmap_ = nullptr;
+  HGDIOBJ original_ = nullptr;  // the bitmap that came with the context; selected back before it goes
+};

@@ -1,0 +1,57 @@
+// Marlux 3. Colours, fonts and sizes of everything that the toolkit draws. Light and flat; in the system's High
+// Contrast mode the system's own colours. All sizes follow the system's message font, so larger text cuts nothing.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "toolkit/GdiHandle.h"
+
+class TmyTheme {
+ public:
+  enum class Font { kMessage, kBold, kSymbol };
+
+  struct Colors {
+    COLORREF surface, field, alternateRow, line, text, secondary, disabled;
+    COLORREF accent, accentText, marked, header, hot, pressed, record;
+  };
+
+  TmyTheme() { Reload(); }
+  void Reload();  // after the system's fonts or colours changed
+
+  [[nodiscard]] const Colors& Color() const noexcept { return colors_; }
+  [[nodiscard]] HFONT Get(Font font) const noexcept;  // owned by the theme
+  [[nodiscard]] bool IsHighContrast() const noexcept { return highContrast_; }
+
+  // Pixels, from the message font.
+  [[nodiscard]] int TextHeight() const noexcept { return textHeight_; }
+  [[nodiscard]] int FieldHeight() const noexcept { return textHeight_ + 10; }
+  [[nodiscard]] int RowHeight() const noexcept { return textHeight_ + 4; }
+  [[nodiscard]] int Step() const noexcept { return Scaled(8); }  // the rhythm of all distances
+  // A length that was chosen at 96 dpi with a 15 pixel high font.
+  [[nodiscard]] int Scaled(int pixels) const noexcept { return MulDiv(pixels, textHeight_, 15); }
+  [[nodiscard]] int TextWidth(std::string_view text, Font font = Font::kMessage) const;
+
+ private:
+  void LoadColors();
+  void LoadFonts();
+
+  Colors colors_ = {};
+  FontHandle message_;
+  FontHandle bold_;
+  bool highContrast_ = false;
+  int textHeight_ = 15;
+};
+
+// Drawing that all controls share. Rectangles in the context's coordinates; contexts come back as they were.
+namespace ThemeDraw {
+void Fill(HDC dc, const RECT& area, COLORREF color);
+void Frame(HDC dc, const RECT& area, COLORREF color, int thickness = 1);
+// One line of text, cut with an ellipsis; `format` takes DT_LEFT, DT_CENTER, DT_RIGHT; an "&" is shown as it is unless
+// DT_HIDEPREFIX or `prefix` asks otherwise.
+void Text(HDC dc, const RECT& area, std::string_view text, COLORREF color, HFONT font, UINT format = DT_LEFT,
+          bool prefix = false);
+// A filled polygon with smooth edges, points in sixteenths of a pixel.
+void Polygon(HDC dc, const POINT* points, int count, COLORREF color);
+}  // namespace ThemeDraw
