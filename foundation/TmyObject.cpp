@@ -8,6 +8,10 @@ TmyObject::TmyObject() noexcept : stamp_(sharedStamp) {}
 
 TmyObject::~TmyObject() = default;
 
-void TmyObject::SetTag(uint32_t tag) noexcept { tag_ = tag; }
+void TmyObject::SetTag(uint32_t tag) noexcept {
+  tag_ = tag;
+}
 
-void TmyObject::SetSharedStamp(uint32_t stamp) noexcept { sharedStamp = stamp; }
+void TmyObject::SetSharedStamp(uint32_t stamp) noexcept {
+  sharedStamp = stamp;
+}

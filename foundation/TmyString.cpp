@@ -1,6 +1,10 @@
 #include "foundation/TmyString.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -23,6 +27,9 @@ struct TmyString::Block {
   // A block of exactly this text, `capacity` at least count + 1; the empty block when memory is short.
   [[nodiscard]] static Block* Copy(const char* text, size_t count, uint64_t capacity) noexcept;
 
+  // Null when the format cannot be rendered or memory is short.
+  [[nodiscard]] static Block* Render(const char* format, va_list arguments) noexcept;
+
   void SetLength(uint32_t count) noexcept {
     length = count;
     Chars()[count] = 0;
@@ -34,10 +41,36 @@ namespace {
 // Positions are signed 32-bit numbers, and no heap block of a 32-bit process is larger.
 constexpr uint64_t kMaximumCapacity = 0x7FFFFF00;
 constexpr uint32_t kSmallestRoom = 16;
+constexpr uint64_t kDecimalCapacity = 33;
+constexpr uint64_t kHexCapacity = 18;
 
-std::string_view ViewOf(const char* text) noexcept { return text ? std::string_view(text) : std::string_view(); }
+std::string_view ViewOf(const char* text) noexcept {
+  return text ? std::string_view(text) : std::string_view();
+}
 
 char scratch = 0;
+
+// Both: the length without the terminating zero, negative when the format cannot be rendered. On Windows its own
+// formatter, because callers use its "%I64d"; the cross compiler's headers would substitute another.
+int MeasureFormatted(const char* format, va_list arguments) noexcept {
+  va_list copy;
+  va_copy(copy, arguments);
+#ifdef _WIN32
+  const int length = _vscprintf(format, copy);
+#else
+  const int length = vsnprintf(nullptr, 0, format, copy);
+#endif
+  va_end(copy);
+  return length;
+}
+
+int WriteFormatted(char* to, size_t size, const char* format, va_list arguments) noexcept {
+#ifdef _WIN32
+  return _vsnprintf(to, size, format, arguments);
+#else
+  return vsnprintf(to, size, format, arguments);
+#endif
+}
 
 }  // namespace
 
@@ -75,6 +108,17 @@ TmyString::Block* TmyString::Block::Copy(const char* text, size_t count, uint64_
   return block;
 }
 
+TmyString::Block* TmyString::Block::Render(const char* format, va_list arguments) noexcept {
+  const int length = format ? MeasureFormatted(format, arguments) : -1;
+  if (length < 0) return nullptr;
+  const auto count = static_cast<uint32_t>(length);
+  Block* block = Allocate(uint64_t{count} + 1);
+  if (!block) return nullptr;
+  WriteFormatted(block->Chars(), size_t{count} + 1, format, arguments);
+  block->SetLength(count);
+  return block;
+}
+
 TmyString::TmyString() noexcept : block_(Block::Empty()) {}
 
 TmyString::TmyString(const char* text) : TmyString(ViewOf(text)) {}
@@ -89,7 +133,9 @@ TmyString::TmyString(const TmyString& other) noexcept : block_(other.block_) {
   if (block_ != Block::Empty()) ++block_->references;
 }
 
-TmyString::TmyString(TmyString&& other) noexcept : block_(other.block_) { other.block_ = Block::Empty(); }
+TmyString::TmyString(TmyString&& other) noexcept : block_(other.block_) {
+  other.block_ = Block::Empty();
+}
 
 TmyString& TmyString::operator=(const TmyString& other) noexcept {
   if (block_ != other.block_) {
@@ -104,7 +150,9 @@ TmyString& TmyString::operator=(TmyString&& other) noexcept {
   return *this;
 }
 
-TmyString::~TmyString() { Release(); }
+TmyString::~TmyString() {
+  Release();
+}
 
 void TmyString::Release() noexcept {
   if (block_ == Block::Empty()) return;
@@ -123,13 +171,79 @@ TmyString TmyString::Repeat(char character, uint32_t count) {
   return TmyString(block);
 }
 
-const char* TmyString::Chars() const noexcept { return block_->Chars(); }
+TmyString TmyString::FromDecimal(int64_t value, uint32_t minDigits, uint32_t minWidth) {
+  std::array<char, 20> reversed;
+  uint32_t digits = 0;
+  uint64_t rest = value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
+  do {
+    reversed[digits++] = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  } while (rest > 0);
 
-uint32_t TmyString::Length() const noexcept { return block_->length; }
+  const uint64_t zeros = minDigits > digits ? minDigits - digits : 0;
+  const uint64_t signs = value < 0 ? 1 : 0;
+  const uint64_t length = std::max<uint64_t>(signs + zeros + digits, minWidth);
+  Block* block = Block::Allocate(std::max(length + 1, kDecimalCapacity));
+  if (!block) return {};
+  std::memset(block->Chars(), ' ', static_cast<size_t>(length - signs - zeros - digits));
+  char* end = block->Chars() + length;
+  for (uint32_t i = 0; i < digits; ++i) *--end = reversed[i];
+  for (uint64_t i = 0; i < zeros; ++i) *--end = '0';
+  if (value < 0) *--end = '-';
+  block->SetLength(static_cast<uint32_t>(length));
+  return TmyString(block);
+}
 
-uint32_t TmyString::Capacity() const noexcept { return block_->capacity; }
+TmyString TmyString::FromHex(uint64_t value, uint32_t minDigits) {
+  const auto digits = (static_cast<uint32_t>(std::bit_width(value)) + 3) / 4;
+  const uint32_t length = std::max({digits, minDigits, 1U});
+  Block* block = Block::Allocate(std::max(uint64_t{length} + 1, kHexCapacity));
+  if (!block) return {};
+  char* end = block->Chars() + length;
+  while (end != block->Chars()) {
+    *--end = "0123456789abcdef"[value & 15];
+    value >>= 4;
+  }
+  block->SetLength(length);
+  return TmyString(block);
+}
 
-uint32_t TmyString::Tag() const noexcept { return block_->tag; }
+void TmyString::Format(const char* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  Block* text = Block::Render(format, arguments);  // aside, because the arguments may be our own characters
+  va_end(arguments);
+  if (!text) return;
+  if (MakeUnique(text->length + 1)) {
+    std::memcpy(block_->Chars(), text->Chars(), text->length);
+    block_->SetLength(text->length);
+  }
+  std::free(text);
+}
+
+TmyString Formatted(const char* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  TmyString::Block* text = TmyString::Block::Render(format, arguments);
+  va_end(arguments);
+  return text ? TmyString(text) : TmyString();
+}
+
+const char* TmyString::Chars() const noexcept {
+  return block_->Chars();
+}
+
+uint32_t TmyString::Length() const noexcept {
+  return block_->length;
+}
+
+uint32_t TmyString::Capacity() const noexcept {
+  return block_->capacity;
+}
+
+uint32_t TmyString::Tag() const noexcept {
+  return block_->tag;
+}
 
 void TmyString::SetTag(uint32_t tag) {
   if (MakeUnique(0)) block_->tag = tag;
@@ -169,9 +283,13 @@ bool TmyString::MakeUnique(uint32_t room) {
   return true;
 }
 
-TmyString& TmyString::operator+=(const TmyString& other) { return Append(other.View()); }
+TmyString& TmyString::operator+=(const TmyString& other) {
+  return Append(other.View());
+}
 
-TmyString& TmyString::operator+=(const char* text) { return Append(ViewOf(text)); }
+TmyString& TmyString::operator+=(const char* text) {
+  return Append(ViewOf(text));
+}
 
 TmyString& TmyString::operator+=(char character) {
   const uint32_t length = Length();
@@ -227,7 +345,9 @@ bool operator==(const TmyString& left, const TmyString& right) noexcept {
   return left.block_ == right.block_ || left.View() == right.View();
 }
 
-bool operator==(const TmyString& left, const char* right) noexcept { return left.View() == ViewOf(right); }
+bool operator==(const TmyString& left, const char* right) noexcept {
+  return left.View() == ViewOf(right);
+}
 
 TmyString TmyString::Mid(uint32_t start, uint32_t count) const {
   if (start >= Length()) return {};

@@ -51,6 +51,7 @@ class TmyString {
 
   // Replaces the text by the formatted one; takes the C runtime's formats ("%I64d" for 64 bits on Windows).
   void Format(const char* format, ...) MARLUX_PRINTF(2, 3);
+  friend TmyString Formatted(const char* format, ...);
 
   [[nodiscard]] long ToLong(bool hexadecimal = false) const noexcept;  // unreadable text gives 0
 

@@ -11,11 +11,11 @@ void SwitchOn(bool on) noexcept;
 // One line, printf-style, cut at 1,000 characters.
 void Line(const char* format, ...) noexcept MARLUX_PRINTF(1, 2);
 
-// Writes "<name> IN" now and "<name> OUT" at the end of the block. Both texts must be literals.
+// Writes "<name> IN" now and "<name> OUT" at the end of the block. The name must be a literal.
 class Scope {
  public:
-  Scope(const char* file, const char* name) noexcept : name_(IsOn() ? name : nullptr) {
-    if (name_) Enter(file);
+  explicit Scope(const char* name) noexcept : name_(IsOn() ? name : nullptr) {
+    if (name_) Enter();
   }
   ~Scope() {
     if (name_) Leave();
@@ -24,7 +24,7 @@ class Scope {
   Scope& operator=(const Scope&) = delete;
 
  private:
-  void Enter(const char* file) const noexcept;
+  void Enter() const noexcept;
   void Leave() const noexcept;
 
   const char* name_;  // null when tracing was off at the start
