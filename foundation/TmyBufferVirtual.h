@@ -16,6 +16,7 @@ class TmyBufferVirtual : public TmyBuffer {
  private:
   [[nodiscard]] uint32_t RoundUpToPage(uint32_t n) const noexcept;
   void ReserveAddressSpace(uint32_t bytes) noexcept;
+  void Free() noexcept;
 
   uint32_t pageSize_ = 0;
 };
