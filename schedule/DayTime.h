@@ -1,0 +1,49 @@
+// Marlux 3. Names of the days of the week, the texts of day masks and the HH:MM form of times.
+//
+// Two orders meet here. Day indexes count from Monday = 0 to Sunday = 6; the bits of a day mask count from Sunday = 0
+// to Saturday = 6, as the system clock counts days. DayBit goes from the first to the second.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+inline constexpr uint32_t kDaysOfWeek = 7;
+inline constexpr uint8_t kAllDaysMask = 0x7F;
+inline constexpr uint8_t kWorkdaysMask = 0x3E;
+inline constexpr uint8_t kWeekendMask = 0x41;
+
+// By day index.
+inline constexpr std::array<std::string_view, kDaysOfWeek> kDayCodes = {"Mo", "Tu", "We", "Th", "Fr", "Sa", "Su"};
+inline constexpr std::array<std::string_view, kDaysOfWeek> kShortDayNames = {"Mon", "Tue", "Wed", "Thu",
+                                                                             "Fri", "Sat", "Sun"};
+inline constexpr std::array<std::string_view, kDaysOfWeek> kFullDayNames = {
+    "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"};
+// What the day filters of the HFCC side offer, in the order of its day digits.
+inline constexpr std::array<std::string_view, 10> kHfccDayChoices = {
+    "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "All days", "Workdays", "Weekend"};
+
+// The index of a two-letter code, or -1. Case counts.
+[[nodiscard]] int32_t DayIndex(std::string_view code) noexcept;
+
+// The mask with the one bit of a day index below 7.
+[[nodiscard]] constexpr uint8_t DayBit(uint32_t dayIndex) noexcept {
+  return static_cast<uint8_t>(1U << ((dayIndex + 1) % kDaysOfWeek));
+}
+
+// "All days", "Workdays", "Weekend", the full name of a single day, else short names from Monday on: "Mon, Wed, Sun".
+// "" for no day. Bits above the seventh do not count. The text is static and zero-terminated.
+[[nodiscard]] const char* DayMaskText(uint32_t mask) noexcept;
+
+// Writes HH:MM for the characters HHMM. Shorter input leaves its part out ("22" gives "22:"), what follows the fourth
+// character is ignored. The rest of the field is filled with zeros.
+template <size_t kSize>
+void CopyTimeText(char (&field)[kSize], std::string_view hhmm) noexcept {
+  static_assert(kSize >= 6);
+  const size_t hours = hhmm.size() < 2 ? hhmm.size() : 2;
+  size_t length = 0;
+  for (size_t i = 0; i < hours; ++i) field[length++] = hhmm[i];
+  field[length++] = ':';
+  for (size_t i = 2; i < hhmm.size() && i < 4; ++i) field[length++] = hhmm[i];
+  while (length < kSize) field[length++] = 0;
+}
