@@ -1,0 +1,69 @@
+#include "plugin/DataFolders.h"
+
+#include <windows.h>
+// The shell's header needs the one above first.
+#include <shlobj.h>
+
+#include <string>
+
+#include "foundation/TmyRegistry.h"
+
+namespace {
+
+TmyString DocumentsFolder() {
+  // A documents folder that does not exist counts as a failure at first; it is made with the rest of the path.
+  for (const int flags : {0, CSIDL_FLAG_DONT_VERIFY}) {
+    char path[MAX_PATH] = "";
+    if (SUCCEEDED(SHGetFolderPathA(nullptr, CSIDL_PERSONAL | flags, nullptr, SHGFP_TYPE_CURRENT, path))) {
+      return TmyString(path);
+    }
+  }
+  return {};
+}
+
+TmyString Environment(const char* name) {
+  std::string value;
+  DWORD length = GetEnvironmentVariableA(name, nullptr, 0);
+  while (length > value.size()) {  // it may grow between two calls
+    value.resize(length);
+    length = GetEnvironmentVariableA(name, value.data(), static_cast<DWORD>(value.size()));
+  }
+  return TmyString(std::string_view(value.data(), length));
+}
+
+TmyString Created(TmyString path) {
+  CreateFolders(path);
+  return path;
+}
+
+}  // namespace
+
+void CreateFolders(const TmyString& path) {
+  const std::string whole(path.View());
+  const size_t drive = whole.find(":\\");
+  const size_t first = drive == std::string::npos ? 1 : drive + 2;
+  for (size_t end = whole.find('\\', first); end != std::string::npos; end = whole.find('\\', end + 1)) {
+    CreateDirectoryA(whole.substr(0, end).c_str(), nullptr);
+  }
+  CreateDirectoryA(whole.c_str(), nullptr);
+}
+
+TmyString DataFolder() {
+  return Created(DocumentsFolder() + "\\Corvane\\Marlux3");
+}
+
+TmyString RecordingsFolder() {
+  return Created(DataFolder() + "\\Recordings");
+}
+
+TmyString PluginFolder() {
+  TmyString folder = Environment("ZQN_PLUGIN_PATH");
+  if (!folder.IsEmpty()) return folder;
+  TmyRegistry key;
+  if (!key.Open(HKEY_LOCAL_MACHINE, "Software\\ZQN", KEY_READ)) return {};
+  return key.ReadString("SearchPath", {});
+}
+
+TmyString HelpFile() {
+  return PluginFolder() + "\\marlux3.chm";
+}

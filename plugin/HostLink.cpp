@@ -1,0 +1,71 @@
+#include "plugin/HostLink.h"
+
+#include <utility>
+
+TmyString FrequencyText(int64_t hz) {
+  const bool negative = hz < 0;
+  // The unsigned form has a magnitude even for the lowest number.
+  const uint64_t magnitude = negative ? 0 - static_cast<uint64_t>(hz) : static_cast<uint64_t>(hz);
+  TmyString text = negative ? "-" : "";
+  text += TmyString::FromDecimal(static_cast<int64_t>(magnitude / 1000));
+  auto rest = static_cast<int64_t>(magnitude % 1000);
+  if (rest == 0) return text;
+  uint32_t decimals = 3;
+  for (; rest % 10 == 0; rest /= 10) --decimals;
+  text += '.';
+  return text += TmyString::FromDecimal(rest, decimals);
+}
+
+void HostLink::Connect(HostCallback callback, uint32_t instance) noexcept {
+  callback_ = callback;
+  instance_ = instance;
+}
+
+void HostLink::Disconnect() noexcept {
+  callback_ = nullptr;
+  if (gone_) *gone_ = true;
+}
+
+uint32_t HostLink::Call(uint32_t code, uint32_t a, uint32_t b, uint32_t c) noexcept {
+  return callback_ ? callback_(instance_, code, a, b, c) : 0;
+}
+
+void HostLink::TellStarted() noexcept {
+  // The host does not know the instance yet.
+  if (callback_) callback_(0, HostCode::kInstanceState, HostCode::kInstanceStarted, 0, 0);
+}
+
+void HostLink::TellClosed() noexcept {
+  Call(HostCode::kInstanceState, HostCode::kInstanceClosed);
+  const HostCallback last = callback_;
+  const uint32_t instance = instance_;
+  Disconnect();
+  if (last)
+    last(instance, HostCode::kInstanceGone, 0, sizeof kProductCaption, reinterpret_cast<uint32_t>(kProductCaption));
+}
+
+bool HostLink::Tune(uint32_t frequencyHz, uint32_t mode) noexcept {
+  if (!callback_) return false;
+  const std::pair<uint32_t, uint32_t> steps[] = {{HostCode::kTuneFrequency, frequencyHz},
+                                                 {HostCode::kTuneMode, mode},
+                                                 {HostCode::kTuneThird, 0},
+                                                 {HostCode::kTuneFourth, HostCode::kTuneFourthValue}};
+  bool gone = false;
+  bool* const outer = std::exchange(gone_, &gone);
+  for (const auto& [code, a] : steps) {
+    Call(code, a);
+    if (!gone) continue;
+    if (outer) *outer = true;
+    return false;  // `this` may be gone: gone_ is not put back
+  }
+  gone_ = outer;
+  return true;
+}
+
+void HostLink::TellMediaState(bool playing) noexcept {
+  Call(HostCode::kMediaState, playing ? 1 : 0);
+}
+
+uint32_t HostLink::CurrentFrequencyRaw() noexcept {
+  return Call(HostCode::kQuery, HostCode::kTuneFrequency);
+}

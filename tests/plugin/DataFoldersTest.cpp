@@ -1,0 +1,70 @@
+#include "plugin/DataFolders.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <filesystem>
+
+#include "foundation/TmyRegistry.h"
+#include "tests/support/FreshDocumentsFolder.h"
+
+namespace fs = std::filesystem;
+
+TEST(DataFolders, AreMadeBelowTheDocumentsFolderWithEachMissingParent) {
+  const std::string before = DataFolder().Chars();
+  {
+    FreshDocumentsFolder documents;
+    EXPECT_FALSE(fs::exists(documents.Path() + "\\Corvane"));
+    EXPECT_EQ(RecordingsFolder().Chars(), documents.Path() + "\\Corvane\\Marlux3\\Recordings");
+    EXPECT_TRUE(fs::is_directory(documents.DataFolder() + "\\Recordings"));
+    fs::remove_all(documents.Path());
+    EXPECT_EQ(DataFolder().Chars(), documents.DataFolder());
+    EXPECT_TRUE(fs::is_directory(documents.DataFolder()));
+    EXPECT_EQ(DataFolder().Chars(), documents.DataFolder());  // an existing folder is no error
+  }
+  EXPECT_EQ(DataFolder().Chars(), before);
+}
+
+TEST(DataFolders, OddPathsDoNoHarm) {
+  FreshDocumentsFolder documents;
+  for (const char* path : {"", "\\", "x:", ":\\", "Q:\\no\\drive", "\\\\server\\share\\a", "C:\\", "C:\\\\"}) {
+    CreateFolders(path);
+  }
+  CreateFolders((documents.Path() + "\\a\\\\b\\").c_str());
+  EXPECT_TRUE(fs::is_directory(documents.Path() + "\\a\\b"));
+}
+
+TEST(DataFolders, PluginFolderPrefersTheEnvironment) {
+  constexpr char kStandIn[] = "Software\\Marlux 3 test of folders";
+  HKEY standIn;
+  ASSERT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, kStandIn, &standIn), ERROR_SUCCESS);
+  ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, standIn), ERROR_SUCCESS);
+  TmyRegistry key;
+  ASSERT_TRUE(key.Open(HKEY_LOCAL_MACHINE, "Software\\ZQN", KEY_ALL_ACCESS, true));
+  const std::string longPath(3000, 'p');
+  struct {
+    const char* environment;
+    const char* registry;
+    std::string folder;
+  } const kCases[] = {
+      {nullptr, nullptr, ""},
+      {nullptr, "C:\\registered", "C:\\registered"},
+      {"", "C:\\registered", "C:\\registered"},
+      {"C:\\set", "C:\\registered", "C:\\set"},
+      {longPath.c_str(), nullptr, longPath},
+  };
+  for (const auto& row : kCases) {
+    SetEnvironmentVariableA("ZQN_PLUGIN_PATH", row.environment);
+    key.DeleteValue("SearchPath");
+    if (row.registry) key.WriteString("SearchPath", row.registry);
+    EXPECT_EQ(PluginFolder().Chars(), row.folder);
+    EXPECT_EQ(HelpFile().Chars(), row.folder + "\\marlux3.chm");
+  }
+  SetEnvironmentVariableA("ZQN_PLUGIN_PATH", nullptr);
+  key.Close();
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
+  EXPECT_EQ(PluginFolder().Chars(), std::string());
+  RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+  RegCloseKey(standIn);
+  RegDeleteKeyA(HKEY_CURRENT_USER, kStandIn);
+}

@@ -1,0 +1,49 @@
+#include "tests/support/FreshDocumentsFolder.h"
+
+#include <windows.h>
+
+#include <filesystem>
+
+namespace {
+
+constexpr char kKey[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
+constexpr char kValue[] = "Personal";
+
+std::string TemporaryFolder() {
+  char temp[MAX_PATH];
+  GetTempPathA(MAX_PATH, temp);
+  LARGE_INTEGER ticks;
+  QueryPerformanceCounter(&ticks);
+  return std::string(temp) + "marlux-test-" + std::to_string(GetCurrentProcessId()) + "-" +
+         std::to_string(ticks.QuadPart);
+}
+
+std::string Setting() {
+  char text[MAX_PATH] = "";
+  DWORD size = sizeof text;
+  const DWORD flags = RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND;
+  return RegGetValueA(HKEY_CURRENT_USER, kKey, kValue, flags, nullptr, text, &size) == ERROR_SUCCESS ? text : "";
+}
+
+void SetSetting(const std::string& text) {
+  if (text.empty()) {
+    RegDeleteKeyValueA(HKEY_CURRENT_USER, kKey, kValue);
+    return;
+  }
+  RegSetKeyValueA(HKEY_CURRENT_USER, kKey, kValue, REG_EXPAND_SZ, text.c_str(), static_cast<DWORD>(text.size() + 1));
+}
+
+}  // namespace
+
+FreshDocumentsFolder::FreshDocumentsFolder() : FreshDocumentsFolder(TemporaryFolder()) {}
+
+FreshDocumentsFolder::FreshDocumentsFolder(const std::string& path) : path_(path), before_(Setting()) {
+  std::filesystem::create_directories(path_);
+  SetSetting(path_);
+}
+
+FreshDocumentsFolder::~FreshDocumentsFolder() {
+  SetSetting(before_);
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
