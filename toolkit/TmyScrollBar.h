@@ -48,6 +48,7 @@ class TmyScrollBar : public TmyPanel {
   void Timer(uintptr_t id) override;
   void EnabledChanged() override;
   [[nodiscard]] bool CanFocus() const override { return false; }
+  LRESULT EraseBackground(HDC dc) override;
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
@@ -62,7 +63,6 @@ class TmyScrollBar : public TmyPanel {
   void PageTowards(int along);
   void End();
   void SetHot(bool hot);
-  void WatchLeave();
 
   Direction direction_;
   ScrollGeometry::Range range_;
@@ -70,7 +70,6 @@ class TmyScrollBar : public TmyPanel {
   State state_ = State::kIdle;
   int grip_ = 0;          // dragging: from the thumb's begin to the cursor
   int heldAt_ = 0;        // paging: the place along the track
-  int64_t pageStep_ = 0;  // paging: signed; 0 once the thumb has come under the cursor
+  int64_t pageStep_ = 0;  // paging: signed
   bool hot_ = false;
-  bool watching_ = false;  // the system will tell when the cursor leaves
 };
