@@ -33,13 +33,11 @@ uint32_t TmyBuffer::Reserve(uint32_t n) {
 }
 
 void TmyBuffer::GrowTo(uint32_t n) {
-  while (capacity_ < n) {
-    const uint32_t before = capacity_;
-    Reserve(before > UINT32_MAX / 2 ? UINT32_MAX : before * 2);
-    if (capacity_ > before) continue;
-    Reserve(n);  // short of memory for twice as much, perhaps not for what is needed
-    return;
-  }
+  if (capacity_ >= n) return;
+  uint64_t doubled = capacity_ > 0 ? capacity_ : kSmallestBlock;
+  while (doubled < n) doubled *= 2;
+  Reserve(static_cast<uint32_t>(std::min<uint64_t>(doubled, UINT32_MAX)));
+  if (capacity_ < n) Reserve(n);  // short of memory for the doubled block, perhaps not for what is needed
 }
 
 void TmyBuffer::SetSize(uint32_t n) {

@@ -33,7 +33,7 @@ class TmyBuffer : public TmyObject {
  protected:
   struct Unallocated {};
   explicit TmyBuffer(Unallocated) noexcept {}  // every field zero
-  // Doubles the capacity until it is n at least, or until it grows no more: the caller looks at what there is.
+  // Doubles the capacity as often as n needs. The maximum or a lack of memory may leave less: the caller looks.
   void GrowTo(uint32_t n);
 
   uint8_t* data_ = nullptr;  // owned, from the C heap (a derived class may keep it elsewhere and frees it itself)
