@@ -13,6 +13,7 @@ class TmyComponent;
 class TmyControl;
 class TmyHoveringMonitor;
 class TmyPublicTimer;
+class TmyToolTip;
 class TmyWindowBase;
 
 // Which control of a top-level window had the focus last.
@@ -54,6 +55,7 @@ class TmyApplication {
   [[nodiscard]] TmyComponent* FocusOf(const TmyComponent& topLevel) const noexcept;  // null: nothing recorded
   void RecordFocus(TmyComponent& component);                                         // under its top-level window
   void Forget(const TmyWindowBase& window) noexcept;                                 // the object is going
+  void ForgetHovering(const TmyControl& control) noexcept;
 
   void WindowCreated(TmyWindowBase& window) { windows_.Insert(&window, TmyList::kAtEnd); }
   [[nodiscard]] const TmyList& Windows() const noexcept { return windows_; }  // live window objects, oldest first
@@ -62,6 +64,8 @@ class TmyApplication {
   void HideToolTip() noexcept;
 
  private:
+  void CreateHelpers();
+  void DestroyHelpers() noexcept;
   void ReadCommandLine();
   void RegisterWindowClass();
   void DestroyWindows() noexcept;
@@ -78,4 +82,5 @@ class TmyApplication {
   uint32_t lastMessageTime_ = 0;
   std::unique_ptr<TmyHoveringMonitor> hoveringMonitor_;
   std::unique_ptr<TmyPublicTimer> publicTimer_;
+  std::unique_ptr<TmyToolTip> toolTip_;
 };

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <cstddef>
+
 #include <string_view>
 
 #include "toolkit/GdiHandle.h"

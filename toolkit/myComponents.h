@@ -124,6 +124,8 @@ class TmyComponent : public TmyWindowBase {
   LRESULT ControlColors(HDC dc, HWND control);
   void LeftDown(uint32_t keys, int x, int y);
   bool LeftUp(uint32_t keys, int x, int y);
+  void CursorLeft();
+  void CaptureLost();
   void MouseMoved(uint32_t keys, int x, int y);
   [[nodiscard]] bool IsDoubleClick(int x, int y) const noexcept;
   Outcome KeyDownMessage(uint32_t key, LPARAM flags);
@@ -142,6 +144,7 @@ class TmyComponent : public TmyWindowBase {
   TmyControl* focusedControl_ = nullptr;  // one of the list
   TmyList focusOrder_;                    // TmyControl pointers, not owned: drawn controls and children
   TmyList children_;                      // TmyComponent pointers, not owned: each belongs to its window
+  TmyList owned_;                         // the same for windows that this one's window owns: pop-ups and dialogs
   TmyComponent* parent_;                  // not owned; reset when the parent goes first
   std::unique_ptr<BackBuffer> backBuffer_;
   int clientWidth_ = 0;

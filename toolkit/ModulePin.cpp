@@ -1,0 +1,25 @@
+#include "toolkit/ModulePin.h"
+
+#include <windows.h>
+
+int ModulePin::active_ = 0;
+bool ModulePin::isPinned_ = false;
+
+namespace {
+HMODULE OwnModule(DWORD flags) noexcept {
+  HMODULE module = nullptr;
+  GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | flags, reinterpret_cast<LPCSTR>(&OwnModule), &module);
+  return module;
+}
+}  // namespace
+
+ModulePin::ModulePin() noexcept {
+  ++active_;
+  if (!isPinned_) isPinned_ = OwnModule(0) != nullptr;
+}
+
+void ModulePin::ReleaseUnused() noexcept {
+  if (active_ != 0 || !isPinned_) return;
+  isPinned_ = false;
+  FreeLibrary(OwnModule(GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT));
+}

@@ -1,0 +1,20 @@
+// Marlux 3. Keeps this module's code in memory while one of its nested message loops runs: the host may unload the
+// module from inside such a loop, and the loop has to return into it.
+//
+// The last pin does not give its reference back itself, for then it could unload the code that it returns to. Whoever
+// is called by the host calls ReleaseUnused: a host that calls in holds a reference of its own at that moment.
+#pragma once
+
+class ModulePin {
+ public:
+  ModulePin() noexcept;
+  ~ModulePin() { --active_; }
+  ModulePin(const ModulePin&) = delete;
+  ModulePin& operator=(const ModulePin&) = delete;
+
+  static void ReleaseUnused() noexcept;
+
+ private:
+  static int active_;     // loops running now
+  static bool isPinned_;  // we hold one reference
+};

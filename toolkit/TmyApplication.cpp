@@ -1,0 +1,158 @@
+#include "toolkit/TmyApplication.h"
+
+#include <shellapi.h>
+
+#include <cstdio>
+
+#include "foundation/Trace.h"
+#include "toolkit/TmyHoveringMonitor.h"
+#include "toolkit/TmyPublicTimer.h"
+#include "toolkit/TmyToolTip.h"
+#include "toolkit/myComponents.h"
+
+namespace {
+
+constexpr size_t kLogBufferSize = 160000;
+
+std::unique_ptr<TmyApplication> theApplication;  // one of the three process-wide things; see Get and Shutdown
+bool terminating = false;
+
+HINSTANCE ModuleOf(const void* address) noexcept {
+  HMODULE module = nullptr;
+  GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                     static_cast<LPCSTR>(address), &module);
+  return module;
+}
+
+}  // namespace
+
+TmyApplication& TmyApplication::Get() {
+  if (!theApplication) {
+    terminating = false;
+    theApplication = std::make_unique<TmyApplication>();
+    theApplication->CreateHelpers();  // their window procedure already asks for the application
+  }
+  return *theApplication;
+}
+
+bool TmyApplication::Exists() noexcept {
+  return theApplication != nullptr;
+}
+bool TmyApplication::IsTerminating() noexcept {
+  return terminating;
+}
+
+void TmyApplication::Shutdown() noexcept {
+  if (!theApplication) return;
+  theApplication->DestroyWindows();
+  terminating = true;
+  theApplication->DestroyHelpers();
+  theApplication.reset();
+}
+
+TmyApplication::TmyApplication() : module_(ModuleOf(&theApplication)) {
+  ReadCommandLine();
+  RegisterWindowClass();
+}
+
+void TmyApplication::CreateHelpers() {
+  hoveringMonitor_ = std::make_unique<TmyHoveringMonitor>();
+  publicTimer_ = std::make_unique<TmyPublicTimer>();
+  toolTip_ = std::make_unique<TmyToolTip>();
+}
+
+TmyApplication::~TmyApplication() {
+  if (atom_ != 0 && !UnregisterClassA(className_, module_)) OutputDebugStringA("Class failed to unregister");
+}
+
+void TmyApplication::DestroyHelpers() noexcept {
+  toolTip_.reset();
+  hoveringMonitor_.reset();
+  publicTimer_.reset();
+}
+
+// The host's command line, from its second argument on: "/l" asks for a log.
+void TmyApplication::ReadCommandLine() {
+  int count = 0;
+  LPWSTR* arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+  if (!arguments) return;
+  for (int i = 1; i < count; ++i) {
+    if (lstrcmpW(arguments[i], L"/l") == 0) logBuffer_ = std::make_unique<char[]>(kLogBufferSize);
+  }
+  LocalFree(arguments);
+  if (logBuffer_) Trace::SwitchOn(true);
+}
+
+// The load address in the name keeps two loaded modules of this kind apart.
+void TmyApplication::RegisterWindowClass() {
+  std::snprintf(className_, sizeof(className_), "TmyComponent %x", reinterpret_cast<uintptr_t>(module_) >> 16);
+  WNDCLASSEXA windowClass = {};
+  windowClass.cbSize = sizeof(windowClass);
+  windowClass.style = CS_HREDRAW | CS_VREDRAW;
+  windowClass.lpfnWndProc = TmyWindowBase::StaticWndProc;
+  windowClass.hInstance = module_;
+  windowClass.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+  windowClass.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
+  windowClass.lpszClassName = className_;
+  atom_ = RegisterClassExA(&windowClass);
+}
+
+// Top-level windows take their children along. A window of another thread cannot be destroyed from here: it loses its
+// object, and so every call into this module except the window procedure itself, which it loses too.
+void TmyApplication::DestroyWindows() noexcept {
+  for (uint32_t i = windows_.Count(); i-- > 0;) {
+    if (i >= windows_.Count()) continue;  // destroying one may have taken others along
+    auto* window = static_cast<TmyWindowBase*>(windows_.Get(i));
+    if (!window->AsComponent() || !window->IsAlive()) continue;
+    const HWND handle = window->Handle();
+    if (DestroyWindow(handle) || !IsWindow(handle)) continue;
+    SetWindowLongPtrA(handle, GWLP_USERDATA, 0);
+    SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcA));
+  }
+}
+
+TmyComponent* TmyApplication::FocusOf(const TmyComponent& topLevel) const noexcept {
+  for (uint32_t i = 0; i < focusRecords_.Count(); ++i) {
+    const TmyPopupFocus* record = focusRecords_.Get(i);
+    if (record->window == &topLevel) return record->focused;
+  }
+  return nullptr;
+}
+
+void TmyApplication::RecordFocus(TmyComponent& component) {
+  TmyComponent* top = component.TopLevel();
+  for (uint32_t i = 0; i < focusRecords_.Count(); ++i) {
+    TmyPopupFocus* record = focusRecords_.Get(i);
+    if (record->window != top) continue;
+    record->focused = &component;
+    return;
+  }
+  focusRecords_.Add(std::make_unique<TmyPopupFocus>(TmyPopupFocus{top, &component}));
+}
+
+// Pointers are compared, never followed: the object is half destroyed.
+void TmyApplication::Forget(const TmyWindowBase& window) noexcept {
+  if (const int32_t at = windows_.IndexOf(&window); at >= 0) windows_.Delete(static_cast<uint32_t>(at));
+  if (activeWindow_ && static_cast<TmyWindowBase*>(activeWindow_) == &window) activeWindow_ = nullptr;
+  if (mainWindow_ && static_cast<TmyWindowBase*>(mainWindow_) == &window) mainWindow_ = nullptr;
+  for (uint32_t i = focusRecords_.Count(); i-- > 0;) {
+    TmyPopupFocus* record = focusRecords_.Get(i);
+    if (static_cast<TmyWindowBase*>(record->window) == &window) {
+      focusRecords_.Delete(i);
+    } else if (record->focused && static_cast<TmyWindowBase*>(record->focused) == &window) {
+      record->focused = nullptr;
+    }
+  }
+}
+
+void TmyApplication::ForgetHovering(const TmyControl& control) noexcept {
+  if (hoveringMonitor_) hoveringMonitor_->Forget(control);  // the helpers themselves are controls, too
+}
+
+void TmyApplication::ShowToolTip(const TmyControl& control, const char* text) {
+  toolTip_->Show(control, text);
+}
+
+void TmyApplication::HideToolTip() noexcept {
+  if (toolTip_) toolTip_->Hide();
+}

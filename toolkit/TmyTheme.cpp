@@ -1,0 +1,92 @@
+#include "toolkit/TmyTheme.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr TmyTheme::Colors kLight = {
+    .surface = RGB(0xF4, 0xF5, 0xF7),
+    .field = RGB(0xFF, 0xFF, 0xFF),
+    .alternateRow = RGB(0xF7, 0xF9, 0xFB),
+    .line = RGB(0xD5, 0xDA, 0xE0),
+    .text = RGB(0x1B, 0x1F, 0x24),
+    .secondary = RGB(0x57, 0x60, 0x6A),
+    .disabled = RGB(0x9A, 0xA3, 0xAD),
+    .accent = RGB(0x0B, 0x6B, 0xCB),
+    .accentText = RGB(0xFF, 0xFF, 0xFF),
+    .marked = RGB(0xD7, 0xE8, 0xFB),
+    .header = RGB(0xEC, 0xEF, 0xF3),
+    .hot = RGB(0xE9, 0xF1, 0xFA),
+    .pressed = RGB(0xCF, 0xE2, 0xF7),
+    .record = RGB(0xC6, 0x28, 0x28),
+};
+
+TmyTheme::Colors SystemColors() noexcept {
+  return {
+      .surface = GetSysColor(COLOR_WINDOW),
+      .field = GetSysColor(COLOR_WINDOW),
+      .alternateRow = GetSysColor(COLOR_WINDOW),
+      .line = GetSysColor(COLOR_WINDOWTEXT),
+      .text = GetSysColor(COLOR_WINDOWTEXT),
+      .secondary = GetSysColor(COLOR_WINDOWTEXT),
+      .disabled = GetSysColor(COLOR_GRAYTEXT),
+      .accent = GetSysColor(COLOR_HIGHLIGHT),
+      .accentText = GetSysColor(COLOR_HIGHLIGHTTEXT),
+      .marked = GetSysColor(COLOR_BTNFACE),
+      .header = GetSysColor(COLOR_BTNFACE),
+      .hot = GetSysColor(COLOR_BTNFACE),
+      .pressed = GetSysColor(COLOR_BTNFACE),
+      .record = GetSysColor(COLOR_HOTLIGHT),
+  };
+}
+
+}  // namespace
+
+void TmyTheme::Reload() {
+  LoadColors();
+  LoadFonts();
+}
+
+void TmyTheme::LoadColors() {
+  HIGHCONTRASTA contrast = {};
+  contrast.cbSize = sizeof(contrast);
+  SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof(contrast), &contrast, 0);
+  highContrast_ = (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+  colors_ = highContrast_ ? SystemColors() : kLight;
+}
+
+void TmyTheme::LoadFonts() {
+  NONCLIENTMETRICSA metrics = {};
+  // Without the last field, which older systems do not know; they would refuse the whole call.
+  metrics.cbSize = offsetof(NONCLIENTMETRICSA, iPaddedBorderWidth);
+  SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
+  LOGFONTA font = metrics.lfMessageFont;
+  message_.reset(CreateFontIndirectA(&font));
+  font.lfWeight = FW_BOLD;
+  bold_.reset(CreateFontIndirectA(&font));
+  const HDC screen = GetDC(nullptr);
+  TEXTMETRICA text = {};
+  {
+    const Selected selected(screen, Get(Font::kMessage));
+    GetTextMetricsA(screen, &text);
+  }
+  ReleaseDC(nullptr, screen);
+  textHeight_ = std::max<int>(text.tmHeight, 8);
+}
+
+// A font that the system refused is replaced by one that always exists.
+HFONT TmyTheme::Get(Font font) const noexcept {
+  const FontHandle& wanted = font == Font::kBold ? bold_ : message_;
+  return wanted ? wanted.get() : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+}
+
+int TmyTheme::TextWidth(std::string_view text, Font font) const {
+  const HDC screen = GetDC(nullptr);
+  SIZE size = {};
+  {
+    const Selected selected(screen, Get(font));
+    GetTextExtentPoint32A(screen, text.data(), static_cast<int>(text.size()), &size);
+  }
+  ReleaseDC(nullptr, screen);
+  return size.cx;
+}

@@ -1,0 +1,56 @@
+#include "toolkit/TmyToolTip.h"
+
+#include <commctrl.h>
+
+#include "toolkit/TmyApplication.h"
+
+namespace {
+
+// The size that also older versions of the control accept.
+TOOLINFOA Tool(char* text) noexcept {
+  TOOLINFOA tool = {};
+  tool.cbSize = TTTOOLINFOA_V1_SIZE;
+  tool.uFlags = TTF_TRACK | TTF_ABSOLUTE;
+  tool.lpszText = text;
+  return tool;
+}
+
+}  // namespace
+
+TmyToolTip::~TmyToolTip() {
+  if (handle_) DestroyWindow(handle_);
+}
+
+bool TmyToolTip::Create() noexcept {
+  if (handle_) return true;
+  INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_BAR_CLASSES};
+  InitCommonControlsEx(&classes);
+  handle_ = CreateWindowExA(WS_EX_TOPMOST | WS_EX_NOACTIVATE, TOOLTIPS_CLASSA, nullptr,
+                            WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0, 0, 0, nullptr, nullptr,
+                            TmyApplication::Get().Module(), nullptr);
+  if (!handle_) return false;
+  char nothing[] = "";
+  TOOLINFOA tool = Tool(nothing);
+  SendMessageA(handle_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageA(handle_, TTM_SETMAXTIPWIDTH, 0, TmyApplication::Get().Theme().Scaled(320));
+  return true;
+}
+
+void TmyToolTip::Show(const TmyControl&, const char* text) {
+  if (!Create() || (shown_ && text_ == text)) return;
+  text_ = text;
+  TOOLINFOA tool = Tool(text_.WritableAt(0));
+  SendMessageA(handle_, TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
+  POINT at = {};
+  GetCursorPos(&at);
+  SendMessageA(handle_, TTM_TRACKPOSITION, 0, MAKELPARAM(at.x + 4, at.y + GetSystemMetrics(SM_CYCURSOR) / 2 + 4));
+  SendMessageA(handle_, TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
+  shown_ = true;
+}
+
+void TmyToolTip::Hide() noexcept {
+  if (!handle_ || !shown_) return;
+  shown_ = false;
+  TOOLINFOA tool = Tool(nullptr);
+  SendMessageA(handle_, TTM_TRACKACTIVATE, FALSE, reinterpret_cast<LPARAM>(&tool));
+}

@@ -1,0 +1,114 @@
+#include "toolkit/TmyWindowBase.h"
+
+#include "foundation/Clock.h"
+#include "toolkit/TmyApplication.h"
+#include "toolkit/myComponents.h"
+
+namespace {
+
+POINT CentredOrAt(int x, int y, int width, int height) {
+  if (x != -1 || y != -1) return {x, y};
+  return {(GetSystemMetrics(SM_CXSCREEN) - width) / 2, (GetSystemMetrics(SM_CYSCREEN) - height) / 2};
+}
+
+void StoreObject(HWND handle, TmyWindowBase* object) noexcept {
+  SetWindowLongPtrA(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(object));
+}
+
+WNDPROC SetProcedure(HWND handle, WNDPROC procedure) noexcept {
+  return reinterpret_cast<WNDPROC>(SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
+}
+
+}  // namespace
+
+TmyWindowBase::TmyWindowBase(const char* caption, DWORD style, DWORD extendedStyle, int x, int y, int width, int height,
+                             TmyComponent* parent) {
+  TmyApplication& application = TmyApplication::Get();
+  application.WindowCreated(*this);
+  const POINT at = CentredOrAt(x, y, width, height);
+  HWND created = CreateWindowExA(extendedStyle, application.ClassName(), caption, style, at.x, at.y, width, height,
+                                 parent ? parent->Handle() : nullptr, nullptr, application.Module(), this);
+  handle_ = created;  // null when the system refused: every operation copes with that
+}
+
+TmyWindowBase::~TmyWindowBase() {
+  beingDestroyed_ = true;
+  if (handle_) {
+    const HWND handle = handle_;
+    DetachOnDestroy();
+    DestroyWindow(handle);
+  }
+  if (TmyApplication::Exists()) TmyApplication::Get().Forget(*this);
+}
+
+void TmyWindowBase::Destroy() {
+  if (handle_) DestroyWindow(handle_);
+}
+
+void TmyWindowBase::Adopt(HWND other) {
+  const HWND own = handle_;
+  if (own) {
+    SetProcedure(own, previous_);
+    StoreObject(own, nullptr);
+    DestroyWindow(own);
+  }
+  StoreObject(other, this);
+  handle_ = other;
+  adopted_ = true;
+  previous_ = SetProcedure(other, StaticWndProc);
+  if (TmyComponent* parent = GetParent(); parent && parent->IsAlive()) {
+    SendMessageA(parent->Handle(), WM_PARENTNOTIFY, WM_CREATE, reinterpret_cast<LPARAM>(other));
+  }
+}
+
+LRESULT TmyWindowBase::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (hook_ && hookOwner_) {
+    hook_(hookOwner_, *this, message, wParam, lParam);
+    if (message == 0) return static_cast<LRESULT>(wParam);
+  }
+  if (!handle_) return 0;  // destroyed inside the hook or the handler before
+  return CallWindowProcA(previous_, handle_, message, wParam, lParam);
+}
+
+TmyWindowBase* TmyWindowBase::FromHandle(HWND handle) noexcept {
+  if (!handle || !TmyApplication::Exists()) return nullptr;
+  // Other modules keep their own data in that slot: only a window that runs our procedure has an object of ours there.
+  if (reinterpret_cast<WNDPROC>(GetWindowLongPtrA(handle, GWLP_WNDPROC)) != StaticWndProc) return nullptr;
+  return reinterpret_cast<TmyWindowBase*>(GetWindowLongPtrA(handle, GWLP_USERDATA));
+}
+
+TmyWindowBase* TmyWindowBase::Attach(HWND handle, const CREATESTRUCTA& creation) noexcept {
+  auto* object = static_cast<TmyWindowBase*>(creation.lpCreateParams);
+  StoreObject(handle, object);
+  if (object) object->handle_ = handle;
+  return object;
+}
+
+LRESULT CALLBACK TmyWindowBase::StaticWndProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (!TmyApplication::Exists()) return DefWindowProcA(handle, message, wParam, lParam);
+  TmyApplication::Get().SetLastMessageTime(Clock::Ticks());
+  auto* object = reinterpret_cast<TmyWindowBase*>(GetWindowLongPtrA(handle, GWLP_USERDATA));
+  if (message == WM_NCCREATE || message == WM_CREATE) {
+    object = Attach(handle, *reinterpret_cast<const CREATESTRUCTA*>(lParam));
+  }
+  if (!object) return DefWindowProcA(handle, message, wParam, lParam);
+  const Hold hold(*object);
+  const LRESULT result = object->WndProc(message, wParam, lParam);
+  if (message == WM_DESTROY) {
+    object->DetachOnDestroy();
+    object->beingDestroyed_ = true;  // EndHold deletes the object once the last message on it has returned
+  }
+  return result;
+}
+
+// An adopted window still has its own procedure's memory to free at WM_NCDESTROY: it gets that procedure back.
+void TmyWindowBase::DetachOnDestroy() noexcept {
+  if (!handle_) return;
+  StoreObject(handle_, nullptr);
+  if (adopted_) SetProcedure(handle_, previous_);
+  handle_ = nullptr;
+}
+
+void TmyWindowBase::EndHold() {
+  if (--holds_ == 0 && beingDestroyed_ && !handle_) delete this;
+}
