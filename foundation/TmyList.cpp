@@ -7,7 +7,6 @@
 namespace {
 
 constexpr uint32_t kEntrySize = sizeof(void*);
-static_assert(kEntrySize == 4);
 
 // Bytes of so many entries; what no address space can hold is cut to the most that it could.
 uint32_t BytesOf(uint32_t count) noexcept {

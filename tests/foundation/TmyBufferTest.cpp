@@ -3,10 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <stdexcept>
-
-#include "foundation/TmyBufferVirtual.h"
-#include "foundation/TmyStream.h"
+#include <string_view>
 
 namespace {
 
@@ -74,86 +71,6 @@ TEST(TmyBuffer, DeleteRangeIgnoresWhatLiesOutside) {
     EXPECT_TRUE(buffer.DeleteRange(row.offset, row.count));
     EXPECT_EQ(std::string_view(reinterpret_cast<const char*>(buffer.Data()), buffer.Size()), row.left);
   }
-}
-
-TEST(TmyBufferVirtual, CommitsWholePagesAndNeverMoves) {
-  TmyBufferVirtual buffer(1, 10 * 4096 - 5);
-  const uint32_t page = buffer.PageSize();
-  ASSERT_EQ(page, 4096U);
-  EXPECT_EQ(buffer.Maximum(), 10 * page);
-  const uint8_t* const data = buffer.Data();
-  const struct {
-    uint32_t size;
-    uint32_t pages;
-  } kSteps[] = {{1, 1},    {4097, 2},        {5 * 4096, 8}, {9 * 4096, 10}, {4096, 9},
-                {4095, 5}, {0xFFFFFFFF, 10}, {0, 10},       {0, 5}};
-  for (const auto& step : kSteps) {
-    buffer.SetSize(step.size);
-    EXPECT_EQ(buffer.Capacity(), step.pages * page) << step.size;
-    EXPECT_EQ(buffer.Data(), data);
-    if (buffer.Size() > 0) std::memset(buffer.Data(), 1, buffer.Size());  // every byte of it is there
-  }
-  EXPECT_EQ(buffer.Reserve(0), page);
-}
-
-TEST(TmyBufferVirtual, TakesLessAddressSpaceOrThrows) {
-  TmyBufferVirtual large(0, 0xFFFFFFFF);
-  EXPECT_GT(large.Maximum(), 0x1000000U);
-  EXPECT_LT(large.Maximum(), 0xFFFFF000U);
-  EXPECT_EQ(large.Capacity(), 0U);
-  large.SetSize(1);
-  EXPECT_EQ(large.Capacity(), large.PageSize());
-  try {
-    const TmyBufferVirtual impossible(0xFFFFFFFF, 0);
-    FAIL() << "committed the whole address space";
-  } catch (const std::runtime_error& error) {
-    EXPECT_STREQ(error.what(), "No memory");
-  }
-}
-
-TEST(TmyStream, IsAQueueOfBytes) {
-  TmyStream stream(4, 10);
-  EXPECT_EQ(stream.Write("abcdef", 6), 6U);
-  EXPECT_EQ(stream.Capacity(), 8U);
-  char out[16] = {};
-  EXPECT_EQ(stream.Read(out, 7, true), 0U);
-  EXPECT_EQ(stream.Read(out, 3, false), 3U);
-  EXPECT_EQ(stream.Read(nullptr, 2, true), 2U);
-  EXPECT_EQ(stream.Read(out + 3, 4, true), 4U);
-  EXPECT_STREQ(out, "abccdef");
-  EXPECT_EQ(stream.Write("0123456789ABC", 13), 10U);  // the rest passes the maximum
-  EXPECT_EQ(stream.Write("x", 1), 0U);
-  EXPECT_EQ(std::memcmp(stream.Lock(), "0123456789", 10), 0);
-  stream.UnlockAndConsume(8);
-  EXPECT_EQ(stream.Size(), 2U);
-  EXPECT_EQ(stream.Write(stream.Data(), 2), 2U);
-  EXPECT_EQ(std::memcmp(stream.Lock(), "8989", 4), 0);
-  stream.UnlockAndConsume(0xFFFFFFFF);
-  EXPECT_EQ(stream.Size(), 0U);
-  stream.Write("y", 1);
-  stream.Clear();
-  EXPECT_EQ(stream.Size(), 0U);
-  EXPECT_EQ(stream.Capacity(), 4U);
-}
-
-TEST(TmyStream, ShortOfMemoryWritesNothingOrAPart) {
-  TmyStream stream(0, 0);
-  EXPECT_EQ(stream.Write(nullptr, 5), 0U);
-  EXPECT_EQ(stream.Write("abc", 3), 3U);
-  EXPECT_EQ(stream.Size(), 3U);
-  EXPECT_EQ(stream.Capacity(), 4U);
-}
-
-TEST(TmyObject, TakesTheSharedStamp) {
-  TmyObject::SetSharedStamp(5);
-  TmyBuffer first;
-  TmyObject::SetSharedStamp(6);
-  const TmyBuffer second;
-  first.SetTag(9);
-  EXPECT_EQ(first.Stamp(), 5U);
-  EXPECT_EQ(second.Stamp(), 6U);
-  EXPECT_EQ(first.Tag(), 9U);
-  EXPECT_EQ(second.Tag(), 0U);
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ TEST(TmyList, BehavesLikeAVector) {
   for (int step = 0; step < 20000; ++step) {
     void* const item = &things[random() % 8];
     const auto count = static_cast<uint32_t>(model.size());
-    const uint32_t index = random() % (count + 3);
+    const auto index = static_cast<uint32_t>(random() % (count + 3));
     switch (random() % 5) {
       case 0:
       case 1:

@@ -1,14 +1,11 @@
 #include "foundation/TmyStringList.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include <algorithm>
 #include <random>
 #include <string>
 #include <vector>
-
-#include "tests/support/TestEnvironment.h"
 
 namespace {
 
@@ -125,34 +122,6 @@ TEST(TmyStringList, InsertPositionKeepsAListSorted) {
     model.insert(place, text);
   }
   EXPECT_EQ(Content(list), model);
-}
-
-TEST(TmyStringList, LoadsAFileOrIsEmpty) {
-  const TemporaryFolder folder;
-  const std::string name = folder.File("eibi.txt");
-  TmyStringList list;
-  ASSERT_TRUE(WriteFileBytes(name, "one\r\ntwo"));
-  list.Add("old");
-  EXPECT_TRUE(list.LoadFromFile(name.c_str()));
-  EXPECT_EQ(Content(list), (Strings{"one", "two"}));
-  EXPECT_TRUE(list.LoadFromFile(name.c_str()));  // the first one let the file go
-  EXPECT_EQ(list.Count(), 2U);
-
-  const HANDLE other = CreateFileA(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(other, INVALID_HANDLE_VALUE);
-  EXPECT_FALSE(list.LoadFromFile(name.c_str()));
-  EXPECT_EQ(list.Count(), 0U);
-  CloseHandle(other);
-
-  list.Add(name.c_str());
-  EXPECT_TRUE(list.LoadFromFile(list.Get(0)));
-  EXPECT_EQ(list.Count(), 2U);
-  ASSERT_TRUE(WriteFileBytes(name, ""));
-  for (const std::string& bad : {name, folder.File("missing.txt"), folder.Path(), std::string()}) {
-    list.Add("old");
-    EXPECT_FALSE(list.LoadFromFile(bad.c_str())) << bad;
-    EXPECT_EQ(list.Count(), 0U) << bad;
-  }
 }
 
 }  // namespace

@@ -1,0 +1,42 @@
+#include "foundation/TmyStream.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+TEST(TmyStream, IsAQueueOfBytes) {
+  TmyStream stream(4, 10);
+  EXPECT_EQ(stream.Write("abcdef", 6), 6U);
+  EXPECT_EQ(stream.Capacity(), 8U);
+  char out[16] = {};
+  EXPECT_EQ(stream.Read(out, 7, true), 0U);
+  EXPECT_EQ(stream.Read(out, 3, false), 3U);
+  EXPECT_EQ(stream.Read(nullptr, 2, true), 2U);
+  EXPECT_EQ(stream.Read(out + 3, 4, true), 4U);
+  EXPECT_STREQ(out, "abccdef");
+  EXPECT_EQ(stream.Write("0123456789ABC", 13), 10U);  // the rest passes the maximum
+  EXPECT_EQ(stream.Write("x", 1), 0U);
+  EXPECT_EQ(std::memcmp(stream.Lock(), "0123456789", 10), 0);
+  stream.UnlockAndConsume(8);
+  EXPECT_EQ(stream.Size(), 2U);
+  EXPECT_EQ(stream.Write(stream.Data(), 2), 2U);
+  EXPECT_EQ(std::memcmp(stream.Lock(), "8989", 4), 0);
+  stream.UnlockAndConsume(0xFFFFFFFF);
+  EXPECT_EQ(stream.Size(), 0U);
+  stream.Write("y", 1);
+  stream.Clear();
+  EXPECT_EQ(stream.Size(), 0U);
+  EXPECT_EQ(stream.Capacity(), 4U);
+}
+
+TEST(TmyStream, ShortOfMemoryWritesNothingOrAPart) {
+  TmyStream stream(0, 0);
+  EXPECT_EQ(stream.Write(nullptr, 5), 0U);
+  EXPECT_EQ(stream.Write("abc", 3), 3U);
+  EXPECT_EQ(stream.Size(), 3U);
+  EXPECT_EQ(stream.Capacity(), 4U);
+}
+
+}  // namespace
