@@ -1,0 +1,188 @@
+// TmyStringGrid's handling of mouse and keyboard. An event is raised as the last thing: its handler may destroy the
+// grid.
+#include <algorithm>
+#include <cstdlib>
+
+#include "toolkit/TmyApplication.h"
+#include "toolkit/TmyStringGrid.h"
+
+namespace {
+
+using GridGeometry::Hit;
+using GridGeometry::Part;
+
+constexpr LPARAM kAltHeld = LPARAM{1} << 29;
+constexpr LPARAM kRepeated = LPARAM{1} << 30;  // the key was down already
+
+bool IsDown(int key) {
+  return GetKeyState(key) < 0;
+}
+
+}  // namespace
+
+Hit TmyStringGrid::HitAt(int x, int y) const {
+  return GridGeometry::HitTest(layout_, x, y, TmyApplication::Get().Theme().Scaled(4));
+}
+
+void TmyStringGrid::Click(uint32_t record, bool shift, bool control) {
+  // Not scrolled into view: the second click of a double click would meet another row.
+  SetCurrentRow(RowOf(record), false);
+  rowClicked(TmyRowClick{RowOf(record), shift, control});
+}
+
+void TmyStringGrid::MouseDown(uint32_t keys, int x, int y) {
+  EndPress();
+  press_ = HitAt(x, y);
+  plainPress_ = (keys & (MK_SHIFT | MK_CONTROL)) == 0;
+  if (press_.part == Part::kBorder) {
+    dragging_ = true;
+    dragFrom_ = x;
+    widthBefore_ = widths_[press_.column];
+  } else if (press_.part == Part::kTitle) {
+    state_.pressedTitle = state_.hotTitle = press_.column;
+    RepaintTitles();
+  } else if (press_.part == Part::kRecord) {
+    Click(press_.record, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
+  }
+}
+
+// By the way of the cursor, not by its place: a narrower column may scroll the grid under the cursor.
+void TmyStringGrid::DragBorder(int x) {
+  const int width = GridGeometry::DrawnWidth(widthBefore_) + x - dragFrom_;
+  SetColumnWidth(static_cast<uint32_t>(press_.column), GridGeometry::DrawnWidth(width));
+}
+
+void TmyStringGrid::MouseMove(uint32_t keys, int x, int y) {
+  if ((keys & MK_LBUTTON) == 0) {  // perhaps the button went up where we could not see it
+    if (dragging_) return EndDrag();
+    EndPress();
+  }
+  if (dragging_) return DragBorder(x);
+  const Hit hit = HitAt(x, y);
+  const int title = hit.part == Part::kTitle ? hit.column : GridGeometry::kNoColumn;
+  const bool other = state_.pressedTitle != GridGeometry::kNoColumn && title != state_.pressedTitle;
+  SetHotTitle(other ? GridGeometry::kNoColumn : title);
+}
+
+void TmyStringGrid::MouseUp(uint32_t, int x, int y) {
+  const int title = state_.pressedTitle;
+  if (dragging_) {
+    if (x != dragFrom_) DragBorder(x);
+    return EndDrag();
+  }
+  EndPress();
+  const Hit hit = HitAt(x, y);
+  if (title != GridGeometry::kNoColumn && hit.part == Part::kTitle && hit.column == title) titleClicked(title);
+}
+
+void TmyStringGrid::EndDrag() {
+  dragging_ = false;
+  if (widths_[press_.column] != widthBefore_) columnResized(press_.column);
+}
+
+void TmyStringGrid::EndPress() {
+  dragging_ = false;
+  if (state_.pressedTitle == GridGeometry::kNoColumn) return;
+  state_.pressedTitle = GridGeometry::kNoColumn;
+  RepaintTitles();
+}
+
+void TmyStringGrid::SetHotTitle(int column) {
+  if (state_.hotTitle == column) return;
+  state_.hotTitle = column;
+  RepaintTitles();
+}
+
+void TmyStringGrid::DoubleClick(int, int) {
+  if (press_.part == Part::kBorder && static_cast<uint32_t>(press_.column) < layout_.columns) {
+    const int column = press_.column;
+    FitColumn(static_cast<uint32_t>(column));
+    columnResized(column);
+  } else if (press_.part == Part::kRecord && plainPress_ && press_.record == current_) {
+    rowActivated(CurrentRow());
+  }
+}
+
+void TmyStringGrid::RightButtonDown(uint32_t, int x, int y) {
+  TakeFocus();
+  if (!IsAlive()) return;
+  const Hit hit = HitAt(x, y);
+  if (hit.part == Part::kRecord) SetCurrentRow(RowOf(hit.record), false);
+}
+
+void TmyStringGrid::ContextMenu(int x, int y) {
+  POINT at = {x, y};
+  if (x == -1 && y == -1) {  // from the keyboard
+    if (CurrentRow() == kNoRow) return;
+    SetCurrentRow(CurrentRow(), true);
+    const RECT strip = GridGeometry::RecordStrip(layout_, current_);
+    at = {strip.left + layout_.rowHeight, strip.bottom};
+    ClientToScreen(Handle(), &at);
+  } else {
+    POINT inside = at;
+    ScreenToClient(Handle(), &inside);
+    const Hit hit = HitAt(inside.x, inside.y);
+    if (hit.part != Part::kRecord) return;
+    SetCurrentRow(RowOf(hit.record), false);
+  }
+  rowContext(CurrentRow(), at.x, at.y);
+}
+
+void TmyStringGrid::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
+  const bool sideways = (LOWORD(keysAndNotches) & MK_SHIFT) != 0;
+  TmyScrollBar& bar = sideways ? *horizontal_ : *vertical_;
+  if (!bar.CanScroll()) return TmyComponent::MouseWheel(keysAndNotches, source);
+  bar.ScrollByNotches(static_cast<int16_t>(HIWORD(keysAndNotches)));
+}
+
+bool TmyStringGrid::MoveByKey(uint32_t key) {
+  uint32_t after = 0;
+  if (!GridGeometry::RecordAfterKey(layout_, key, current_, after)) return false;
+  const bool moved = after != current_;
+  SetCurrentRow(RowOf(after), true);
+  if (!moved) return true;
+  IsDown(VK_SHIFT) ? rowClicked(TmyRowClick{CurrentRow(), true, false}) : currentMoved(CurrentRow());
+  return true;
+}
+
+bool TmyStringGrid::ActOnCurrent(uint32_t key) {
+  if (key != VK_RETURN && key != VK_SPACE) return false;
+  if (CurrentRow() == kNoRow) return false;
+  SetCurrentRow(CurrentRow(), true);
+  if (key == VK_RETURN) {
+    rowActivated(CurrentRow());
+  } else {
+    Click(current_, IsDown(VK_SHIFT), IsDown(VK_CONTROL));
+  }
+  return true;
+}
+
+bool TmyStringGrid::KeyDown(uint32_t key, LPARAM flags) {
+  if ((flags & kAltHeld) != 0) return TmyComponent::KeyDown(key, flags);
+  if (key == VK_LEFT || key == VK_RIGHT) {
+    const int64_t step = GridGeometry::kMinWidth * 3;
+    horizontal_->ScrollBy(key == VK_LEFT ? -step : step);
+    return true;
+  }
+  // A key held down activates once.
+  if ((key == VK_RETURN || key == VK_SPACE) && (flags & kRepeated) != 0) return true;
+  return ActOnCurrent(key) || MoveByKey(key) || TmyComponent::KeyDown(key, flags);
+}
+
+HCURSOR TmyStringGrid::GetCursor() const {
+  POINT at = {};
+  GetCursorPos(&at);
+  ScreenToClient(Handle(), &at);
+  const bool onBorder = dragging_ || HitAt(at.x, at.y).part == Part::kBorder;
+  return onBorder ? LoadCursorA(nullptr, IDC_SIZEWE) : TmyComponent::GetCursor();
+}
+
+LRESULT TmyStringGrid::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_MOUSELEAVE) SetHotTitle(GridGeometry::kNoColumn);
+  if (message == WM_MOUSEHWHEEL && IsAlive()) {
+    // Here positive notches turn to the right, which is away from the start.
+    horizontal_->ScrollByNotches(-(GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA));
+    return 0;
+  }
+  return TmyComponent::WndProc(message, wParam, lParam);
+}
