@@ -67,7 +67,6 @@ void TmyStringList::SetText(const char* bytes, uint32_t length) {
 }
 
 TmyString TmyStringList::GetCommaText() const {
-  if (Count() == 1 && Get(0).IsEmpty()) return "\"\"";
   TmyString result;
   for (uint32_t i = 0; i < Count(); ++i) {
     if (i > 0) result += ',';

@@ -65,6 +65,7 @@ TEST(TmyList, DeletingGivesMemoryBack) {
   EXPECT_EQ(list.Capacity(), 512U);
   while (list.Count() > 1) list.Delete(0);
   EXPECT_EQ(list.Capacity(), 32U);
+  list.Reserve(1000);
   list.Clear();
   EXPECT_EQ(list.Capacity(), 16U);
 }

@@ -38,7 +38,7 @@ TEST_F(TmyRegistryTest, WhatIsWrittenIsRead) {
 }
 
 TEST_F(TmyRegistryTest, OtherTypesAndAbsentValuesTakeTheDefault) {
-  ASSERT_TRUE(key_.WriteBinary("bytes", "ab", 2));
+  ASSERT_TRUE(key_.WriteBinary("bytes", "abcd", 4));
   ASSERT_TRUE(key_.WriteDword("number", 5));
   ASSERT_TRUE(key_.WriteString("text", "abcd"));
   EXPECT_EQ(key_.ReadDword("bytes", 7), 7U);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -37,6 +38,19 @@ TEST(TmyStream, ShortOfMemoryWritesNothingOrAPart) {
   EXPECT_EQ(stream.Write("abc", 3), 3U);
   EXPECT_EQ(stream.Size(), 3U);
   EXPECT_EQ(stream.Capacity(), 4U);
+  TmyStream narrow(8, 4);  // has more than its maximum from the start
+  EXPECT_EQ(narrow.Write("abcdef", 6), 4U);
+  EXPECT_EQ(narrow.Size(), 4U);
+}
+
+TEST(TmyStream, WritesItsOwnBytesWhileItsBlockMoves) {
+  constexpr uint32_t kHalf = 1 << 20;  // so large that the old block's pages go back to the system
+  TmyStream stream(kHalf, 0);
+  stream.Write(std::string(kHalf, 'x').data(), kHalf);
+  EXPECT_EQ(stream.Write(stream.Lock(), kHalf), kHalf);
+  stream.UnlockAndConsume(kHalf);
+  EXPECT_EQ(stream.Data()[0], 'x');
+  EXPECT_EQ(stream.Data()[kHalf - 1], 'x');
 }
 
 }  // namespace

@@ -31,6 +31,7 @@ TEST(TmyStringList, SplitsLines) {
                 {"a\n", {"a"}},
                 {"\r\n", {""}},
                 {"\r", {""}},
+                {std::string_view("a\r\nb", 2), {"a"}},  // the LF is not ours any more
                 {"\n\n", {"", ""}},
                 {"\r\r\n", {"", ""}},
                 {" a \r\n\tb", {" a ", "\tb"}},

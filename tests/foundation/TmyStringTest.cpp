@@ -34,6 +34,7 @@ TEST(TmyString, CapacityDependsOnHowAStringWasMade) {
       {"wide decimal", TmyString::FromDecimal(7, 0, 40), "                                       7", 41},
       {"hexadecimal", TmyString::FromHex(0), "0", 18},
       {"no ending", TmyString("a").FileExt(), "", 17},
+      {"empty ending", TmyString("a.").FileExt(), "", 17},
       {"formatted", Formatted("%s-%lld", "a", -5000000000LL), "a--5000000000", 14},
   };
   for (const auto& row : kCases) {
@@ -92,6 +93,18 @@ TEST(TmyString, ChangingACopyLeavesTheOthers) {
   }
 }
 
+TEST(TmyString, TheLastHolderNeedsNoCopy) {
+  TmyString text("eibi");
+  const char* const characters = text.Chars();
+  {
+    TmyString changed = text;
+    const TmyString dropped = text;
+    TmyString moved(std::move(changed));
+    moved += "x";
+  }
+  EXPECT_EQ(text.WritableAt(0), characters);
+}
+
 TEST(TmyString, RoomIsMadeForWhatIsAskedAndNoMore) {
   TmyString text = TmyString::WithRoom(100);
   text += 'a';
@@ -114,9 +127,10 @@ TEST(TmyString, RoomIsMadeForWhatIsAskedAndNoMore) {
 TEST(TmyString, WritableAccessStaysInsideTheBlock) {
   TmyString text = TmyString::WithRoom(20);
   const TmyString other = text;
-  *text.WritableAt(20) = 'z';  // the last byte of the capacity: the text is still terminated behind it
+  *text.WritableAt(20) = 'z';
   EXPECT_EQ(text.Capacity(), 21U);
-  EXPECT_EQ(std::strlen(text.Chars()), 0U);
+  for (uint32_t index = 0; index < 21; ++index) *text.WritableAt(index) = 'z';
+  EXPECT_EQ(std::strlen(text.Chars()), 21U);  // still terminated, behind the last byte of the capacity
   EXPECT_NE(text.Chars(), other.Chars());
   for (const uint32_t index : {21U, 1000U, 0xFFFFFFFFU}) *text.WritableAt(index) = 'y';
   EXPECT_EQ(*text.WritableAt(21), 0);
