@@ -19,7 +19,8 @@ enum class SortDirection : uint8_t { kAscending, kDescending };
 // `After(a, b)` throughout: a belongs behind b.
 namespace RecordSortParts {
 
-inline constexpr size_t kSmallRange = 16;   // sorted by insertion
+inline constexpr size_t kSmallRange = 16;  // sorted by insertion
+inline constexpr size_t kTouchUpMoves = 16;
 inline constexpr size_t kLargeRange = 128;  // from here on the pivot is a median of nine
 
 template <class After>
@@ -71,14 +72,19 @@ size_t ChoosePivot(void* const* records, size_t count, After after) {
                    MedianOf3(records, last - 2 * step, last - step, last, after), after);
 }
 
-// Puts the pivot where it belongs and returns that place. Both scans stop at equal records: a range of equals is split
-// in the middle.
+struct Split {
+  size_t pivot;     // its final place
+  bool wasInOrder;  // nothing had to change sides
+};
+
+// Puts the pivot where it belongs. Both scans stop at equal records: a range of equals is split in the middle.
 template <class After>
-size_t Partition(void** records, size_t count, After after) {
+Split Partition(void** records, size_t count, After after) {
   std::swap(records[0], records[ChoosePivot(records, count, after)]);
   void* const pivot = records[0];
   size_t up = 0;
   size_t down = count;
+  bool wasInOrder = true;
   for (;;) {
     do ++up;
     while (up < count && after(pivot, records[up]));
@@ -86,9 +92,26 @@ size_t Partition(void** records, size_t count, After after) {
     while (down > 0 && after(records[down], pivot));
     if (up >= down) break;
     std::swap(records[up], records[down]);
+    wasInOrder = false;
   }
   std::swap(records[0], records[down]);
-  return down;
+  return {down, wasInOrder};
+}
+
+// Insertion sort that gives up after a few moves: for parts that look sorted already. True when they now are.
+template <class After>
+bool TouchUp(void** records, size_t count, After after) {
+  size_t movesLeft = kTouchUpMoves;
+  for (size_t i = 1; i < count; ++i) {
+    void* const moving = records[i];
+    size_t hole = i;
+    for (; hole > 0 && movesLeft > 0 && after(records[hole - 1], moving); --hole, --movesLeft) {
+      records[hole] = records[hole - 1];
+    }
+    records[hole] = moving;
+    if (movesLeft == 0) return false;
+  }
+  return true;
 }
 
 template <class After>
@@ -98,16 +121,18 @@ void QuickSort(void** records, size_t count, uint32_t depthLeft, After after) {
       HeapSort(records, count, after);
       return;
     }
-    const size_t pivot = Partition(records, count, after);
-    const size_t above = count - pivot - 1;
+    const Split split = Partition(records, count, after);
+    void** const upper = records + split.pivot + 1;
+    const size_t above = count - split.pivot - 1;
+    if (split.wasInOrder && TouchUp(records, split.pivot, after) && TouchUp(upper, above, after)) return;
     // Recursion into the smaller part, so that its depth is bounded.
-    if (pivot < above) {
-      QuickSort(records, pivot, depthLeft, after);
-      records += pivot + 1;
+    if (split.pivot < above) {
+      QuickSort(records, split.pivot, depthLeft, after);
+      records = upper;
       count = above;
     } else {
-      QuickSort(records + pivot + 1, above, depthLeft, after);
-      count = pivot;
+      QuickSort(upper, above, depthLeft, after);
+      count = split.pivot;
     }
   }
   InsertionSort(records, count, after);

@@ -32,7 +32,7 @@ void FocusOrderOf::First() const {
 }
 
 void FocusOrderOf::Go(const Stop& stop) const {
-  TmyWindowBase::Hold hold(*stop.window);
+  const TmyWindowBase::Hold hold;
   stop.window->FocusDrawn(stop.drawn);
   if (stop.window->IsAlive()) stop.window->TakeFocus();
 }

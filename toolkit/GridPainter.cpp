@@ -67,6 +67,7 @@ void GridPainter::PaintTitles(int clientWidth) {
   for (uint32_t column = 0; column < layout_.columns; ++column) PaintTitle(column);
   RestoreDC(dc_, saved);
   ThemeDraw::Fill(dc_, {band.left, band.bottom - 1, band.right, band.bottom}, color_.line);
+  ThemeDraw::Fill(dc_, {layout_.area.right, band.top, layout_.area.right + 1, band.bottom}, color_.line);
 }
 
 void GridPainter::PaintTitle(uint32_t column) {

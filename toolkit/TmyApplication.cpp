@@ -145,6 +145,11 @@ void TmyApplication::Forget(const TmyWindowBase& window) noexcept {
   }
 }
 
+void TmyApplication::LeaveDispatch() {
+  if (--dispatchDepth_ > 0) return;
+  while (graveyard_.Count() > 0) delete static_cast<TmyWindowBase*>(graveyard_.Delete(graveyard_.Count() - 1));
+}
+
 void TmyApplication::ForgetHovering(const TmyControl& control) noexcept {
   if (hoveringMonitor_) hoveringMonitor_->Forget(control);  // the helpers themselves are controls, too
 }

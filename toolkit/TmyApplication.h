@@ -60,6 +60,11 @@ class TmyApplication {
   void WindowCreated(TmyWindowBase& window) { windows_.Insert(&window, TmyList::kAtEnd); }
   [[nodiscard]] const TmyList& Windows() const noexcept { return windows_; }  // live window objects, oldest first
 
+  // Destroyed windows' objects are deleted when the outermost message has returned.
+  void EnterDispatch() noexcept { ++dispatchDepth_; }
+  void LeaveDispatch();
+  void Bury(TmyWindowBase& window) { graveyard_.Add(&window); }
+
   void ShowToolTip(const TmyControl& control, const char* text);  // at the cursor, until HideToolTip or some seconds
   void HideToolTip() noexcept;
 
@@ -76,7 +81,9 @@ class TmyApplication {
   TmyTheme theme_;
   std::unique_ptr<char[]> logBuffer_;
   TmyTypeList<TmyPopupFocus> focusRecords_;
-  TmyList windows_;                       // TmyWindowBase pointers, not owned
+  TmyList windows_;    // TmyWindowBase pointers, not owned
+  TmyList graveyard_;  // objects whose windows are gone; owned until LeaveDispatch deletes them
+  uint32_t dispatchDepth_ = 0;
   TmyComponent* mainWindow_ = nullptr;    // not owned
   TmyComponent* activeWindow_ = nullptr;  // not owned
   uint32_t lastMessageTime_ = 0;

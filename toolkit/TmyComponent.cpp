@@ -32,7 +32,7 @@ void TmyComponent::DestroyChildren() {
   for (TmyList* list : {&owned_, &children_}) {
     while (list->Count() > 0) {
       auto* child = static_cast<TmyComponent*>(list->Get(list->Count() - 1));
-      const Hold hold(*child);
+      const Hold hold;
       RemoveChild(child);
       child->parent_ = nullptr;
       child->Destroy();
@@ -233,8 +233,8 @@ HFONT TmyComponent::Font() const {
 }
 
 int TmyComponent::ShowModal(TmyComponent* owner) {
-  const Hold hold(*this);  // the window may be destroyed inside the loop; its object must outlive this function
-  const ModulePin pin;     // the host may unload the module inside the loop; its code must outlive it too
+  const Hold hold;      // the window may be destroyed inside the loop; its object must outlive this function
+  const ModulePin pin;  // the host may unload the module inside the loop; its code must outlive it too
   modalResult_ = 0;
   inModalLoop_ = true;
   TmyComponent* disabled = owner ? owner : parent_;

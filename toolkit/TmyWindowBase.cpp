@@ -92,11 +92,14 @@ LRESULT CALLBACK TmyWindowBase::StaticWndProc(HWND handle, UINT message, WPARAM 
     object = Attach(handle, *reinterpret_cast<const CREATESTRUCTA*>(lParam));
   }
   if (!object) return DefWindowProcA(handle, message, wParam, lParam);
-  const Hold hold(*object);
+  const Hold hold;
   const LRESULT result = object->WndProc(message, wParam, lParam);
   if (message == WM_DESTROY) {
     object->DetachOnDestroy();
-    object->beingDestroyed_ = true;  // EndHold deletes the object once the last message on it has returned
+    if (!object->beingDestroyed_) {
+      object->beingDestroyed_ = true;
+      TmyApplication::Get().Bury(*object);
+    }
   }
   return result;
 }
@@ -109,6 +112,10 @@ void TmyWindowBase::DetachOnDestroy() noexcept {
   handle_ = nullptr;
 }
 
-void TmyWindowBase::EndHold() {
-  if (--holds_ == 0 && beingDestroyed_ && !handle_) delete this;
+TmyWindowBase::Hold::Hold() noexcept {
+  TmyApplication::Get().EnterDispatch();
+}
+
+TmyWindowBase::Hold::~Hold() {
+  if (TmyApplication::Exists()) TmyApplication::Get().LeaveDispatch();
 }

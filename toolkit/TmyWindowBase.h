@@ -3,8 +3,9 @@
 //
 // Life: the constructor creates the window; the object is made with `new` and deleted when its window is destroyed, by
 // whoever destroys it (the user, the parent window, Destroy). Nobody else deletes it, except an owner that keeps a
-// hidden helper window by value or in a unique_ptr: deleting such an object destroys its window. While a message or a
-// Hold is in progress the deletion waits, so a window may be destroyed inside its own handlers.
+// hidden helper window by value or in a unique_ptr: deleting such an object destroys its window. While a message to any
+// window of the module or a Hold is in progress the deletion waits, so that a window may be destroyed inside its own
+// handlers and inside those of its children.
 #pragma once
 
 #include <windows.h>
@@ -44,16 +45,14 @@ class TmyWindowBase : public TmyControl {
   virtual LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam);
   [[nodiscard]] virtual TmyComponent* AsComponent() noexcept { return nullptr; }
 
-  // Keeps the object (not its window) alive for a block. Check IsAlive after anything that may destroy it.
+  // Keeps the objects (not the windows) of all destroyed windows alive for a block. Every message holds; a function
+  // that goes on after something that may destroy its object outside of any message does so itself. Check IsAlive then.
   class Hold {
    public:
-    explicit Hold(TmyWindowBase& window) noexcept : window_(window) { ++window_.holds_; }
-    ~Hold() { window_.EndHold(); }
+    Hold() noexcept;
+    ~Hold();
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
-
-   private:
-    TmyWindowBase& window_;
   };
 
   static LRESULT CALLBACK StaticWndProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
@@ -65,14 +64,12 @@ class TmyWindowBase : public TmyControl {
 
  private:
   static TmyWindowBase* Attach(HWND handle, const CREATESTRUCTA& creation) noexcept;
-  void EndHold();
   void DetachOnDestroy() noexcept;
 
   HWND handle_ = nullptr;
   WNDPROC previous_ = DefWindowProcA;
   void* hookOwner_ = nullptr;  // not owned
   Hook hook_ = nullptr;
-  uint32_t holds_ = 0;
   bool beingDestroyed_ = false;  // the deletion has been decided: no second one
   bool adopted_ = false;
 };

@@ -1,0 +1,58 @@
+#include "app/EibiGrid.h"
+
+#include <algorithm>
+#include <set>
+#include <string_view>
+
+#include "app/EibiFilter.h"
+#include "plugin/HostLink.h"
+#include "schedule/EibiReader.h"
+#include "toolkit/TmyApplication.h"
+
+EibiGrid::EibiGrid(TmyComponent& parent) : ScheduleGrid(parent), items_(std::make_unique<TmyTypeList<EibiItem>>()) {
+  SetDefaultWidths();
+}
+
+void EibiGrid::SetDefaultWidths() {
+  const TmyTheme& theme = TmyApplication::Get().Theme();
+  TmyGridColumn columns[kEibiShownColumns];
+  for (uint32_t i = 0; i < kEibiShownColumns; ++i) {
+    const EibiColumnInfo& info = kEibiColumnInfos[i];
+    columns[i] = {info.title, theme.Scaled(info.width), info.alignRight};
+  }
+  Control().SetColumns(columns, kEibiShownColumns);
+}
+
+void EibiGrid::Load(const TmyString& folder) {
+  ForgetRecords();
+  items_ = LoadEibi(folder);
+}
+
+void EibiGrid::RunFilter(const FilterRecord& filter, TmyList& passing) {
+  FilterEibi(*items_, filter, passing);
+}
+
+TuneTarget EibiGrid::TargetOf(uint32_t row) const {
+  const EibiItem& item = ItemAt(TmyStringGrid::RecordOf(row));
+  return {static_cast<uint32_t>(item.frequency), HostMode::kOtherwise};
+}
+
+void EibiGrid::FilterTexts(uint32_t filter, TmyStringList& texts) const {
+  std::set<std::string_view> distinct;
+  for (uint32_t i = 0; i < items_->Count(); ++i) {
+    const EibiItem& item = *items_->Get(i);
+    const char* const fields[] = {item.station, item.language, item.target, item.itu};
+    distinct.insert(fields[filter]);
+  }
+  distinct.erase("");
+  for (const std::string_view text : distinct) texts.Add(TmyString(text));
+}
+
+void EibiGrid::Sort(TmyList& records, uint32_t column, SortDirection direction) {
+  SortEibi(records, static_cast<EibiColumn>(column), direction, Zone());
+}
+
+void EibiGrid::CellText(uint32_t record, uint32_t column, TmyCellText& text) const {
+  CellBuffer buffer;
+  text.Set(EibiCellText(ItemAt(record), static_cast<EibiColumn>(column), Zone(), buffer));
+}

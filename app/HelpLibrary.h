@@ -1,0 +1,25 @@
+// Marlux 3. The system's HTML Help, loaded when the main window is made and given back when it goes.
+#pragma once
+
+#include <windows.h>
+
+#include "foundation/TmyString.h"
+
+class HelpLibrary {
+ public:
+  HelpLibrary() noexcept;  // without the library or its function help is inert
+  ~HelpLibrary() { Unload(); }
+  HelpLibrary(const HelpLibrary&) = delete;
+  HelpLibrary& operator=(const HelpLibrary&) = delete;
+
+  [[nodiscard]] bool IsAvailable() const noexcept { return show_ != nullptr; }
+  void Show(HWND owner, const TmyString& file) noexcept;
+  void Unload() noexcept;  // closes the help windows first: their code goes with the library
+
+ private:
+  using ShowFunction = HWND(WINAPI*)(HWND owner, LPCSTR file, UINT command, DWORD_PTR data);
+
+  HMODULE module_ = nullptr;
+  ShowFunction show_ = nullptr;
+  bool wasShown_ = false;
+};

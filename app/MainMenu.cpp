@@ -1,0 +1,31 @@
+#include "app/MainMenu.h"
+
+// In the order in which the user sees them: the initialisers append as they run.
+MainMenu::MainMenu()
+    : file_(bar_.AddSubmenu("&File")),
+      checkForUpdates(file_.AddItem("&Check for DB updates")),
+      hfccDatabases_(file_.AddSubmenu("HFCC &databases")),
+      exportItems(file_.AddItem("&Export items to CSV")),
+      exit(file_.AddItem("E&xit")),
+      options_(bar_.AddSubmenu("&Options")),
+      utcTime(options_.AddItem("&UTC time")),
+      hfccSettings(options_.AddItem("HFCC &settings")),
+      scheduler_(bar_.AddSubmenu("&Scheduler")),
+      viewScheduler(scheduler_.AddItem("&View scheduler")),
+      newTask(scheduler_.AddItem("&New task")),
+      help_(bar_.AddSubmenu("&Help")),
+      help(help_.AddItem("&Help")),
+      about(help_.AddItem("&About")) {
+  // Their windows do not exist yet.
+  for (TmyMenuItem* item : {&checkForUpdates, &exportItems, &hfccSettings, &viewScheduler, &newTask})
+    item->Enable(false);
+  file_.EnableSubmenu(hfccDatabases_, false);
+}
+
+GridMenu::GridMenu(TmyMenu& menu)
+    : showDetails(menu.AddItem("Show &details")),
+      tune(menu.AddItem("&Tune to this frequency")),
+      record(menu.AddItem("Start &recording this station")),
+      schedule(menu.AddItem("&Schedule this station")) {
+  for (TmyMenuItem* item : {&showDetails, &record, &schedule}) item->Enable(false);
+}

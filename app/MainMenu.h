@@ -1,0 +1,59 @@
+// Marlux 3. The main window's menu bar. Every command has its item as a field; the window binds them to its handlers.
+#pragma once
+
+#include "toolkit/TmyMenu.h"
+
+class MainMenu {
+ public:
+  MainMenu();
+
+  // The window owns the system's menu from then on.
+  void AttachTo(HWND window) noexcept { bar_.AttachTo(window); }
+  [[nodiscard]] TmyMenu& HfccDatabases() noexcept { return hfccDatabases_; }
+
+ private:
+  TmyMainMenu bar_;
+  TmyMenu& file_;
+
+ public:
+  TmyMenuItem& checkForUpdates;
+
+ private:
+  TmyMenu& hfccDatabases_;
+
+ public:
+  TmyMenuItem& exportItems;
+  TmyMenuItem& exit;
+
+ private:
+  TmyMenu& options_;
+
+ public:
+  TmyMenuItem& utcTime;
+  TmyMenuItem& hfccSettings;
+
+ private:
+  TmyMenu& scheduler_;
+
+ public:
+  TmyMenuItem& viewScheduler;
+  TmyMenuItem& newTask;
+
+ private:
+  TmyMenu& help_;
+
+ public:
+  TmyMenuItem& help;
+  TmyMenuItem& about;
+};
+
+// The grid's context menu, for the row that was clicked.
+class TmyPopupMenu;
+struct GridMenu {
+  explicit GridMenu(TmyMenu& menu);
+
+  TmyMenuItem& showDetails;
+  TmyMenuItem& tune;
+  TmyMenuItem& record;
+  TmyMenuItem& schedule;
+};

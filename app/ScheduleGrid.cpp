@@ -1,0 +1,74 @@
+#include "app/ScheduleGrid.h"
+
+ScheduleGrid::ScheduleGrid(TmyComponent& parent) : grid_(new TmyStringGrid(parent)) {
+  grid_->SetModel(this);
+  grid_->titleClicked.Bind<&ScheduleGrid::TitleClicked>(this);
+  grid_->rowClicked.Bind<&ScheduleGrid::RowClicked>(this);
+  grid_->rowActivated.Bind<&ScheduleGrid::RowActivated>(this);
+  grid_->rowContext.Bind<&ScheduleGrid::RowContext>(this);
+  grid_->currentMoved.Bind<&ScheduleGrid::CurrentMoved>(this);
+}
+
+bool ScheduleGrid::ShowsRecord(uint32_t row) const noexcept {
+  return row != TmyStringGrid::kNoRow && TmyStringGrid::RecordOf(row) < shown_.Count();
+}
+
+const char* ScheduleGrid::EmptyText() const {
+  return RecordCount() == 0 ? "No schedule loaded" : "No broadcast passes the filter";
+}
+
+void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bool changedOnly) {
+  if (isRefreshing_) return;
+  isRefreshing_ = true;
+  const uint32_t row = grid_->CurrentRow();
+  const void* current = ShowsRecord(row) ? RecordAt(TmyStringGrid::RecordOf(row)) : nullptr;
+  zone_ = zone;
+  const bool filters = !changedOnly || !isFiltered_ || !(filter == filter_);
+  if (filters) {
+    filter_ = filter;
+    isFiltered_ = true;
+    RunFilter(filter_, shown_);
+  }
+  // A pass leaves the order of the database behind, so it sorts again, whatever asked for it.
+  const bool sorts = wanted_.column >= 0 && (filters || !(wanted_ == applied_));
+  if (sorts) {
+    Sort(shown_, static_cast<uint32_t>(wanted_.column), wanted_.direction);
+    applied_ = wanted_;
+  }
+  if (filters || sorts) ShowList(current);
+  isRefreshing_ = false;
+}
+
+// The record that was current stays so, wherever it is now.
+void ScheduleGrid::ShowList(const void* current) {
+  grid_->RowsChanged();
+  const int32_t at = current ? shown_.IndexOf(current) : -1;
+  grid_->SetCurrentRow(at >= 0 ? TmyStringGrid::RowOf(static_cast<uint32_t>(at)) : TmyStringGrid::kNoRow, at >= 0);
+  grid_->RepaintRows();
+}
+
+void ScheduleGrid::ClearMarks() {
+  marks_.Clear();
+  grid_->RepaintRows();
+}
+
+void ScheduleGrid::ForgetRecords() {
+  marks_.Clear();
+  shown_.Clear();
+  isFiltered_ = false;
+  grid_->RowsChanged();
+}
+
+void ScheduleGrid::TitleClicked(int column) {
+  const bool again = wanted_.column == column && wanted_.direction == SortDirection::kAscending;
+  wanted_ = {column, again ? SortDirection::kDescending : SortDirection::kAscending};
+  grid_->SetSort(column, !again);
+  sortChanged();
+}
+
+void ScheduleGrid::RowClicked(const TmyRowClick& click) {
+  const ClickKind kind = click.shift ? ClickKind::kShift : click.control ? ClickKind::kControl : ClickKind::kPlain;
+  if (!marks_.Click(shown_, click.row, kind)) return;
+  grid_->RepaintRows();
+  clicked(click.row);
+}

@@ -1,0 +1,78 @@
+// Marlux 3. One database's grid: the records that pass the filter, their order, the marks, and the control that shows
+// them. EibiGrid adds what is particular to its records.
+#pragma once
+
+#include "app/EibiColumns.h"
+#include "app/FilterRecord.h"
+#include "app/RowMarks.h"
+#include "foundation/TmyStringList.h"
+#include "toolkit/TmyStringGrid.h"
+
+// What tuning to a record means.
+struct TuneTarget {
+  uint32_t frequencyHz;
+  uint32_t mode;
+};
+
+class ScheduleGrid : protected TmyGridModel {
+ public:
+  explicit ScheduleGrid(TmyComponent& parent);
+  virtual ~ScheduleGrid() = default;
+  ScheduleGrid(const ScheduleGrid&) = delete;
+  ScheduleGrid& operator=(const ScheduleGrid&) = delete;
+
+  TmyEvent<uint32_t> clicked;                  // row; the marks are done
+  TmyEvent<uint32_t> movedTo;                  // row, by the keyboard
+  TmyEvent<uint32_t> activated;                // row
+  TmyEvent<uint32_t, int, int> contextWanted;  // row, screen x and y
+  TmyEvent<> sortChanged;                      // the list wants a refresh
+
+  // Shows what passes. In changed-only mode an equal filter leaves list, marks and current row as they are.
+  void Refresh(const FilterRecord& filter, const ShownZone& zone, bool changedOnly);
+  void ClearMarks();
+
+  [[nodiscard]] virtual uint32_t RecordCount() const = 0;  // of the database
+  [[nodiscard]] uint32_t ShownCount() const noexcept { return shown_.Count(); }
+  [[nodiscard]] virtual TuneTarget TargetOf(uint32_t row) const = 0;  // row must show a record
+  // The distinct texts of one of the four text filters (0 to 3), in byte order, without the empty one.
+  virtual void FilterTexts(uint32_t filter, TmyStringList& texts) const = 0;
+
+  [[nodiscard]] TmyStringGrid& Control() noexcept { return *grid_; }
+  [[nodiscard]] bool ShowsRecord(uint32_t row) const noexcept;
+
+ protected:
+  virtual void RunFilter(const FilterRecord& filter, TmyList& passing) = 0;
+  virtual void Sort(TmyList& records, uint32_t column, SortDirection direction) = 0;
+  void ForgetRecords();  // before the database's records are freed
+  [[nodiscard]] const void* RecordAt(uint32_t record) const noexcept { return shown_.Get(record); }
+  [[nodiscard]] const ShownZone& Zone() const noexcept { return zone_; }
+
+  // TmyGridModel
+  [[nodiscard]] uint32_t RowCount() const override { return shown_.Count(); }
+  [[nodiscard]] bool IsMarked(uint32_t record) const override { return marks_.IsMarked(shown_.Get(record)); }
+  [[nodiscard]] const char* EmptyText() const override;
+
+ private:
+  struct SortOrder {
+    int column = -1;  // none: the order of the database
+    SortDirection direction = SortDirection::kAscending;
+    bool operator==(const SortOrder&) const = default;
+  };
+
+  void TitleClicked(int column);
+  void RowClicked(const TmyRowClick& click);
+  void RowActivated(uint32_t row) { activated(row); }
+  void RowContext(uint32_t row, int x, int y) { contextWanted(row, x, y); }
+  void CurrentMoved(uint32_t row) { movedTo(row); }
+  void ShowList(const void* current);
+
+  TmyStringGrid* grid_;  // belongs to its window
+  TmyList shown_;        // the records that pass, in display order; the database owns them
+  RowMarks marks_;
+  FilterRecord filter_;
+  ShownZone zone_;
+  SortOrder wanted_;
+  SortOrder applied_;
+  bool isFiltered_ = false;    // `filter_` has been applied to the records there are
+  bool isRefreshing_ = false;  // a refresh started inside a refresh does nothing
+};
