@@ -1,0 +1,57 @@
+// Marlux host. Colours, fonts and the flat look of the host's own window.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+// A GDI object that goes with its holder.
+template <class Handle>
+class GdiObject {
+ public:
+  explicit GdiObject(Handle handle) : handle_(handle) {}
+  GdiObject(const GdiObject&) = delete;
+  GdiObject& operator=(const GdiObject&) = delete;
+  ~GdiObject() { DeleteObject(handle_); }
+  operator Handle() const { return handle_; }
+
+ private:
+  Handle handle_;
+};
+
+class Theme {
+ public:
+  struct Colours {
+    COLORREF surface, field, line, text, secondary, disabled, accent, onAccent, pressed, error, notify;
+  };
+
+  Theme();  // as the system is set now: its message font and, in high contrast, its colours
+
+  [[nodiscard]] int Scale(int pixelsAt96Dpi) const { return MulDiv(pixelsAt96Dpi, dpi_, 96); }
+  [[nodiscard]] int RowHeight() const { return textHeight_ + Scale(4); }
+  [[nodiscard]] int FieldHeight() const { return textHeight_ + Scale(12); }
+  [[nodiscard]] int TextHeight() const { return textHeight_; }
+  [[nodiscard]] int TextWidth(const std::string& text, HFONT font) const;
+
+  Colours colours;
+
+  [[nodiscard]] HFONT Font() const { return font_; }
+  [[nodiscard]] HFONT Bold() const { return bold_; }
+  [[nodiscard]] HFONT Display() const { return display_; }  // for the frequency
+
+  void Fill(HDC dc, const RECT& area, COLORREF colour) const;
+  // A rounded box with a line around it.
+  void Box(HDC dc, const RECT& area, COLORREF inside, COLORREF line) const;
+  void Write(HDC dc, RECT area, const std::string& text, HFONT font, COLORREF colour, UINT format = DT_LEFT) const;
+
+  struct ButtonState {
+    bool pressed, focused, disabled, chosen;
+  };
+  void Button(HDC dc, const RECT& area, const std::string& text, const ButtonState& state) const;
+
+ private:
+  int dpi_;
+  LOGFONTA message_;
+  GdiObject<HFONT> font_, bold_, display_;
+  int textHeight_;
+};

@@ -1,0 +1,106 @@
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <cstring>
+
+#include "host/AudioSource.h"
+#include "host/HostBlock.h"
+#include "host/Options.h"
+#include "host/Protocol.h"
+
+namespace {
+
+uint32_t WordAt(const void* block, uint32_t offset) {
+  uint32_t word;
+  std::memcpy(&word, static_cast<const uint8_t*>(block) + offset, sizeof word);
+  return word;
+}
+
+}  // namespace
+
+TEST(HostBlock, PointsIntoItself) {
+  const HostBlock block;
+  const auto start = reinterpret_cast<uint32_t>(block.Address());
+  const uint32_t size = WordAt(block.Address(), 0);
+  ASSERT_EQ(size, block.Size());
+  for (const uint32_t offset : {172, 184, 188, 196, 224, 236, 264, 308, 316, 324, 336, 360, 384}) {
+    EXPECT_GE(WordAt(block.Address(), offset), start + 388) << offset;
+    EXPECT_LE(WordAt(block.Address(), offset), start + size - 16) << offset;
+  }
+  const uint32_t modes = WordAt(block.Address(), 236) - start;
+  EXPECT_EQ(modes + 28 * WordAt(block.Address(), 228), size);
+  EXPECT_EQ(ModeText(WordAt(block.Address(), modes)), "AM");
+  const uint32_t range = WordAt(block.Address(), 224) - start;
+  EXPECT_LT(WordAt(block.Address(), range), WordAt(block.Address(), range + 4));
+}
+
+TEST(HostBlock, OddShapes) {
+  HostBlock block;
+  block.SetShape(HostBlock::Shape::kNull);
+  EXPECT_EQ(block.Address(), nullptr);
+  for (const uint32_t size : {0u, 3u, 100u, 5000u}) {
+    block.SetShape(HostBlock::Shape::kSize, size);
+    EXPECT_EQ(WordAt(block.Address(), 0), size);
+    EXPECT_EQ(block.Size(), std::max(size, 4u));
+  }
+}
+
+TEST(AudioSource, BlocksAddUpToASecond) {
+  for (const uint32_t rate : {8000u, 11025u, 44100u, 48001u}) {
+    AudioSource source;
+    ASSERT_TRUE(source.SetFormat({AudioKind::kNoise, rate, 2, false}));
+    uint32_t count = 0;
+    for (uint32_t i = 0; i < AudioSource::kBlocksPerSecond; ++i) count += source.NextBlock()->sampleCount;
+    EXPECT_EQ(count, rate * 2);
+  }
+  AudioSource source;
+  EXPECT_FALSE(source.SetFormat({AudioKind::kTone, 0, 1, false}));
+  EXPECT_FALSE(source.SetFormat({AudioKind::kTone, 8000, 0, false}));
+}
+
+TEST(AudioSource, BothFormsCarryTheSameTone) {
+  AudioSource integers, floats;
+  ASSERT_TRUE(integers.SetFormat({AudioKind::kTone, 48000, 1, false}));
+  ASSERT_TRUE(floats.SetFormat({AudioKind::kTone, 48000, 1, true}));
+  EXPECT_EQ(integers.SubCode(), 3u);
+  EXPECT_EQ(floats.SubCode(), 8u);
+  const auto* integer = reinterpret_cast<const int16_t*>(integers.NextBlock() + 1);
+  const auto* real = reinterpret_cast<const float*>(floats.NextBlock() + 1);
+  float highest = 0;
+  for (int i = 0; i < 960; ++i) {
+    EXPECT_NEAR(integer[i], real[i] * 32767, 1) << i;
+    highest = std::max(highest, std::fabs(real[i]));
+  }
+  EXPECT_NEAR(highest, 0.5, 0.01);
+}
+
+TEST(Protocol, FrequencyTexts) {
+  const std::pair<const char*, int64_t> kGood[] = {
+      {"9420", 9420000}, {"9420.5", 9420500}, {"0.001", 1}, {" 6005 ", 6005000}, {"21474836.47", 21474836470}};
+  for (const auto& [text, expected] : kGood) {
+    int64_t hz = 0;
+    EXPECT_TRUE(ParseKilohertz(text, hz)) << text;
+    EXPECT_EQ(hz, expected) << text;
+  }
+  for (const char* text : {"", "x", "0", "-5", "12x", "inf", "nan", "1e30"}) {
+    int64_t hz = 0;
+    EXPECT_FALSE(ParseKilohertz(text, hz)) << text;
+  }
+  EXPECT_EQ(KilohertzText(9420000), "9420");
+  EXPECT_EQ(KilohertzText(9420050), "9420.05");
+  EXPECT_EQ(KilohertzText(0), "0");
+}
+
+TEST(Options, ReadsTheCommandLine) {
+  const char* words[] = {"host", "/l", "a.dll", "--script", "-", "--minimized", "--log", "x"};
+  Options options;
+  std::string reason;
+  ASSERT_TRUE(options.Parse(8, const_cast<char**>(words), reason));
+  EXPECT_EQ(options.plugin, "a.dll");
+  EXPECT_EQ(options.script, "-");
+  EXPECT_EQ(options.log, "x");
+  EXPECT_TRUE(options.minimized && options.pluginGiven);
+  EXPECT_FALSE(Options().Parse(7, const_cast<char**>(words), reason));
+  const char* wrong[] = {"host", "--what"};
+  EXPECT_FALSE(Options().Parse(2, const_cast<char**>(wrong), reason));
+}
