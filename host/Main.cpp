@@ -11,11 +11,14 @@ namespace {
 
 constexpr int kUsageError = 2;
 
-int Complain(const std::string& text, bool quietly) {
+// To standard error; started from a desktop, which has none, in a box.
+int Complain(const std::string& text) {
   const std::string written = "marlux-host: " + text + "\n";
+  const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
   DWORD count;
-  WriteFile(GetStdHandle(STD_ERROR_HANDLE), written.data(), static_cast<DWORD>(written.size()), &count, nullptr);
-  if (!quietly) MessageBoxA(nullptr, text.c_str(), "Marlux Host", MB_ICONERROR | MB_OK);
+  if (errors && WriteFile(errors, written.data(), static_cast<DWORD>(written.size()), &count, nullptr))
+    return kUsageError;
+  MessageBoxA(nullptr, text.c_str(), "Marlux Host", MB_ICONERROR | MB_OK);
   return kUsageError;
 }
 
@@ -38,22 +41,22 @@ int RunLoop(HWND window, Session& session) {
 int main(int count, char** arguments) {
   Options options;
   std::string reason;
-  if (!options.Parse(count, arguments, reason)) return Complain(reason + "\n\n" + Options::kUsage, false);
+  if (!options.Parse(count, arguments, reason)) return Complain(reason + "\n\n" + Options::kUsage);
   const bool scripted = !options.script.empty();
 
   CallLog log;
   Session session(log);
   Script script(session);
-  if (!options.log.empty() && !log.OpenFile(options.log)) return Complain(options.log + " cannot be written", scripted);
-  if (scripted && !script.Open(options.script)) return Complain(options.script + " cannot be read", scripted);
+  if (!options.log.empty() && !log.OpenFile(options.log)) return Complain(options.log + " cannot be written");
+  if (scripted && !script.Open(options.script)) return Complain(options.script + " cannot be read");
   HostWindow window(session, script);
-  if (!window.Create(options.minimized)) return Complain("the window cannot be made", scripted);
+  if (!window.Create(options.minimized)) return Complain("the window cannot be made");
 
   const bool mayBeAbsent = scripted && !options.pluginGiven;  // the script may load one
   const bool there = GetFileAttributesA(options.plugin.c_str()) != INVALID_FILE_ATTRIBUTES;
   if (there || !mayBeAbsent) {
     const bool loaded = session.Load(options.plugin);
-    if (!loaded && scripted) return Complain(options.plugin + " cannot be loaded", scripted);
+    if (!loaded && scripted) return Complain(options.plugin + " cannot be loaded");
     if (loaded && !scripted) session.Start();
   }
   const int exitCode = RunLoop(window.Window(), session);
