@@ -159,13 +159,13 @@ bool Script::Audio(const Words& arguments) {
 
 bool Script::Block(const Words& arguments) {
   constexpr uint32_t kLargest = 1u << 20;
-  const auto size = arguments.size() == 2 ? Word(arguments[1]) : std::nullopt;
+  const uint32_t size = arguments.size() == 2 ? Word(arguments[1]).value_or(kLargest + 1) : kLargest + 1;
   if (arguments[0] == "normal" && arguments.size() == 1) {
     session_.SetBlock(HostBlock::Shape::kGood, 0);
   } else if (arguments[0] == "null" && arguments.size() == 1) {
     session_.SetBlock(HostBlock::Shape::kNull, 0);
-  } else if (arguments[0] == "size" && size && *size <= kLargest) {
-    session_.SetBlock(HostBlock::Shape::kSize, *size);
+  } else if (arguments[0] == "size" && size <= kLargest) {
+    session_.SetBlock(HostBlock::Shape::kSize, size);
   } else {
     return Complain("a block is normal, null, or size and a number up to 1048576");
   }
