@@ -36,14 +36,14 @@ inline constexpr std::array<std::string_view, 10> kHfccDayChoices = {
 [[nodiscard]] const char* DayMaskText(uint32_t mask) noexcept;
 
 // Writes HH:MM for the characters HHMM. Shorter input leaves its part out ("22" gives "22:"), what follows the fourth
-// character is ignored. The rest of the field is filled with zeros.
+// character is ignored.
 template <size_t kSize>
 void CopyTimeText(char (&field)[kSize], std::string_view hhmm) noexcept {
   static_assert(kSize >= 6);
-  const size_t hours = hhmm.size() < 2 ? hhmm.size() : 2;
   size_t length = 0;
-  for (size_t i = 0; i < hours; ++i) field[length++] = hhmm[i];
-  field[length++] = ':';
-  for (size_t i = 2; i < hhmm.size() && i < 4; ++i) field[length++] = hhmm[i];
-  while (length < kSize) field[length++] = 0;
+  for (size_t i = 0; i < 4; ++i) {
+    if (i == 2) field[length++] = ':';
+    if (i < hhmm.size()) field[length++] = hhmm[i];
+  }
+  field[length] = 0;
 }

@@ -2,8 +2,11 @@
 
 #include <emmintrin.h>
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <optional>
 
 #include "foundation/TmyString.h"
@@ -30,8 +33,65 @@ std::string_view Cut(std::string_view text, size_t from, size_t to) noexcept {
   return text.substr(from, to - from);
 }
 
-std::string_view Field(std::string_view line, size_t from, size_t to) noexcept {
-  return TmyString::TrimView(Cut(line, from, to));
+// One line of at least 63 characters, with a bit for each of these that trimming would keep. Most of a line is padding:
+// with the bits a column is trimmed without a loop over it. The bits say what TmyString::TrimView says.
+class Line {
+ public:
+  explicit Line(std::string_view text) noexcept
+      : text_(text),
+        kept_(KeptOf16(text, 0) | KeptOf16(text, 16) << 16 | KeptOf16(text, 32) << 32 |
+              KeptOf16(text, kShortestLine - 16) >> 1 << 48) {}  // the last 16 overlap by one
+
+  template <size_t kFrom, size_t kTo>
+  std::string_view Column() const noexcept {
+    static_assert(kTo <= kShortestLine && kTo - kFrom < 32);
+    return Kept(kFrom, static_cast<uint32_t>(kept_ >> kFrom) & ((1U << (kTo - kFrom)) - 1));
+  }
+
+  // The columns beyond the shortest line may be cut off or absent.
+  std::string_view Target() const noexcept {
+    if (text_.size() < kRemarksColumn) return TmyString::TrimView(text_.substr(kTargetColumn));
+    constexpr size_t kWidth = kRemarksColumn - kTargetColumn;
+    return Kept(kTargetColumn, static_cast<uint32_t>(KeptOf16(text_, kRemarksColumn - 16) >> (16 - kWidth)));
+  }
+
+  std::string_view Remarks() const noexcept { return TmyString::TrimView(Cut(text_, kRemarksColumn, text_.size())); }
+
+ private:
+  std::string_view Kept(size_t from, uint32_t bits) const noexcept {
+    if (bits == 0) return {};
+    const auto first = static_cast<size_t>(std::countr_zero(bits));
+    return text_.substr(from + first, static_cast<size_t>(std::bit_width(bits)) - first);
+  }
+
+  static uint64_t KeptOf16(std::string_view text, size_t from) noexcept {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + from));
+    return static_cast<uint32_t>(_mm_movemask_epi8(_mm_cmpgt_epi8(bytes, _mm_set1_epi8(' '))));
+  }
+
+  std::string_view text_;
+  uint64_t kept_;
+};
+
+// CopyText without the zeros behind the terminator and without calls into the runtime: the texts of a line are short,
+// and there are nine of them.
+template <size_t kSize>
+void PutText(char (&field)[kSize], std::string_view text) noexcept {
+  const size_t count = std::min(text.size(), kSize - 1);
+  const char* from = text.data();
+  if (count >= 8) {
+    // Whole steps, then the last eight once more: nothing outside the text is read.
+    for (size_t i = 0; i + 8 <= count; i += 8) memcpy(field + i, from + i, 8);
+    memcpy(field + count - 8, from + count - 8, 8);
+  } else if (count >= 4) {
+    memcpy(field, from, 4);
+    memcpy(field + count - 4, from + count - 4, 4);
+  } else if (count > 0) {
+    field[0] = from[0];
+    field[count / 2] = from[count / 2];
+    field[count - 1] = from[count - 1];
+  }
+  field[count] = 0;
 }
 
 bool IsDigit(char c) noexcept {
@@ -93,6 +153,9 @@ int32_t ShortNumber(std::string_view text) noexcept {
 }
 
 int32_t SecondsFromHhMm(std::string_view hhmm) noexcept {
+  if (hhmm.size() >= 4 && std::all_of(hhmm.begin(), hhmm.begin() + 4, IsDigit)) {  // nearly always
+    return ((hhmm[0] * 10 + hhmm[1] - '0' * 11) * 60 + hhmm[2] * 10 + hhmm[3] - '0' * 11) * 60;
+  }
   return (ShortNumber(Cut(hhmm, 0, 2)) * 60 + ShortNumber(Cut(hhmm, 2, 4))) * 60;
 }
 
@@ -100,8 +163,8 @@ int32_t SecondsFromHhMm(std::string_view hhmm) noexcept {
 void SetTimes(EibiItem& item, std::string_view field) noexcept {
   if (field.empty()) {
     item.start = item.end = -1;
-    CopyText(item.startText, "-");
-    CopyText(item.endText, "-");
+    PutText(item.startText, "-");
+    PutText(item.endText, "-");
     return;
   }
   const std::string_view start = Cut(field, 0, 4);
@@ -134,6 +197,7 @@ class DayCollector {
   void Append(std::string_view text) noexcept {
     for (size_t i = 0; i < text.size() && length_ < sizeof(item_.daysText) - 1; ++i)
       item_.daysText[length_++] = text[i];
+    item_.daysText[length_] = 0;
   }
 
   void SetFlags(int32_t first, int32_t last) noexcept {
@@ -209,35 +273,36 @@ void CollectDays(DayCollector& days, std::string_view field) noexcept {
 }  // namespace
 
 void EibiItem::SetDays(std::string_view field) noexcept {
-  CopyText(rawDays, field);
+  PutText(rawDays, field);
   if (field.empty()) {
-    CopyText(daysText, "All days");
+    PutText(daysText, "All days");
     for (uint8_t& flag : dayFlags) flag = 1;
     dayMask = kAllDaysMask;
     return;
   }
-  CopyText(daysText, "");
+  PutText(daysText, "");
   for (uint8_t& flag : dayFlags) flag = 0;
   DayCollector days(*this);
   CollectDays(days, field);
   dayMask = MaskFromFlags(dayFlags);
-  if (dayMask == kWeekendMask || dayMask == kWorkdaysMask) CopyText(daysText, DayMaskText(dayMask));
+  if (dayMask == kWeekendMask || dayMask == kWorkdaysMask) PutText(daysText, DayMaskText(dayMask));
 }
 
-bool EibiItem::Parse(std::string_view line) noexcept {
+bool EibiItem::Parse(std::string_view text) noexcept {
   valid = 0;
-  if (line.size() < kShortestLine) return false;
-  const std::string_view written = Field(line, kFrequencyColumn, kTimeColumn);
+  if (text.size() < kShortestLine) return false;
+  const Line line(text);
+  const std::string_view written = line.Column<kFrequencyColumn, kTimeColumn>();
   frequency = HzFromText(written);
   if (frequency == 0) return false;
-  CopyText(frequencyText, written);
-  SetTimes(*this, Field(line, kTimeColumn, kDaysColumn));
-  SetDays(Field(line, kDaysColumn, kItuColumn));
-  CopyText(itu, Field(line, kItuColumn, kStationColumn));
-  CopyText(station, Field(line, kStationColumn, kLanguageColumn));
-  CopyText(language, Field(line, kLanguageColumn, kTargetColumn));
-  CopyText(target, Field(line, kTargetColumn, kRemarksColumn));
-  CopyText(remarks, Field(line, kRemarksColumn, line.size()));
+  PutText(frequencyText, written);
+  SetTimes(*this, line.Column<kTimeColumn, kDaysColumn>());
+  SetDays(line.Column<kDaysColumn, kItuColumn>());
+  PutText(itu, line.Column<kItuColumn, kStationColumn>());
+  PutText(station, line.Column<kStationColumn, kLanguageColumn>());
+  PutText(language, line.Column<kLanguageColumn, kTargetColumn>());
+  PutText(target, line.Target());
+  PutText(remarks, line.Remarks());
   valid = 1;
   return true;
 }

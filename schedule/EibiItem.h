@@ -37,7 +37,7 @@ struct EibiItem {
 
   // Fills the record from one line; false, with the valid flag clear, when the line is shorter than 63 characters or
   // its frequency is unreadable, 0 or does not fit. Allocates nothing.
-  bool Parse(std::string_view line) noexcept;
+  bool Parse(std::string_view text) noexcept;
 };
 
 static_assert(std::is_standard_layout_v<EibiItem> && std::is_trivially_copyable_v<EibiItem>);

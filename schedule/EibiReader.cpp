@@ -1,5 +1,7 @@
 #include "schedule/EibiReader.h"
 
+#include <algorithm>
+
 #include "foundation/TmyStringList.h"
 
 namespace {
@@ -16,9 +18,14 @@ std::unique_ptr<TmyTypeList<EibiItem>> LoadEibi(const TmyString& folder) {
 
   const uint32_t count = lines.Count();
   auto items = std::make_unique<TmyTypeList<EibiItem>>(count > kHeaderLines ? count - kHeaderLines : 1, 0);
-  for (uint32_t i = kHeaderLines; i < count; ++i) {
-    auto item = std::make_unique<EibiItem>();
-    if (item->Parse(lines.Get(i).View())) items->Add(std::move(item));
+  // From the last line down, each line given back once it is read: its memory is still warm then, and the list gives up
+  // its last entry without moving others.
+  EibiItem item;
+  for (uint32_t left = count; left > kHeaderLines; --left) {
+    const bool valid = item.Parse(lines.Get(left - 1).View());
+    lines.Delete(left - 1);
+    if (valid) items->Add(std::make_unique<EibiItem>(item));
   }
+  std::reverse(items->Entries(), items->Entries() + items->Count());
   return items;
 }

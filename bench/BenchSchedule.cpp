@@ -1,0 +1,167 @@
+// Reading, filtering and sorting the EiBi schedule: on the file as it is and on the same repeated to the most lines
+// that the reader takes.
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+
+#include "app/EibiFilter.h"
+#include "app/EibiTests.h"
+#include "bench/Bench.h"
+#include "foundation/TmyStringList.h"
+#include "schedule/EibiReader.h"
+
+namespace {
+
+constexpr uint32_t kMaximumLines = 0x40000;
+constexpr uint32_t kHeaderLines = 17;
+constexpr double kLoadAim = 2.5;
+constexpr double kSortAim = 1.5;
+
+uint32_t RunsFor(uint32_t rows) {
+  return rows > 50000 ? 5 : 31;
+}
+
+std::string ReadWhole(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The header and the lines after it over and over, up to the reader's limit.
+std::string Repeated(const std::string& text) {
+  size_t body = 0;
+  for (uint32_t i = 0; i < kHeaderLines; ++i) body = text.find('\n', body) + 1;
+  const auto lines = static_cast<uint32_t>(std::count(text.begin() + static_cast<ptrdiff_t>(body), text.end(), '\n'));
+  std::string result = text;
+  for (uint32_t have = kHeaderLines + lines; have < kMaximumLines; have += lines) result += text.substr(body);
+  return result;
+}
+
+// The two by turns, so that a busy moment of the machine meets both.
+void BenchLoad(const char* folder, const std::string& text, uint32_t rows) {
+  std::vector<double> loads;
+  std::vector<double> setTexts;
+  for (uint32_t run = 0; run < RunsFor(rows); ++run) {
+    std::unique_ptr<TmyTypeList<EibiItem>> items;
+    loads.push_back(Bench::MedianMs(
+        1, [] {}, [&] { items = LoadEibi(folder); }));
+    items.reset();
+    TmyStringList lines(1024, kMaximumLines);
+    setTexts.push_back(Bench::MedianMs(
+        1, [] {}, [&] { lines.SetText(text.data(), static_cast<uint32_t>(text.size())); }));
+  }
+  const double load = Bench::Median(loads);
+  const double setText = Bench::Median(setTexts);
+  Bench::PrintMs("load", rows, load);
+  Bench::PrintMs("SetText alone", rows, setText);
+  Bench::PrintRatio("load / SetText", rows, load / setText, kLoadAim);
+}
+
+void BenchFilter(const char* what, const TmyTypeList<EibiItem>& items, const FilterRecord& filter) {
+  TmyList passing;
+  const double time = Bench::MedianMs(
+      RunsFor(items.Count()), [] {}, [&] { FilterEibi(items, filter, passing); });
+  Bench::PrintMs(what, items.Count(), time);
+}
+
+void BenchFilters(const TmyTypeList<EibiItem>& items) {
+  BenchFilter("filter pass, nothing on", items, FilterRecord{});
+  FilterChoices choices;
+  choices.frequencyOn = true;
+  choices.frequencies = {5900000, 15800000};
+  choices.timeOn = true;
+  choices.from = 3600;
+  choices.to = 80000;
+  choices.texts = {"BBC", "E", "Af", "G"};
+  BenchFilter("filter pass, all six on", items, BuildFilterRecord(choices));
+  FilterChoices station;
+  station.texts[0] = "BBC";
+  BenchFilter("filter pass, station only", items, BuildFilterRecord(station));
+}
+
+using Rows = std::vector<void*>;
+
+// Our sort and the library's on the same pointers with the same test.
+void CompareSorts(const char* shape, EibiColumn column, const Rows& rows, const ShownZone& zone) {
+  const auto count = static_cast<uint32_t>(rows.size());
+  TmyList list(count, 0);
+  list.SetSize(count * sizeof(void*));
+  const double ours = Bench::MedianMs(
+      RunsFor(count), [&] { std::copy(rows.begin(), rows.end(), list.Entries()); },
+      [&] { SortEibi(list, column, SortDirection::kAscending, zone); });
+  Rows copy;
+  const double theirs = Bench::MedianMs(
+      RunsFor(count), [&] { copy = rows; },
+      [&] {
+        WithEibiTest(column, zone, [&](auto greater) {
+          std::sort(copy.begin(), copy.end(), [greater](const void* a, const void* b) {
+            return greater(*static_cast<const EibiItem*>(b), *static_cast<const EibiItem*>(a));
+          });
+        });
+      });
+  char what[80];
+  snprintf(what, sizeof what, "sort by %s%s, %s", kEibiColumnInfos[static_cast<uint32_t>(column)].title,
+           zone.utc ? "" : " (local)", shape);
+  Bench::PrintMs(what, count, ours);
+  Bench::PrintRatio("  beside std::sort", count, ours / theirs, kSortAim);
+}
+
+void BenchShapes(EibiColumn column, const Rows& fileOrder, const ShownZone& zone) {
+  CompareSorts("file order", column, fileOrder, zone);
+  Rows rows = fileOrder;
+  std::shuffle(rows.begin(), rows.end(), std::mt19937(1));
+  CompareSorts("shuffled", column, rows, zone);
+  SortRecords(rows.data(), rows.size(), SortDirection::kAscending, [&](const void* a, const void* b) {
+    return EibiGreater(*static_cast<const EibiItem*>(a), *static_cast<const EibiItem*>(b), column, zone);
+  });
+  CompareSorts("sorted", column, rows, zone);
+  Rows nearly = rows;
+  std::swap(nearly.front(), nearly.back());
+  CompareSorts("sorted but for two", column, nearly, zone);
+  std::reverse(rows.begin(), rows.end());
+  CompareSorts("reversed", column, rows, zone);
+}
+
+void BenchAllEqual(const Rows& fileOrder) {
+  std::vector<EibiItem> equal(fileOrder.size(), *static_cast<const EibiItem*>(fileOrder.front()));
+  Rows rows;
+  for (EibiItem& item : equal) rows.push_back(&item);
+  for (uint32_t column = 0; column < kEibiColumns; ++column) {
+    CompareSorts("all keys equal", static_cast<EibiColumn>(column), rows, ShownZone{});
+  }
+  equal.back().frequency -= 1;  // not in order any more: the equal keys have to be split
+  CompareSorts("all keys equal but one", EibiColumn::kFrequency, rows, ShownZone{});
+}
+
+void BenchOn(const char* folder, const std::string& text) {
+  const auto items = LoadEibi(folder);
+  if (items->Count() == 0) return;
+  BenchLoad(folder, text, items->Count());
+  BenchFilters(*items);
+  const Rows rows(items->Entries(), items->Entries() + items->Count());
+  for (uint32_t column = 0; column < kEibiColumns; ++column) {
+    BenchShapes(static_cast<EibiColumn>(column), rows, ShownZone{});
+  }
+  BenchShapes(EibiColumn::kStart, rows, ShownZone{false, 7200});
+  BenchAllEqual(rows);
+}
+
+}  // namespace
+
+void BenchSchedule(const char* dataFolder) {
+  const std::string text = ReadWhole(std::filesystem::path(dataFolder) / "eibi.txt");
+  if (text.empty()) {
+    printf("no eibi.txt in %s\n", dataFolder);
+    return;
+  }
+  BenchOn(dataFolder, text);
+
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / "marlux-bench";
+  std::filesystem::create_directories(folder);
+  const std::string large = Repeated(text);
+  std::ofstream(folder / "eibi.txt", std::ios::binary) << large;
+  BenchOn(folder.string().c_str(), large);
+  std::filesystem::remove_all(folder);
+}
