@@ -8,10 +8,10 @@ namespace {
 
 constexpr uint32_t kWheelScrollsPage = 0xFFFFFFFF;
 
-// value * factor / divisor, rounded down, for 0 <= value <= divisor: halving both until the product cannot overflow
-// costs less than a pixel of precision.
+// value * factor / divisor, rounded down, for 0 <= value <= divisor and a factor above 0. Both are halved until the
+// product cannot overflow, which happens only to numbers that are far longer than any track.
 int Proportion(int64_t value, int factor, int64_t divisor) noexcept {
-  while (divisor > std::numeric_limits<int32_t>::max()) {
+  while (divisor > std::numeric_limits<int64_t>::max() / factor) {
     divisor >>= 1;
     value >>= 1;
   }
@@ -40,7 +40,7 @@ Thumb ThumbOf(const Range& range, int track, int minimumThumb) noexcept {
   if (max == 0 || track <= minimumThumb) return {};
   Thumb thumb;
   thumb.length = std::max(minimumThumb, Proportion(std::max<int64_t>(0, range.page), track, range.total));
-  thumb.begin = Proportion(Clamped(range, range.position), track - thumb.length, max);
+  thumb.begin = Proportion(Clamped(range, range.position), std::max(1, track - thumb.length), max);
   return thumb;
 }
 
