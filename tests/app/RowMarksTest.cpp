@@ -1,0 +1,119 @@
+#include "app/RowMarks.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <set>
+#include <string>
+
+namespace {
+
+// Records named by letters, shown in the order of a text: Shown("cab") has record 'a' in row 2.
+char records[128];
+
+class Shown {
+ public:
+  explicit Shown(const std::string& letters) {
+    for (const char c : letters) list_.Add(&records[static_cast<size_t>(c)]);
+  }
+  operator const TmyList&() const { return list_; }
+
+ private:
+  TmyList list_;
+};
+
+std::string Marked(const RowMarks& marks) {
+  std::string text;
+  for (char c = 'a'; c <= 'z'; ++c) {
+    if (marks.IsMarked(&records[static_cast<size_t>(c)])) text += c;
+  }
+  EXPECT_EQ(text.size(), marks.Count());
+  return text;
+}
+
+}  // namespace
+
+// Clicks are written as row and kind, one after the other: "p3" plain, "c3" control, "s3" shift.
+TEST(RowMarks, FollowsClicks) {
+  const struct {
+    const char* clicks;
+    const char* marked;
+    uint32_t anchorRow;
+  } kCases[] = {
+      {"", "", 0},
+      {"p3", "", 3},
+      {"c3", "c", 3},
+      {"c3c3", "", 3},
+      {"c3c5", "e", 5},  // a single mark moves
+      {"p2s4", "bcd", 2},
+      {"p8s3", "cdefgh", 8},  // up as well as down
+      {"s4", "d", 4},         // without an anchor the range is the row itself
+      {"s4s6", "def", 4},
+      {"p2s4c6", "bcdf", 6},  // with several marks, control adds
+      {"p2s4c3", "bd", 3},
+      {"p2s3c3", "b", 3},
+      {"p2s3c3c5", "e", 5},    // down to one mark: it moves again
+      {"p2s4s6", "bcdef", 2},  // what is marked already is not counted twice
+      {"p2s4p7", "", 7},
+      {"p2s4p7s8", "gh", 7},
+      {"p3p0s5", "cde", 3},  // the title row and rows below the last are no rows
+      {"p3p9s5", "cde", 3},
+      {"c9", "", 0},
+  };
+  const Shown shown("abcdefgh");
+  for (const auto& each : kCases) {
+    RowMarks marks;
+    for (const char* click = each.clicks; *click; click += 2) {
+      const auto row = static_cast<uint32_t>(click[1] - '0');
+      const ClickKind kind = *click == 'p'   ? ClickKind::kPlain
+                             : *click == 'c' ? ClickKind::kControl
+                                             : ClickKind::kShift;
+      EXPECT_EQ(marks.Click(shown, row, kind), row >= 1 && row <= 8) << each.clicks;
+    }
+    EXPECT_EQ(Marked(marks), each.marked) << each.clicks;
+    EXPECT_EQ(marks.AnchorRow(), each.anchorRow) << each.clicks;
+  }
+}
+
+TEST(RowMarks, BelongToRecordsNotToRows) {
+  RowMarks marks;
+  marks.Click(Shown("abcdef"), 2, ClickKind::kPlain);
+  marks.Click(Shown("abcdef"), 3, ClickKind::kShift);
+  EXPECT_EQ(Marked(marks), "bc");
+  marks.Click(Shown("fedcba"), 6, ClickKind::kShift);  // the anchor 'b' is in row 5 now
+  EXPECT_EQ(Marked(marks), "abc");
+  EXPECT_EQ(marks.AnchorRow(), 5U);
+  marks.Click(Shown("def"), 2, ClickKind::kShift);  // the anchor is filtered away
+  EXPECT_EQ(Marked(marks), "abce");
+  EXPECT_EQ(marks.AnchorRecord(), &records[size_t{'e'}]);
+  EXPECT_FALSE(marks.Click(Shown(""), 1, ClickKind::kPlain));
+  EXPECT_EQ(Marked(marks), "abce");
+  marks.Clear();
+  EXPECT_EQ(Marked(marks), "");
+  EXPECT_EQ(marks.AnchorRecord(), nullptr);
+}
+
+TEST(PointerSet, AgreesWithAPlainSet) {
+  PointerSet set;
+  std::set<const void*> plain;
+  std::mt19937 random(5);
+  // Neighbouring addresses, so that probing runs into each other; growing and shrinking by turns.
+  static char addresses[4000];
+  for (uint32_t round = 0; round < 60000; ++round) {
+    const char* pointer = &addresses[random() % 1000 * 4];
+    if (random() % 1000 < (round / 10000 % 2 == 0 ? 700U : 300U)) {
+      ASSERT_EQ(set.Insert(pointer), plain.insert(pointer).second);
+    } else {
+      ASSERT_EQ(set.Erase(pointer), plain.erase(pointer) == 1);
+    }
+    ASSERT_EQ(set.Count(), plain.size());
+  }
+  for (const char& each : addresses) ASSERT_EQ(set.Contains(&each), plain.count(&each) == 1);
+  EXPECT_FALSE(set.Insert(nullptr));
+  EXPECT_FALSE(set.Contains(nullptr));
+  set.Clear();
+  EXPECT_EQ(set.Count(), 0U);
+  EXPECT_FALSE(set.Contains(&addresses[0]));
+  EXPECT_FALSE(set.Erase(&addresses[0]));
+}
