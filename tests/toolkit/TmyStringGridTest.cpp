@@ -184,8 +184,10 @@ TEST_F(StringGridTest, KeysMoveAndAct) {
 TEST_F(StringGridTest, ARightClickMakesTheRowCurrentAndAsksForItsMenu) {
   Fill(5);
   POINT at = {20, RowY(3)};
+  window_->TakeFocus();
   Input::Mouse(*grid_, WM_RBUTTONDOWN, at.x, at.y, MK_RBUTTON);
   EXPECT_EQ(grid_->CurrentRow(), 3u);
+  EXPECT_EQ(GetFocus(), grid_->Handle());
   EXPECT_THAT(Events(), IsEmpty());
   Input::Mouse(*grid_, WM_RBUTTONUP, at.x, at.y);
   EXPECT_THAT(Events(), ElementsAre("context 3"));
@@ -206,6 +208,7 @@ TEST_F(StringGridTest, TheMenuKeyAsksAtTheCurrentRow) {
   RECT place = {};
   GetWindowRect(grid_->Handle(), &place);
   EXPECT_TRUE(PtInRect(&place, contextAt_));
+  EXPECT_GT(grid_->TopRow(), 300u);  // it was out of view
 }
 
 TEST_F(StringGridTest, KeepsScrollPositionAndCurrentRowValid) {
@@ -278,7 +281,9 @@ TEST_F(StringGridTest, KeepsTheStoredWidthsAsTheyAre) {
   EXPECT_EQ(fresh->Widths()[0], -5);
   EXPECT_EQ(fresh->Widths()[1], 1000000);
   EXPECT_EQ(fresh->Widths()[3], standard);
-  fresh->SetColumns(kColumns, 2);
+  const TmyGridColumn columns[] = {{"Freq"}, {"Station", 120}};
+  fresh->SetColumns(columns, 2);
+  EXPECT_EQ(fresh->ColumnWidth(0), -5);  // a column without a width of its own keeps what is there
   EXPECT_EQ(fresh->ColumnWidth(1), 120);
   EXPECT_EQ(fresh->ColumnWidth(2), 70);
 }
