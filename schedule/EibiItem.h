@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "foundation/Compiler.h"
+#include "schedule/EibiPool.h"
 
 struct EibiItem {
   uint32_t valid = 0;           // 1 once a line was read into the record
@@ -38,6 +39,12 @@ struct EibiItem {
   // Fills the record from one line; false, with the valid flag clear, when the line is shorter than 63 characters or
   // its frequency is unreadable, 0 or does not fit. Allocates nothing.
   bool Parse(std::string_view text) noexcept;
+
+  // `new (pool) EibiItem` takes the memory from a pool, plain new a heap block; delete knows which it was.
+  static void* operator new(size_t) { return EibiPool::TakeSingle(); }
+  static void* operator new(size_t, EibiPool& pool) { return pool.Take(); }
+  static void operator delete(void* memory) noexcept { EibiPool::GiveBack(memory); }
+  static void operator delete(void* memory, EibiPool&) noexcept { EibiPool::GiveBack(memory); }
 };
 
 static_assert(std::is_standard_layout_v<EibiItem> && std::is_trivially_copyable_v<EibiItem>);

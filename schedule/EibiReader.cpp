@@ -20,11 +20,12 @@ std::unique_ptr<TmyTypeList<EibiItem>> LoadEibi(const TmyString& folder) {
   auto items = std::make_unique<TmyTypeList<EibiItem>>(count > kHeaderLines ? count - kHeaderLines : 1, 0);
   // From the last line down, each line given back once it is read: its memory is still warm then, and the list gives up
   // its last entry without moving others.
+  EibiPool pool;
   EibiItem item;
   for (uint32_t left = count; left > kHeaderLines; --left) {
     const bool valid = item.Parse(lines.Get(left - 1).View());
     lines.Delete(left - 1);
-    if (valid) items->Add(std::make_unique<EibiItem>(item));
+    if (valid) items->Add(std::unique_ptr<EibiItem>(new (pool) EibiItem(item)));
   }
   std::reverse(items->Entries(), items->Entries() + items->Count());
   return items;
