@@ -1,0 +1,75 @@
+// Marlux 3. A field that shows one text of a list and drops the list down to choose another.
+//
+//   auto* stations = new TmyComboBox2(panel, WS_VISIBLE | WS_TABSTOP);   // belongs to its window
+//   for (const TmyString& name : names) stations->Add(name);
+//   stations->changed.Bind<&FilterPanel::StationChanged>(this);
+//
+// Opens with a click, F4, Alt+Down or Alt+Up. A click on a row, Enter, Tab, F4 and Alt with an arrow take the list's
+// row; Escape, the wheel or a click elsewhere, losing the focus and a moving window leave the choice as it was. While
+// closed, arrows, Page, Home, End and typing choose at once.
+#pragma once
+
+#include "toolkit/TmyLBitem.h"
+#include "toolkit/TmyPanel.h"
+#include "toolkit/TypeSearch.h"
+
+class TmyDropDown;
+class TmyListBox;
+
+class TmyComboBox2 : public TmyPanel {
+ public:
+  explicit TmyComboBox2(TmyComponent& parent, DWORD style = WS_TABSTOP);
+  ~TmyComboBox2() override;
+
+  TmyEvent<TmyComboBox2&> changed;  // the user chose another item; not raised by SetSelection, Clear or Add
+
+  void Clear();  // also closes the list
+  void Add(const TmyString& text, uintptr_t data = 0);
+  void BeginUpdate() noexcept { ++updates_; }  // an open list is not laid out again until the matching EndUpdate
+  void EndUpdate();
+
+  [[nodiscard]] int32_t Count() const noexcept { return static_cast<int32_t>(items_.Count()); }
+  [[nodiscard]] int32_t Selection() const noexcept { return selection_; }  // -1: none
+  void SetSelection(int32_t index);                                        // -1 or out of range: none
+  [[nodiscard]] TmyString SelectedText() const;                            // empty without a selection
+  [[nodiscard]] TmyString ItemText(int32_t index) const;                   // empty out of range
+  [[nodiscard]] uintptr_t ItemData(int32_t index) const noexcept;          // 0 out of range
+  [[nodiscard]] int32_t FindText(const TmyString& text) const noexcept;    // the whole text, case-sensitive; -1: none
+
+  [[nodiscard]] bool IsDropped() const noexcept { return dropDown_ != nullptr; }
+  void DropDown(bool open);  // closing leaves the selection as it was
+  // The open list, null while closed. It goes when the list closes.
+  [[nodiscard]] TmyListBox* OpenList() const noexcept;
+
+  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void Paint(HDC dc) override;
+  LRESULT EraseBackground(HDC) override { return 1; }  // Paint covers everything
+  void MouseDown(uint32_t keys, int x, int y) override;
+  void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
+  bool KeyDown(uint32_t key, LPARAM flags) override;
+  void Char(char& character, LPARAM flags) override;
+  void FocusChanged(bool focused) override;
+  void EnabledChanged() override;
+  void ShowChanged(bool visible) override;
+  void ThemeChanged() override;
+
+ protected:
+  void Destroying() override;
+
+ private:
+  bool DroppedKey(uint32_t key, LPARAM flags);
+  void ChooseListRow();
+  void Choose(int32_t index);  // closes and raises `changed`: nothing of ours after it
+  void Close();
+  void DropDownGone();
+  void ItemsChanged();
+  [[nodiscard]] int TextWidth();
+  [[nodiscard]] bool HasKeyboard() const { return IsAlive() && ::GetFocus() == Handle(); }
+
+  TmyLBitemList items_;
+  TmyDropDown* dropDown_ = nullptr;  // belongs to its window; null while closed
+  TypeSearch search_;
+  int32_t selection_ = -1;
+  int32_t updates_ = 0;
+  int textWidth_ = -1;  // of the widest row with its margins; -1: to be measured
+};
