@@ -6,9 +6,11 @@ CACHE_DIR=${XDG_CACHE_HOME:-${HOME:-/root}/.cache}/marlux3
 say() { printf '%s\n' "$*" >&2; }
 fail() { say "error: $*"; exit 1; }
 
-# Wine keeps to a home and a prefix inside build/: the user's own are not touched.
+# Wine keeps to a home and a prefix inside build/: the user's own are not touched. A prefix has one desktop, on the
+# screen that its first program used; two screens at a time need two of them (MARLUX_WINE names another place).
 use_own_wine() {
-  export HOME=$BUILD_DIR/wine/home WINEPREFIX=$BUILD_DIR/wine/prefix
+  local place=${MARLUX_WINE:-$BUILD_DIR/wine}
+  export HOME=$place/home WINEPREFIX=$place/prefix
   export WINEARCH=win32 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe="
   mkdir -p "$HOME"
 }

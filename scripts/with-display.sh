@@ -1,20 +1,34 @@
 #!/usr/bin/env bash
 # Runs a command on a screen of its own: Xvfb with a window manager, both ended afterwards.
 set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
 screen=${MARLUX_SCREEN:-1280x900x24}
 work=$(mktemp -d)
-mkfifo "$work/display"
 Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
 server=$!
 manager=
+keeper=
+# The desktop of Wine's prefix hangs on this screen: it must not outlive it.
+end_wine() (
+  cd "$root" && . scripts/common.sh && use_own_wine
+  { wineserver -k && wineserver -w; } >/dev/null 2>&1 || true
+)
 end() {
+  end_wine
+  [ -z "$keeper" ] || pkill -P "$keeper" 2>/dev/null || true
   [ -z "$manager" ] || kill "$manager" 2>/dev/null || true
   kill "$server" 2>/dev/null || true
   rm -rf "$work"
 }
 trap end EXIT
-read -r number <"$work/display"
-export DISPLAY=:$number
+end_wine
+for _ in $(seq 100); do
+  [ -s "$work/display" ] && break
+  sleep 0.1
+done
+[ -s "$work/display" ] || { echo "error: Xvfb did not start" >&2; exit 1; }
+DISPLAY=:$(cat "$work/display")
+export DISPLAY
 # A configuration of its own kind is not needed, but its cache must not land in the user's home.
 XDG_CACHE_HOME=$work XDG_CONFIG_HOME=$work openbox --sm-disable >/dev/null 2>&1 &
 manager=$!
@@ -22,4 +36,11 @@ for _ in $(seq 50); do
   xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
   sleep 0.1
 done
+# One idle Wine program from the start: it brings up the desktop and the background services, which would otherwise be
+# children of the first test and keep its output open long after its end.
+(
+  cd "$root" && . scripts/common.sh && use_own_wine
+  sleep infinity | exec wine cmd >/dev/null 2>&1
+) </dev/null >/dev/null 2>&1 &
+keeper=$!
 "$@"
