@@ -1,0 +1,28 @@
+#include "toolkit/Tmy_CheckBox.h"
+
+#include "toolkit/SmoothShapes.h"
+#include "toolkit/TmyApplication.h"
+
+void Tmy_CheckBox::SetChecked(bool checked) {
+  if (checked == checked_) return;
+  checked_ = checked;
+  Repaint();
+}
+
+void Tmy_CheckBox::Click() {
+  SetChecked(!checked_);
+  clicked(*this);
+}
+
+void Tmy_CheckBox::Paint(HDC dc) {
+  const TmyTheme::Colors& color = TmyApplication::Get().Theme().Color();
+  const RECT mark = MarkArea();
+  if (checked_) {
+    const COLORREF fill = IsEnabled() ? color.accent : color.disabled;
+    SmoothShapes::Box(dc, mark, fill, fill);
+    SmoothShapes::CheckMark(dc, mark.left, mark.top, mark.right - mark.left, color.accentText);
+  } else {
+    SmoothShapes::Box(dc, mark, InsideColor(), OutlineColor());
+  }
+  PaintMarkedCaption(dc);
+}

@@ -1,0 +1,31 @@
+// Marlux 3. A drawn line of text.
+#pragma once
+
+#include "toolkit/TmyControl.h"
+#include "toolkit/TmyTheme.h"
+
+class Tmy_Label : public TmyControl {
+ public:
+  enum class Align { kLeft, kCenter, kRight };
+
+  explicit Tmy_Label(TmyComponent& owner, const TmyString& text = {}, Align align = Align::kLeft)
+      : TmyControl(owner), text_(text), align_(align) {}
+
+  [[nodiscard]] const TmyString& Text() const noexcept { return text_; }
+  void SetText(const TmyString& text);
+  void SetAlign(Align align);
+  void SetSecondary(bool secondary);  // in the colour of what matters less
+  void SetFont(TmyTheme::Font font);
+
+  // For a text that is not cut, in pixels.
+  [[nodiscard]] SIZE PreferredSize() const;
+  [[nodiscard]] int PreferredWidth() const { return static_cast<int>(PreferredSize().cx); }
+
+  void Paint(HDC dc) override;
+
+ private:
+  TmyString text_;
+  Align align_;
+  TmyTheme::Font font_ = TmyTheme::Font::kMessage;
+  bool secondary_ = false;
+};
