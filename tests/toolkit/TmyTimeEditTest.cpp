@@ -1,0 +1,105 @@
+#include "toolkit/TmyTimeEdit.h"
+
+#include "tests/toolkit/EditFixture.h"
+
+namespace {
+
+class TmyTimeEditTest : public EditFixture {
+ protected:
+  void Start(int64_t seconds, int begin, int end) {
+    edit_->SetValue(seconds);
+    SendMessageA(edit_->Handle(), EM_SETSEL, static_cast<WPARAM>(begin), end);
+    changes_ = 0;
+  }
+  static constexpr int64_t kAfternoon = 15 * 3600 + 45 * 60 + 59;
+
+  TmyTimeEdit* edit_ = Make<TmyTimeEdit>();
+};
+
+TEST_F(TmyTimeEditTest, TypingOverASelectionStartsFromZeros) {
+  const struct {
+    int begin, end;
+    const char* typed;
+    const char* after;
+    int caret;
+  } cases[] = {
+      {0, 8, "2330", "23:30:00", 6}, {0, 8, "9:5", "09:50:00", 4}, {3, 5, "7", "15:07:59", 6},
+      {3, 3, "12", "15:12:59", 6},   {0, 2, ":3", "15:35:59", 4},  {3, 8, "\b", "15:00:00", 3},
+      {5, 5, "\b", "15:40:59", 4},   {0, 0, "ab-", "15:45:59", 0},
+  };
+  for (const auto& c : cases) {
+    Start(kAfternoon, c.begin, c.end);
+    Type(*edit_, c.typed);
+    EXPECT_STREQ(edit_->Text().Chars(), c.after) << c.typed;
+    EXPECT_EQ(Selection(*edit_), std::make_pair(c.caret, c.caret)) << c.typed;
+    EXPECT_EQ(edit_->Value(), *TimeText::ParseTime(c.after));
+  }
+}
+
+TEST_F(TmyTimeEditTest, ADigitIsOneChangeThatCanBeUndone) {
+  Start(kAfternoon, 0, 0);
+  Type(*edit_, "1");
+  EXPECT_EQ(changes_, 0);  // it stood there before
+  Type(*edit_, "2");
+  EXPECT_EQ(changes_, 1);
+  SendMessageA(edit_->Handle(), EM_UNDO, 0, 0);
+  EXPECT_STREQ(edit_->Text().Chars(), "15:45:59");
+  EXPECT_EQ(edit_->Value(), kAfternoon);
+}
+
+TEST_F(TmyTimeEditTest, ArrowsGoOverFieldsAndStepThem) {
+  Start(kAfternoon, 0, 8);
+  const struct {
+    uint32_t key;
+    const char* text;
+    int begin;
+  } cases[] = {{VK_LEFT, "15:45:59", 0},  {VK_LEFT, "15:45:59", 0},  {VK_UP, "16:45:59", 0},
+               {VK_RIGHT, "16:45:59", 3}, {VK_DOWN, "16:44:59", 3},  {VK_RIGHT, "16:44:59", 6},
+               {VK_UP, "16:45:00", 6},    {VK_RIGHT, "16:45:00", 6}, {VK_PRIOR, "17:45:00", 0}};
+  for (const auto& c : cases) {
+    Input::Key(*edit_, c.key);
+    EXPECT_STREQ(edit_->Text().Chars(), c.text);
+    EXPECT_EQ(Selection(*edit_), std::make_pair(c.begin, c.begin + 2));
+  }
+  EXPECT_EQ(changes_, 4);
+}
+
+TEST_F(TmyTimeEditTest, NothingTakesCharactersOutOfTheMask) {
+  Start(kAfternoon, 3, 8);
+  SendMessageA(edit_->Handle(), WM_CUT, 0, 0);
+  EXPECT_STREQ(edit_->Text().Chars(), "15:00:00");
+  EXPECT_STREQ(ClipboardText(edit_->Handle()).Chars(), "45:59");
+  Start(kAfternoon, 0, 2);
+  Input::Key(*edit_, VK_DELETE);
+  EXPECT_STREQ(edit_->Text().Chars(), "00:45:59");
+  Start(kAfternoon, 4, 4);
+  Input::Key(*edit_, VK_DELETE);
+  EXPECT_STREQ(edit_->Text().Chars(), "15:40:59");
+  for (const int modifier : {VK_CONTROL, VK_SHIFT}) {
+    Input::Key(*edit_, VK_DELETE, modifier);
+    EXPECT_STREQ(edit_->Text().Chars(), "15:40:59");
+  }
+}
+
+TEST_F(TmyTimeEditTest, PastesATimeOrNothing) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"2330", "23:30:00"}, {" 9:05\r\n", "09:05:00"}, {"24:00", "09:05:00"}, {"no time", "09:05:00"}};
+  for (const auto& [pasted, after] : cases) {
+    Paste(*edit_, pasted);
+    EXPECT_STREQ(edit_->Text().Chars(), after) << pasted;
+  }
+  EXPECT_EQ(changes_, 2);
+}
+
+TEST_F(TmyTimeEditTest, MidnightAtTheEndOfTheDayIsATimeWhereAskedFor) {
+  edit_->SetValue(86400);
+  EXPECT_STREQ(edit_->Text().Chars(), "23:59:59");
+  auto* until = Make<TmyTimeEdit>(TmyTimeEdit::Last::kMidnight);
+  until->SetValue(86401);
+  EXPECT_STREQ(until->Text().Chars(), "24:00:00");
+  until->SelectAll();
+  Type(*until, "24");
+  EXPECT_EQ(until->Value(), 86400);
+}
+
+}  // namespace
