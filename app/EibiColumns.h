@@ -20,13 +20,13 @@ struct EibiColumnInfo {
 };
 
 inline constexpr std::array<EibiColumnInfo, kEibiColumns> kEibiColumnInfos = {{
-    {"Freq", 76, true},
-    {"Start", 52, true},
-    {"Stop", 52, true},
+    {"Freq", 78, true},
+    {"Start", 58, true},
+    {"Stop", 58, true},
     {"Days", 116, false},
-    {"Station", 216, false},
-    {"Language", 72, false},
-    {"Target", 64, false},
+    {"Station", 228, false},
+    {"Language", 90, false},
+    {"Target", 72, false},
     {"Remarks", 112, false},
     {"ITU", 48, false},
 }};

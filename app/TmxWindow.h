@@ -1,0 +1,76 @@
+// Marlux 3. The main window, which is the plug-in's instance at the same time: a hallway that wires menus, filter panel
+// and grids together and answers commands.
+//
+// Made by the host's start, gone when the user or the host closes it. The host may do either inside any call to it, so
+// every call to the host is the last thing that a function does, or is followed by a look at IsAlive.
+#pragma once
+
+#include <memory>
+
+#include "app/EibiGrid.h"
+#include "app/FilterPanel.h"
+#include "app/HelpLibrary.h"
+#include "app/MainMenu.h"
+#include "app/StatusBar.h"
+#include "plugin/HostInfo.h"
+#include "plugin/HostLink.h"
+#include "plugin/InstanceList.h"
+#include "toolkit/TmyMsgBox.h"
+#include "toolkit/TmyPopupMenu.h"
+
+class TmxWindow : public TmyComponent, public PluginInstance {
+ public:
+  explicit TmxWindow(HostInfo hostInfo);
+
+  // Joins the host: the instance is in the list afterwards. Returns the instance's value for the host.
+  uint32_t Start(uint32_t hostHandle, HostCallback callback);
+  void Notification(uint32_t code, uint32_t a, uint32_t b, uint32_t c) override;
+
+  void Timer(uintptr_t id) override;
+  void Realign() override;
+  void ThemeChanged() override;
+  void ConstrainBounds(int& x, int& y, int& width, int& height) override;
+  void FocusChanged(bool focused) override;
+  void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
+
+ protected:
+  void Destroying() override;
+
+ private:
+  void BindCommands();
+  void LoadEibiFile();
+
+  // Commands
+  void Exit(TmyMenuItem& item);
+  void ToggleUtc(TmyMenuItem& item);
+  void ShowHelp(TmyMenuItem& item);
+  void ShowAbout(TmyMenuItem& item);
+  void TuneFromMenu(TmyMenuItem& item);
+  // Runs a message box; its result, 0 when this window is gone.
+  int RunBox(TmyMsgBox& box);
+
+  // Panel and grid
+  void FilterChanged();
+  void AutoTuningChanged();
+  void RowClicked(uint32_t row);
+  void RowMoved(uint32_t row);
+  void RowActivated(uint32_t row);
+  void RowContext(uint32_t row, int x, int y);
+  void SortChanged();
+  void Refresh(bool changedOnly);
+  void TuneTo(uint32_t row);
+
+  HostInfo hostInfo_;
+  HostLink link_;
+  uint32_t receiverDefault_;
+  HelpLibrary help_;
+  MainMenu menu_;
+  TmyPopupMenu contextMenu_;
+  GridMenu gridMenu_;
+  FilterPanel* panel_;  // the children belong to their windows
+  std::unique_ptr<EibiGrid> eibi_;
+  StatusBar* status_;
+  TmyMsgBox* about_ = nullptr;  // while it is shown
+  bool utc_ = false;            // times are shown in UTC
+  bool isReady_ = false;        // all children exist
+};

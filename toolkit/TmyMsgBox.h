@@ -1,0 +1,38 @@
+// Marlux 3. A message or question box: a text, and buttons of which one is chosen.
+//
+//   auto* box = new TmyMsgBox(window, "Delete task", "Are you sure?", {"Yes", "No"});
+//   const int result = box->ShowModal(window);   // 1 for the first button, 2 for the second; -1 closed; 0 see there
+//   box->Destroy();
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+#include "toolkit/Tmy_Btn.h"
+#include "toolkit/myComponents.h"
+
+class TmyMsgBox : public TmyComponent {
+ public:
+  // Laid out for its text, in the middle of the owner. Line ends in the text are CR LF or LF. The first button is the
+  // one that Enter presses; Escape closes the box.
+  TmyMsgBox(TmyComponent* owner, const TmyString& title, const TmyString& text,
+            std::initializer_list<const char*> buttons);
+
+  void ResizeCentred(int width, int height);  // pixels, frame included; the middle stays
+
+  void Paint(HDC dc) override;
+  void Realign() override;
+  void Confirm() override;
+  void Escape() override;
+  void FocusChanged(bool focused) override;
+
+ private:
+  void LayOut(const TmyComponent* owner);
+  [[nodiscard]] SIZE TextSize() const;
+  [[nodiscard]] int ButtonsWidth() const;
+  void Clicked(Tmy_Btn& button);
+
+  TmyString text_;
+  std::vector<std::unique_ptr<Tmy_Btn>> buttons_;
+};
