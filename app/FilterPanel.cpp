@@ -91,8 +91,8 @@ void FilterPanel::AddMember(Group& group, TmyControl& control, int width, int ga
 
 void FilterPanel::BuildGroups() {
   const int step = Theme().Step();
-  const int frequencyWidth = Theme().Scaled(72);
-  const int timeWidth = Theme().Scaled(68);
+  const int frequencyWidth = first_->PreferredWidth("25000.555");
+  const int timeWidth = from_->PreferredWidth("00:00:00");
   groups_.clear();
   Group& database = AddGroup(false);
   AddMember(database, eibi_, eibi_.PreferredWidth(), 0);

@@ -21,5 +21,5 @@ void StatusBar::Paint(HDC dc) {
   const TmyTheme& theme = TmyApplication::Get().Theme();
   ThemeDraw::Fill(dc, {0, 0, ClientWidth(), 1}, theme.Color().line);
   const RECT area = {theme.Step(), 1, ClientWidth() - theme.Step(), ClientHeight()};
-  ThemeDraw::Text(dc, area, text_.View(), theme.Color().secondary, Font(), DT_RIGHT);
+  ThemeDraw::Text(dc, area, text_.View(), theme.Color().secondary, Font(), DT_RIGHT | DT_NOCLIP);
 }

@@ -14,3 +14,6 @@ use_own_wine() {
   export WINEARCH=win32 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe="
   mkdir -p "$HOME"
 }
+
+# Where the programs in our prefix find the user's documents.
+documents_folder() { printf '%s\n' "$WINEPREFIX/drive_c/users/${USER:-$(id -un)}/Documents"; }

@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 PACKAGES=(
   g++-mingw-w64-i686-posix libz-mingw-w64-dev cmake ninja-build
   googletest python3 clang-format clang-tidy
-  xvfb xdotool openbox imagemagick fonts-liberation x11-utils
+  xvfb xdotool openbox imagemagick fonts-open-sans x11-utils
 )
 # Both architectures of Wine must come out of one release, or their shared libraries differ in version.
 WINE_PACKAGES=(wine wine32:i386)
@@ -88,13 +88,15 @@ unpack_minizip() {
 
 # The prefix: a plain desktop with smooth text in a font that every screenshot machine has.
 make_wine_prefix() {
-  [ -e "$WINEPREFIX/.ready" ] && return 0
+  local made
+  made=$(sha256sum <scripts/wine-desktop.reg)
+  [ "$(cat "$WINEPREFIX/.ready" 2>/dev/null)" = "$made" ] && return 0
   say "making the Wine prefix"
   rm -rf "$WINEPREFIX" && mkdir -p "$WINEPREFIX" "$HOME"
   wine wineboot --init >>"$SETUP_LOG" 2>&1 </dev/null || fail "Wine did not start, see $SETUP_LOG"
   wine regedit /S scripts/wine-desktop.reg >>"$SETUP_LOG" 2>&1 </dev/null || fail "the prefix was not set up, see $SETUP_LOG"
   wineserver --wait
-  touch "$WINEPREFIX/.ready"
+  printf '%s\n' "$made" >"$WINEPREFIX/.ready"
 }
 
 mkdir -p "$BUILD_DIR/setup"

@@ -1,0 +1,86 @@
+#!/usr/bin/env bash
+# A walk through the main window on the screen that DISPLAY names: start, filter, sort, tune, close. Leaves pictures and
+# the host's log under build/screenshots/. Fails when the host says that something went wrong.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/common.sh
+use_own_wine
+out=$BUILD_DIR/screenshots
+mkdir -p "$out"
+rm -f "$out"/*.png "$out"/host.log
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+mkfifo "$work/commands"
+
+wine "$BUILD_DIR/bin/marlux-host.exe" --dll "$BUILD_DIR/bin/marlux3.dll" --minimized --script - \
+  --log "$(winepath -w "$out/host.log")" <"$work/commands" >"$work/output" 2>&1 &
+host=$!
+exec 3>"$work/commands"
+tell() { printf '%s\n' "$*" >&3; }
+
+# The picture is of the window's client area and frame, once nothing moves any more.
+shoot() {
+  sleep 0.6
+  import -window "$(xdotool getactivewindow)" -frame "$out/$1.png" 2>/dev/null || import -window root "$out/$1.png"
+}
+shoot_screen() {
+  sleep 0.6
+  import -window root "$out/$1.png"
+}
+key() { xdotool key --clearmodifiers --delay 60 "$@"; }
+click() { xdotool mousemove --window "$window" "$1" "$2" click "${3:-1}"; }
+wait_for() {
+  local i
+  for i in $(seq 100); do
+    if eval "$1"; then return 0; fi
+    sleep 0.1
+  done
+  fail "the tour waited in vain for: $1"
+}
+
+tell start 7
+wait_for 'window=$(xdotool search --onlyvisible --name "^Marlux 3$" 2>/dev/null | tail -n 1) && [ -n "$window" ]'
+xdotool windowactivate --sync "$window"
+shoot 1-start
+
+
+# Places are relative to the window, below its title bar, for the prefix's font.
+click 338 37
+click 600 37 && key ctrl+a && xdotool type 9420 && key Tab
+wait_for 'ls "$out"/1-start.png >/dev/null'
+shoot 2-filter
+
+click 330 129
+shoot 3-sort
+click 330 129
+shoot 4-sort-descending
+
+# Marks, then a double click, which tunes.
+click 330 201
+xdotool keydown shift && click 330 255 && xdotool keyup shift
+sleep 0.6
+shoot 5-marks
+xdotool mousemove --window "$window" 330 165 click --repeat 2 --delay 60 1
+tell waitfor SetFrequency
+tell waitfor SetMode
+tell waitfor TuneThird
+tell waitfor TuneFourth
+click 330 183 3
+shoot_screen 6-context-menu
+key Escape
+click 150 99
+shoot_screen 7-choices
+key Escape
+key alt+h && key a
+shoot_screen 8-about
+key Escape
+xdotool windowsize --sync "$window" 560 520
+shoot 9-narrow
+xdotool windowsize --sync "$window" 800 600
+
+tell close 7
+tell waitfor InstanceGone
+tell quit
+exec 3>&-
+wait "$host" || fail "the host ended with an error: $(tail -n 3 "$out/host.log")"
+say "pictures and the host's log (host.log) are in $out"
