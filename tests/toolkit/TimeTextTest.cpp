@@ -63,6 +63,7 @@ TEST(TimeText, TypingKeepsTheMask) {
     const char* after;
   } cases[] = {
       {kAfternoon, 0, "2", kLast, "2|0:45:59"},  // 25 is no hour
+      {14 * 3600, 0, "2", kLast, "2|0:00:00"},
       {kAfternoon, 0, "0", kLast, "0|5:45:59"},
       {kAfternoon, 0, "233015", kLast, "23:30:15|"},
       {kAfternoon, 0, "2330159", kLast, "23:30:15|"},

@@ -48,12 +48,12 @@ TEST_F(TmyTimeEditTest, ADigitIsOneChangeThatCanBeUndone) {
 }
 
 TEST_F(TmyTimeEditTest, ArrowsGoOverFieldsAndStepThem) {
-  Start(kAfternoon, 0, 8);
+  Start(kAfternoon, 3, 8);
   const struct {
     uint32_t key;
     const char* text;
     int begin;
-  } cases[] = {{VK_LEFT, "15:45:59", 0},  {VK_LEFT, "15:45:59", 0},  {VK_UP, "16:45:59", 0},
+  } cases[] = {{VK_LEFT, "15:45:59", 3},  {VK_LEFT, "15:45:59", 0},  {VK_UP, "16:45:59", 0},
                {VK_RIGHT, "16:45:59", 3}, {VK_DOWN, "16:44:59", 3},  {VK_RIGHT, "16:44:59", 6},
                {VK_UP, "16:45:00", 6},    {VK_RIGHT, "16:45:00", 6}, {VK_PRIOR, "17:45:00", 0}};
   for (const auto& c : cases) {

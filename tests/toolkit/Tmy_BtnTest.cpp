@@ -76,7 +76,7 @@ TEST_F(Tmy_BtnTest, ShowsFocusDefaultAndPress) {
   EXPECT_EQ(Accent(button_), 0);
   button_.SetDefault(true);
   const int asDefault = Accent(button_);
-  EXPECT_GT(asDefault, 4 * button_.Height());
+  EXPECT_GT(asDefault, 3 * (button_.Width() + button_.Height()));  // two pixels around
   Focus(button_);
   EXPECT_GT(Accent(button_), asDefault);
   button_.Enable(false);
