@@ -172,7 +172,7 @@ TmyString TmyString::Repeat(char character, uint32_t count) {
 }
 
 TmyString TmyString::FromDecimal(int64_t value, uint32_t minDigits, uint32_t minWidth) {
-  std::array<char, 20> reversed;
+  std::array<char, 20> reversed{};
   uint32_t digits = 0;
   uint64_t rest = value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
   do {

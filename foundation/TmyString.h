@@ -16,7 +16,8 @@
 class TmyString {
  public:
   TmyString() noexcept;
-  TmyString(const char* text);  // null gives the empty string; implicit, because literals are the common case
+  // Null gives the empty string. Implicit, because literals are the common case.
+  TmyString(const char* text);  // NOLINT(google-explicit-constructor)
   TmyString(const char* text, uint32_t count);
   explicit TmyString(std::string_view text);
   explicit TmyString(const wchar_t* text);  // converted to the ANSI code page

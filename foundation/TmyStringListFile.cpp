@@ -25,7 +25,8 @@ class Handle {
 }  // namespace
 
 bool TmyStringList::LoadFromFile(const TmyString& path) {
-  const TmyString name = path;  // it may be one of our own entries
+  // A copy, because it may be one of our own entries.
+  const TmyString name = path;  // NOLINT(performance-unnecessary-copy-initialization)
   Clear();
   const Handle file(CreateFileA(name.Chars(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) return false;

@@ -2,20 +2,6 @@
 
 #include <utility>
 
-TmyString FrequencyText(int64_t hz) {
-  const bool negative = hz < 0;
-  // The unsigned form has a magnitude even for the lowest number.
-  const uint64_t magnitude = negative ? 0 - static_cast<uint64_t>(hz) : static_cast<uint64_t>(hz);
-  TmyString text = negative ? "-" : "";
-  text += TmyString::FromDecimal(static_cast<int64_t>(magnitude / 1000));
-  auto rest = static_cast<int64_t>(magnitude % 1000);
-  if (rest == 0) return text;
-  uint32_t decimals = 3;
-  for (; rest % 10 == 0; rest /= 10) --decimals;
-  text += '.';
-  return text += TmyString::FromDecimal(rest, decimals);
-}
-
 void HostLink::Connect(HostCallback callback, uint32_t instance) noexcept {
   callback_ = callback;
   instance_ = instance;

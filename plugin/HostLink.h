@@ -6,7 +6,7 @@
 // The host runs inside each call and may close the plug-in there. A link that is not connected drops its calls.
 #pragma once
 
-#include "foundation/TmyString.h"
+#include "foundation/Compiler.h"
 
 // A host's function: (instance, code, a, b, c).
 using HostCallback = uint32_t(__stdcall*)(uint32_t, uint32_t, uint32_t, uint32_t, uint32_t);
@@ -49,9 +49,6 @@ inline constexpr char kProductCaption[] = "Marlux 3";
 [[nodiscard]] constexpr uint32_t ModeOfModulation(char modulation) noexcept {
   return modulation == 'N' ? HostMode::kForN : modulation == 'T' ? HostMode::kForT : HostMode::kOtherwise;
 }
-
-// A frequency as kHz with no more decimals than needed: 9420000 is "9420", 9420505 is "9420.505".
-[[nodiscard]] TmyString FrequencyText(int64_t hz);
 
 class HostLink {
  public:

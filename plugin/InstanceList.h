@@ -7,6 +7,7 @@ class InstanceList;
 
 // What the list knows of a main window. It leaves the process's list by itself when it is destroyed, if it has not done
 // so before.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): the list never destroys, and nobody else does through it
 class PluginInstance {
  public:
   PluginInstance() noexcept = default;

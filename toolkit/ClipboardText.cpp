@@ -30,7 +30,7 @@ TmyString ClipboardText(HWND window) {
   if (!chars) return {};
   // Other programs need not end their text with a zero.
   const size_t room = std::min<size_t>(GlobalSize(data), kMaximum);
-  const TmyString text(chars, static_cast<uint32_t>(strnlen(chars, room)));
+  TmyString text(chars, static_cast<uint32_t>(strnlen(chars, room)));
   GlobalUnlock(data);
   return text;
 }

@@ -1,5 +1,7 @@
 #include "toolkit/FocusOrder.h"
 
+#include "toolkit/TmyApplication.h"
+
 void FocusOrderOf::Collect(TmyComponent& window) {
   const size_t before = stops_.size();
   const TmyList& order = window.FocusOrder();
@@ -34,5 +36,7 @@ void FocusOrderOf::First() const {
 void FocusOrderOf::Go(const Stop& stop) const {
   const TmyWindowBase::Hold hold;
   stop.window->FocusDrawn(stop.drawn);
-  if (stop.window->IsAlive()) stop.window->TakeFocus();
+  if (!stop.window->IsAlive()) return;
+  TmyApplication::Get().RecordFocus(*stop.window);  // or a top-level window would hand the focus on to its last control
+  stop.window->TakeFocus();
 }

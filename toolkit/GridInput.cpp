@@ -160,7 +160,7 @@ bool TmyStringGrid::ActOnCurrent(uint32_t key) {
 bool TmyStringGrid::KeyDown(uint32_t key, LPARAM flags) {
   if ((flags & kAltHeld) != 0) return TmyComponent::KeyDown(key, flags);
   if (key == VK_LEFT || key == VK_RIGHT) {
-    const int64_t step = GridGeometry::kMinWidth * 3;
+    const int64_t step = int64_t{GridGeometry::kMinWidth} * 3;
     horizontal_->ScrollBy(key == VK_LEFT ? -step : step);
     return true;
   }

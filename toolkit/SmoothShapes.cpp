@@ -27,7 +27,7 @@ namespace SmoothShapes {
 
 void Circle(HDC dc, int left, int top, int size, int inset, COLORREF color) {
   const double radius = size * kSub / 2.0 - inset;
-  std::array<POINT, kCorners> points;
+  std::array<POINT, kCorners> points{};
   for (size_t i = 0; i < kCorners; ++i) {
     const double angle = 2 * std::numbers::pi * static_cast<double>(i) / kCorners;
     points[i].x = std::lround(left * kSub + size * kSub / 2.0 + radius * std::cos(angle));
@@ -37,7 +37,7 @@ void Circle(HDC dc, int left, int top, int size, int inset, COLORREF color) {
 }
 
 void CheckMark(HDC dc, int left, int top, int size, COLORREF color) {
-  std::array<POINT, std::size(kCheckMark)> points;
+  std::array<POINT, std::size(kCheckMark)> points{};
   for (size_t i = 0; i < points.size(); ++i) {
     points[i].x = left * kSub + MulDiv(kCheckMark[i].x, size * kSub, kMarkGrid);
     points[i].y = top * kSub + MulDiv(kCheckMark[i].y, size * kSub, kMarkGrid);

@@ -1,6 +1,6 @@
 #include "toolkit/TmyFrequencyEdit.h"
 
-#include "toolkit/FrequencyText.h"
+#include "foundation/FrequencyText.h"
 
 namespace {
 constexpr int64_t kStep = 1000;  // Hz

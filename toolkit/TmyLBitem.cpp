@@ -8,7 +8,7 @@ namespace {
 
 // By the system's ANSI code page, so that accented letters fold, too.
 std::array<char, 256> LowerCaseTable() noexcept {
-  std::array<char, 256> table;
+  std::array<char, 256> table{};
   for (size_t i = 0; i < table.size(); ++i) table[i] = static_cast<char>(i);
   CharLowerBuffA(table.data() + 1, 255);  // not the zero
   return table;

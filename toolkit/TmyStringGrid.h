@@ -23,7 +23,7 @@
 #include "toolkit/myComponents.h"
 
 struct TmyGridColumn {
-  const char* title;  // copied
+  const char* title = "";  // copied
   int32_t width = 0;  // pixels; 0 keeps the width that this column has
   bool right = false;
 };

@@ -156,7 +156,7 @@ class TmyComponent : public TmyWindowBase {
   bool keyPreview_ = false;
   bool parentRealigns_ = false;
   int modalResult_ = 0;
-  COLORREF background_;
-  COLORREF text_;
-  COLORREF disabledText_;
+  COLORREF background_ = 0;
+  COLORREF text_ = 0;
+  COLORREF disabledText_ = 0;
 };

@@ -140,8 +140,8 @@ TEST_F(ComponentTest, DrawnControlsGetTheMouseInTheirOwnCoordinatesUntilItIsRele
   SendMessageA(window_->Handle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(5, 6));
   Release(*window_, 5, 6);
   EXPECT_THAT(events_, ElementsAre("upper down 5,8", "upper move -35,-34", "upper up -35,-34"));
-  events_.clear();
   upper.Show(false);
+  events_.clear();
   Press(*window_, 45, 48);
   Release(*window_, 45, 48);
   EXPECT_THAT(events_, ElementsAre("lower down 45,48", "lower up 45,48"));
@@ -154,19 +154,22 @@ TEST_F(ComponentTest, DrawnControlsGetTheMouseInTheirOwnCoordinatesUntilItIsRele
 
 TEST_F(ComponentTest, TwoReleasesCloseInTimeAndPlaceAreADoubleClick) {
   const int width = GetSystemMetrics(SM_CXDOUBLECLK);
+  const UINT formerTime = GetDoubleClickTime();
+  SetDoubleClickTime(100);
   const struct {
     int dx;
     uint32_t pause;
     size_t doubles;
-  } cases[] = {{0, 0, 1}, {width - 1, 0, 1}, {width, 0, 0}, {-width, 0, 0}, {0, GetDoubleClickTime() + 60, 0}};
+  } cases[] = {{0, 0, 1}, {width - 1, 0, 1}, {width, 0, 0}, {-width, 0, 0}, {0, 160, 0}};
   for (const auto& c : cases) {
-    PumpFor(GetDoubleClickTime() + 60);  // the case before is forgotten
+    PumpFor(160);  // the case before is forgotten
     events_.clear();
     Release(*window_, 60, 60);
     if (c.pause) PumpFor(c.pause);
     Release(*window_, 60 + c.dx, 60);
     EXPECT_EQ(events_.size(), 2 + c.doubles) << c.dx << " px, " << c.pause << " ms";
   }
+  SetDoubleClickTime(formerTime);
 }
 
 TEST_F(ComponentTest, WheelNotchesAreTruncatedTowardsZero) {

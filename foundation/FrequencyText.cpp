@@ -1,4 +1,4 @@
-#include "toolkit/FrequencyText.h"
+#include "foundation/FrequencyText.h"
 
 #include <algorithm>
 #include <limits>
