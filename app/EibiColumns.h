@@ -20,14 +20,14 @@ struct EibiColumnInfo {
 };
 
 inline constexpr std::array<EibiColumnInfo, kEibiColumns> kEibiColumnInfos = {{
-    {"Freq", 78, true},
-    {"Start", 58, true},
-    {"Stop", 58, true},
-    {"Days", 116, false},
-    {"Station", 228, false},
-    {"Language", 90, false},
-    {"Target", 72, false},
-    {"Remarks", 112, false},
+    {"Freq", 72, true},
+    {"Start", 54, true},
+    {"Stop", 54, true},
+    {"Days", 112, false},
+    {"Station", 222, false},
+    {"Language", 84, false},
+    {"Target", 66, false},
+    {"Remarks", 104, false},
     {"ITU", 48, false},
 }};
 

@@ -70,7 +70,7 @@ void FilterPanel::BindEvents() {
   }
   for (TmyEdit* edit : std::initializer_list<TmyEdit*>{first_, second_, from_, to_}) {
     edit->changed.Bind<&FilterPanel::EditChanged>(this);
-    edit->committed.Bind<&FilterPanel::EditChanged>(this);
+    edit->committed.Bind<&FilterPanel::EditCommitted>(this);
   }
   for (const auto& text : texts_) {
     text->box.clicked.Bind<&FilterPanel::BoxClicked>(this);
@@ -218,14 +218,14 @@ void FilterPanel::BoxClicked(Tmy_CheckBox& box) {
   if (&box == &autoTuning_) {
     autoTuningChanged();
   } else {
-    changed();
+    changed(false);
   }
 }
 
 void FilterPanel::OptionClicked(Tmy_OptionButton& option) {
   if (&option == &around_ || &option == &between_) SwitchFrequencies(&option == &around_);
   EnableByBoxes();
-  changed();
+  changed(false);
 }
 
 // Runs at every click, also on the option that was chosen already.
@@ -238,7 +238,12 @@ void FilterPanel::SwitchFrequencies(bool around) {
 }
 
 void FilterPanel::EditChanged(TmyEdit&) {
-  changed();
+  changed(false);
+}
+
+// Comes when a click into the grid takes the focus away: rows that moved now would put another one under the cursor.
+void FilterPanel::EditCommitted(TmyEdit&) {
+  changed(true);
 }
 
 // Who picks a text wants to filter by it.
@@ -246,5 +251,5 @@ void FilterPanel::TextChosen(TmyComboBox2& list) {
   for (const auto& text : texts_) {
     if (text->list == &list) text->box.SetChecked(list.Selection() >= 0);
   }
-  changed();
+  changed(false);
 }

@@ -24,7 +24,8 @@ class FilterPanel : public TmyPanel {
 
   explicit FilterPanel(TmyComponent& parent);
 
-  TmyEvent<> changed;            // something that filters
+  // Something that filters may be another. The flag: only a filter that differs needs a refresh.
+  TmyEvent<bool> changed;
   TmyEvent<> autoTuningChanged;  // by the user
 
   // What the controls ask for; time zone and current time are the caller's to fill in. The texts point into the panel
@@ -70,6 +71,7 @@ class FilterPanel : public TmyPanel {
   void BoxClicked(Tmy_CheckBox& box);
   void OptionClicked(Tmy_OptionButton& option);
   void EditChanged(TmyEdit& edit);
+  void EditCommitted(TmyEdit& edit);
   void TextChosen(TmyComboBox2& list);
   void SwitchFrequencies(bool around);
 

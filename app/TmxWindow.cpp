@@ -152,8 +152,8 @@ void TmxWindow::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
   if (source != &eibi_->Control()) eibi_->Control().MouseWheel(keysAndNotches, source);
 }
 
-void TmxWindow::FilterChanged() {
-  Refresh(false);
+void TmxWindow::FilterChanged(bool changedOnly) {
+  Refresh(changedOnly);
 }
 void TmxWindow::SortChanged() {
   Refresh(true);

@@ -50,7 +50,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   int RunBox(TmyMsgBox& box);
 
   // Panel and grid
-  void FilterChanged();
+  void FilterChanged(bool changedOnly);
   void AutoTuningChanged();
   void RowClicked(uint32_t row);
   void RowMoved(uint32_t row);
