@@ -24,5 +24,5 @@ class TmyCriticalSection : public TmyObject {
   };
 
  private:
-  CRITICAL_SECTION section_;
+  CRITICAL_SECTION section_{};
 };

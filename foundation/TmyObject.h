@@ -21,7 +21,8 @@ class TmyObject {
  private:
   uint32_t tag_ = 0;
   uint32_t stamp_;
-  uint32_t zero_ = 0;  // kept zero: a freed or overwritten object shows in a debugger at once
+  // Kept zero: a freed or overwritten object shows in a debugger at once.
+  uint32_t zero_ = 0;  // NOLINT(clang-diagnostic-unused-private-field)
 };
 
 static_assert(sizeof(void*) != 4 || sizeof(TmyObject) == 16);

@@ -7,7 +7,7 @@
 namespace Trace {
 
 [[nodiscard]] bool IsOn() noexcept;
-void SwitchOn(bool on) noexcept;
+void SwitchOn(bool state) noexcept;
 // One line, printf-style, cut at 1,000 characters.
 void Line(const char* format, ...) noexcept MARLUX_PRINTF(1, 2);
 

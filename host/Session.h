@@ -36,7 +36,7 @@ class Session {
 
   // Each returns false after logging an error.
   bool Load(const std::string& path);
-  bool Start(std::optional<uint32_t> handle = {});  // without one: the lowest that is free
+  bool Start(std::optional<uint32_t> wanted = {});  // without one: the lowest that is free
   // Without a `c` the host block is sent where one belongs.
   bool Notify(uint32_t handle, uint32_t code, uint32_t a = 0, uint32_t b = 0, std::optional<uint32_t> c = {});
   bool Close(uint32_t handle);

@@ -13,7 +13,8 @@ class GdiObject {
   GdiObject(const GdiObject&) = delete;
   GdiObject& operator=(const GdiObject&) = delete;
   ~GdiObject() { DeleteObject(handle_); }
-  operator Handle() const { return handle_; }
+  // Implicit: it stands in calls of the system in place of the plain handle.
+  operator Handle() const { return handle_; }  // NOLINT(google-explicit-constructor)
 
  private:
   Handle handle_;
