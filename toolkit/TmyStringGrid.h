@@ -24,7 +24,7 @@
 
 struct TmyGridColumn {
   const char* title = "";  // copied
-  int32_t width = 0;  // pixels; 0 keeps the width that this column has
+  int32_t width = 0;       // pixels; 0 keeps the width that this column has
   bool right = false;
 };
 
