@@ -1,7 +1,20 @@
 #!/usr/bin/env bash
-# Builds and runs the measurements. Options: --data DIR for a folder with a real eibi.txt.
+# Builds and runs the measurements; one line a figure.
+#   ./bench.sh              on the sample schedule
+#   ./bench.sh --data DIR   on the eibi.txt of a folder of yours, which is only read
+#   --only start|window|schedule   for a part of them
 set -euo pipefail
+data=
+only=()
+while [ $# -gt 0 ]; do
+  case $1 in
+    --data) data=$(cd "${2:?--data needs a folder}" && pwd); shift 2 ;;
+    --only) only=(--only "${2:?--only needs a name}"); shift 2 ;;
+    *) sed -n '2,5s/^# \{0,1\}//p' "$0"; exit 2 ;;
+  esac
+done
 cd "$(dirname "$0")"
 . scripts/common.sh
 ./build.sh
-scripts/with-display.sh scripts/wine-run.sh "$BUILD_DIR/bin/marlux-bench.exe" "$@"
+data=${data:-$BUILD_DIR/samples}
+scripts/with-display.sh scripts/wine-run.sh "$BUILD_DIR/bin/marlux-bench.exe" --data "$data" "${only[@]}"

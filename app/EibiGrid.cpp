@@ -1,8 +1,9 @@
 #include "app/EibiGrid.h"
 
 #include <algorithm>
-#include <set>
 #include <string_view>
+#include <unordered_set>
+#include <vector>
 
 #include "app/EibiFilter.h"
 #include "plugin/HostLink.h"
@@ -37,15 +38,20 @@ TuneTarget EibiGrid::TargetOf(uint32_t row) const {
   return {static_cast<uint32_t>(item.frequency), HostMode::kOtherwise};
 }
 
+// Part of every start: there are many rows and few distinct texts, and often one row's text is that of the row before.
 void EibiGrid::FilterTexts(uint32_t filter, TmyStringList& texts) const {
-  std::set<std::string_view> distinct;
+  std::unordered_set<std::string_view> distinct;
+  std::string_view before;  // the empty text is none
   for (uint32_t i = 0; i < items_->Count(); ++i) {
     const EibiItem& item = *items_->Get(i);
     const char* const fields[] = {item.station, item.language, item.target, item.itu};
-    distinct.insert(fields[filter]);
+    const std::string_view text = fields[filter];
+    if (text != before && !text.empty()) distinct.insert(text);
+    before = text;
   }
-  distinct.erase("");
-  for (const std::string_view text : distinct) texts.Add(TmyString(text));
+  std::vector<std::string_view> sorted(distinct.begin(), distinct.end());
+  std::ranges::sort(sorted);
+  for (const std::string_view text : sorted) texts.Add(TmyString(text));
 }
 
 void EibiGrid::Sort(TmyList& records, uint32_t column, SortDirection direction) {

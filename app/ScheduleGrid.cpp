@@ -44,7 +44,6 @@ void ScheduleGrid::ShowList(const void* current) {
   grid_->RowsChanged();
   const int32_t at = current ? shown_.IndexOf(current) : -1;
   grid_->SetCurrentRow(at >= 0 ? TmyStringGrid::RowOf(static_cast<uint32_t>(at)) : TmyStringGrid::kNoRow, at >= 0);
-  grid_->RepaintRows();
 }
 
 void ScheduleGrid::ClearMarks() {

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "bench/ScheduleText.h"
+
 namespace Bench {
 
 [[nodiscard]] inline double Milliseconds() noexcept {
@@ -42,12 +44,26 @@ inline void PrintMs(const char* what, uint32_t rows, double milliseconds) {
   printf("%-44s %7u rows %10.3f ms\n", what, rows, milliseconds);
 }
 
-// A figure that has an aim: the text says at once whether it is met.
+// Figures that have an aim: the text says at once whether it is met.
+inline const char* Verdict(double figure, double aim) {
+  return figure <= aim ? "ok" : "missed";
+}
+
 inline void PrintRatio(const char* what, uint32_t rows, double ratio, double aim) {
-  printf("%-44s %7u rows %10.2f x   (aim %.1f: %s)\n", what, rows, ratio, aim, ratio <= aim ? "met" : "MISSED");
+  printf("%-44s %7u rows %10.2f x   (aim %.1f: %s)\n", what, rows, ratio, aim, Verdict(ratio, aim));
+}
+
+inline void PrintMs(const char* what, uint32_t rows, double milliseconds, double aim) {
+  printf("%-44s %7u rows %10.3f ms  (aim %.1f: %s)\n", what, rows, milliseconds, aim, Verdict(milliseconds, aim));
+}
+
+inline void PrintMegabytes(const char* what, uint32_t rows, double megabytes) {
+  printf("%-44s %7u rows %10.1f MB\n", what, rows, megabytes);
 }
 
 }  // namespace Bench
 
-// One function a subject; each takes the folder that holds eibi.txt.
-void BenchSchedule(const char* dataFolder);
+// One function a subject; each takes the text of an eibi.txt and its repetition to the most lines that are read.
+void BenchStart(const ScheduleText& schedule);
+void BenchWindow(const ScheduleText& schedule);
+void BenchSchedule(const ScheduleText& schedule);
