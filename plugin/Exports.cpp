@@ -54,6 +54,9 @@ extern "C" void __stdcall zqnPluginDone() {
 
 // At the end of the whole process (`reserved` set) the system has taken the windows already.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* reserved) {
-  if (reason == DLL_PROCESS_DETACH && !reserved) TmyApplication::Shutdown();
+  if (reason == DLL_PROCESS_DETACH && !reserved) {
+    ModulePin::ModuleGoes();
+    TmyApplication::Shutdown();
+  }
   return TRUE;
 }

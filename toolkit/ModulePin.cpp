@@ -4,6 +4,7 @@
 
 int ModulePin::active_ = 0;
 bool ModulePin::isPinned_ = false;
+bool ModulePin::isGoing_ = false;
 
 namespace {
 HMODULE OwnModule(DWORD flags) noexcept {
@@ -15,7 +16,7 @@ HMODULE OwnModule(DWORD flags) noexcept {
 
 ModulePin::ModulePin() noexcept {
   ++active_;
-  if (!isPinned_) isPinned_ = OwnModule(0) != nullptr;
+  if (!isPinned_ && !isGoing_) isPinned_ = OwnModule(0) != nullptr;
 }
 
 void ModulePin::ReleaseUnused() noexcept {

@@ -13,8 +13,11 @@ class ModulePin {
   ModulePin& operator=(const ModulePin&) = delete;
 
   static void ReleaseUnused() noexcept;
+  // The module is being unloaded: a reference taken from now on would leave a dead module in the list of loaded ones.
+  static void ModuleGoes() noexcept { isGoing_ = true; }
 
  private:
   static int active_;     // loops running now
   static bool isPinned_;  // we hold one reference
+  static bool isGoing_;
 };
