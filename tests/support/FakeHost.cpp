@@ -1,0 +1,212 @@
+#include "tests/support/FakeHost.h"
+
+#include <algorithm>
+#include <cstring>
+#include <ostream>
+#include <utility>
+
+namespace {
+
+constexpr DWORD kLate = 5000;  // ms
+FakeHost* theHost = nullptr;   // the callback carries no data of the host's own
+
+std::string ClassOf(HWND window) {
+  char name[64] = "";
+  GetClassNameA(window, name, sizeof name);
+  return name;
+}
+
+BOOL CALLBACK Collect(HWND window, LPARAM to) {
+  reinterpret_cast<std::vector<HWND>*>(to)->push_back(window);
+  return TRUE;
+}
+
+bool IsMainWindow(HWND window) {
+  return TextOf(window) == "Marlux 3" && GetMenu(window);
+}
+
+}  // namespace
+
+std::string TextOf(HWND window) {
+  char text[256] = "";
+  GetWindowTextA(window, text, sizeof text);
+  return text;
+}
+
+void PrintTo(const HostCall& call, std::ostream* out) {
+  *out << std::hex << "(" << call.instance << ", " << call.code << ", " << std::dec << call.a << ", " << call.b << ", "
+       << call.text << ")";
+}
+
+std::vector<uint32_t> HostBlockOfReceiver() {
+  constexpr uint32_t kSize = 400 + 2 * 28;
+  std::vector<uint32_t> block(kSize / 4);
+  const auto base = reinterpret_cast<uint32_t>(block.data());
+  block[0] = kSize;
+  block[76 / 4] = 0x3231;  // the digits "12"
+  for (const uint32_t offset : {172u, 184u, 188u, 196u, 264u, 308u, 316u, 324u, 336u, 360u, 384u}) {
+    block[offset / 4] = base + 392;
+  }
+  block[224 / 4] = base + 392;
+  block[392 / 4] = 9, block[396 / 4] = 30000;  // kHz
+  block[228 / 4] = 2;
+  block[236 / 4] = base + 400;
+  block[400 / 4] = 1, block[428 / 4] = 9;  // mode numbers
+  return block;
+}
+
+FakeHost::FakeHost() {
+  theHost = this;
+  Load();
+}
+
+FakeHost::~FakeHost() {
+  if (timer_) KillTimer(nullptr, timer_);
+  during_.clear();
+  for (const auto& [handle, window] : windows_) Close(handle);
+  Done();
+  Unload();
+  theHost = nullptr;
+}
+
+// The build tells the path as its own system writes it; Wine's drive Z is that system's root.
+std::string FakeHost::ModulePath() {
+  std::string path = MARLUX_MODULE;
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return path[0] == '\\' ? "Z:" + path : path;
+}
+
+bool FakeHost::Load() {
+  if (!module_) module_ = LoadLibraryA(ModulePath().c_str());
+  return module_ != nullptr;
+}
+
+void FakeHost::Unload() {
+  if (module_) FreeLibrary(std::exchange(module_, nullptr));
+}
+
+bool FakeHost::IsModuleInMemory() {
+  return GetModuleHandleA("marlux3.dll") != nullptr;
+}
+
+template <class Function>
+Function FakeHost::Export(const char* name) const {
+  const FARPROC found = module_ ? GetProcAddress(module_, name) : nullptr;
+  Function function = nullptr;
+  static_assert(sizeof function == sizeof found);
+  std::memcpy(&function, &found, sizeof function);
+  return function;
+}
+
+void FakeHost::Init(char* name, uint32_t size) {
+  using Function = uint32_t(__stdcall*)(uint32_t, uint32_t, char*, uint32_t);
+  if (const auto init = Export<Function>("zqnPluginInit")) init(0, 0, name, size);
+}
+
+uint32_t FakeHost::Start(uint32_t handle) {
+  return Start(handle, HostBlockOfReceiver().data());
+}
+
+uint32_t FakeHost::Start(uint32_t handle, const void* block) {
+  using Function = uint32_t(__stdcall*)(uint32_t, uint32_t, decltype(&Callback), const void*);
+  const auto start = Export<Function>("zqnPluginStart");
+  if (!start) return 0;
+  const std::vector<HWND> before = TopWindows();
+  const uint32_t instance = start(handle, 0, &Callback, block);
+  for (const HWND window : TopWindows()) {
+    if (std::find(before.begin(), before.end(), window) != before.end()) continue;
+    if (IsMainWindow(window)) windows_[handle] = window;
+  }
+  return instance;
+}
+
+void FakeHost::Notify(uint32_t handle, uint32_t code, const void* c) {
+  using Function = void(__stdcall*)(uint32_t, uint32_t, uint32_t, uint32_t, const void*);
+  if (const auto notify = Export<Function>("zqnPluginNotify")) notify(handle, code, 0, 0, c);
+}
+
+void FakeHost::Done() {
+  using Function = void(__stdcall*)();
+  if (const auto done = Export<Function>("zqnPluginDone")) done();
+}
+
+uint32_t __stdcall FakeHost::Callback(uint32_t instance, uint32_t code, uint32_t a, uint32_t b, uint32_t c) {
+  const bool isText = code == 0x4000 && c != 0;
+  std::string text = isText ? reinterpret_cast<const char*>(c) : std::to_string(c);
+  theHost->calls_.push_back({instance, code, a, b, std::move(text)});
+  if (const auto found = theHost->during_.find(code); found != theHost->during_.end()) {
+    const auto action = std::move(found->second);
+    theHost->during_.erase(found);
+    action();
+  }
+  return code == 0x4002 && a == 0x800 ? 6005000 : 0;
+}
+
+void FakeHost::During(uint32_t code, std::function<void()> action) {
+  during_[code] = std::move(action);
+}
+
+HWND FakeHost::WindowOf(uint32_t handle) const {
+  const auto found = windows_.find(handle);
+  return found == windows_.end() ? nullptr : found->second;
+}
+
+void FakeHost::DispatchAll() {
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) hasSeenQuit_ = true;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+  }
+}
+
+void FakeHost::PumpFor(DWORD milliseconds) {
+  static_cast<void>(PumpUntil([] { return false; }, milliseconds));
+}
+
+bool FakeHost::PumpUntil(const std::function<bool()>& condition, DWORD milliseconds) {
+  const DWORD begin = GetTickCount();
+  for (;;) {
+    DispatchAll();
+    if (condition()) return true;
+    const DWORD passed = GetTickCount() - begin;
+    if (passed >= milliseconds) return false;
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, std::min<DWORD>(10, milliseconds - passed), QS_ALLINPUT);
+  }
+}
+
+void FakeHost::When(std::function<bool()> condition, std::function<void()> action) {
+  condition_ = std::move(condition);
+  action_ = std::move(action);
+  timerStart_ = GetTickCount();
+  timer_ = SetTimer(nullptr, 0, 20, &Tick);
+}
+
+void CALLBACK FakeHost::Tick(HWND, UINT, UINT_PTR id, DWORD) {
+  if (!theHost || id != theHost->timer_) return;
+  const bool holds = theHost->condition_();
+  if (!holds && GetTickCount() - theHost->timerStart_ < kLate) return;
+  KillTimer(nullptr, std::exchange(theHost->timer_, 0));
+  if (holds) {
+    const auto action = std::move(theHost->action_);
+    action();
+    return;
+  }
+  theHost->wasLate_ = true;
+  EndMenu();
+  for (const HWND window : TopWindows()) PostMessageA(window, WM_CLOSE, 0, 0);
+}
+
+std::vector<HWND> FakeHost::TopWindows(const std::string& classPrefix) {
+  std::vector<HWND> windows;
+  EnumThreadWindows(GetCurrentThreadId(), &Collect, reinterpret_cast<LPARAM>(&windows));
+  std::erase_if(windows, [&](HWND window) { return !ClassOf(window).starts_with(classPrefix); });
+  return windows;
+}
+
+HWND FakeHost::Find(const std::string& caption, const std::string& classPrefix) {
+  for (const HWND window : TopWindows(classPrefix)) {
+    if (IsWindowVisible(window) && TextOf(window) == caption) return window;
+  }
+  return nullptr;
+}

@@ -1,0 +1,94 @@
+// Marlux 3. A host for tests: loads the built module, drives it through its four exports and writes down each callback.
+//
+//   FakeHost host;
+//   host.Start(7);
+//   host.During(0xF00, [&] { host.Close(7); });   // inside that call of the plug-in
+//   SendMessageA(host.WindowOf(7), WM_CLOSE, 0, 0);
+//   host.Calls();
+//
+// One at a time, on one thread. The destructor closes what is open and unloads the module.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+struct HostCall {
+  uint32_t instance = 0, code = 0, a = 0, b = 0;
+  std::string text;  // what c points to where that is a text, else c as a number
+
+  bool operator==(const HostCall&) const = default;
+};
+void PrintTo(const HostCall& call, std::ostream* out);
+
+// A block as a host hands it over: size first, pointers into itself, a frequency range, two modes.
+[[nodiscard]] std::vector<uint32_t> HostBlockOfReceiver();
+
+class FakeHost {
+ public:
+  static constexpr char kClassPrefix[] = "TmyComponent ";
+
+  FakeHost();
+  ~FakeHost();
+  FakeHost(const FakeHost&) = delete;
+  FakeHost& operator=(const FakeHost&) = delete;
+
+  [[nodiscard]] static std::string ModulePath();
+  bool Load();
+  void Unload();  // without closing anything first
+  [[nodiscard]] static bool IsModuleInMemory();
+
+  void Init(char* name, uint32_t size);
+  // Returns the instance. Without a block the receiver's one is used.
+  uint32_t Start(uint32_t handle);
+  uint32_t Start(uint32_t handle, const void* block);
+  void Notify(uint32_t handle, uint32_t code, const void* c = nullptr);
+  void Close(uint32_t handle) { Notify(handle, 0x4000); }
+  void Done();
+
+  // All since the last Clear, in order.
+  [[nodiscard]] const std::vector<HostCall>& Calls() const { return calls_; }
+  void Clear() { calls_.clear(); }
+  void During(uint32_t code, std::function<void()> action);  // once, at the next call with this code
+  // The main window that came with Start; the handle stays when the window is gone.
+  [[nodiscard]] HWND WindowOf(uint32_t handle) const;
+
+  // Runs the host's loop. A WM_QUIT in it is remembered, not obeyed.
+  void PumpFor(DWORD milliseconds);
+  // True as soon as the condition holds, false when it does not in time.
+  bool PumpUntil(const std::function<bool()>& condition, DWORD milliseconds = 3000);
+  [[nodiscard]] bool HasSeenQuit() const { return hasSeenQuit_; }
+  // Runs the action from a timer once the condition holds, so also inside the plug-in's own loops. When it never does,
+  // all menus and windows are closed instead, so that the test goes on, and WasLate says so.
+  void When(std::function<bool()> condition, std::function<void()> action);
+  [[nodiscard]] bool WasLate() const { return wasLate_; }
+
+  // The thread's top-level windows whose class begins so; hidden ones too.
+  [[nodiscard]] static std::vector<HWND> TopWindows(const std::string& classPrefix = kClassPrefix);
+  // A visible one with this caption, or null.
+  [[nodiscard]] static HWND Find(const std::string& caption, const std::string& classPrefix = kClassPrefix);
+
+ private:
+  static uint32_t __stdcall Callback(uint32_t instance, uint32_t code, uint32_t a, uint32_t b, uint32_t c);
+  static void CALLBACK Tick(HWND window, UINT message, UINT_PTR id, DWORD time);
+  void DispatchAll();
+  template <class Function>
+  [[nodiscard]] Function Export(const char* name) const;
+
+  HMODULE module_ = nullptr;
+  std::vector<HostCall> calls_;
+  std::map<uint32_t, std::function<void()>> during_;
+  std::map<uint32_t, HWND> windows_;
+  std::function<bool()> condition_;
+  std::function<void()> action_;
+  UINT_PTR timer_ = 0;
+  DWORD timerStart_ = 0;
+  bool hasSeenQuit_ = false;
+  bool wasLate_ = false;
+};
+
+[[nodiscard]] std::string TextOf(HWND window);

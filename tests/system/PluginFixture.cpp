@@ -1,0 +1,144 @@
+#include "tests/system/PluginFixture.h"
+
+#include <filesystem>
+
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+// A crash ends the program at once and says where; no debugger, no box that waits for somebody.
+LONG WINAPI ReportCrash(EXCEPTION_POINTERS* what) {
+  const EXCEPTION_RECORD& record = *what->ExceptionRecord;
+  std::fprintf(stderr, "crash 0x%lx at %p\n", record.ExceptionCode, record.ExceptionAddress);
+  std::fflush(nullptr);
+  TerminateProcess(GetCurrentProcess(), 3);
+  return EXCEPTION_EXECUTE_HANDLER;
+}
+
+}  // namespace
+
+PluginFixture::PluginFixture() {
+  SetUnhandledExceptionFilter(&ReportCrash);
+  std::filesystem::create_directories(documents_.DataFolder());
+  WriteSchedule(ThreeBroadcasts());
+}
+
+void PluginFixture::WriteSchedule(const std::string& content) {
+  ASSERT_TRUE(WriteFileBytes(DataFile(), content));
+}
+
+std::string PluginFixture::Header() {
+  std::string header;
+  for (int i = 0; i < 17; ++i) header += "header\r\n";
+  return header;
+}
+
+std::string PluginFixture::Line(const std::string& khz, const std::string& station) {
+  char line[128];
+  std::snprintf(line, sizeof line, "%-14s%-10s%-6s%-4s%-25s%-4s%-12s\r\n", khz.c_str(), "0000-2400", "", "D",
+                station.c_str(), "E", "Eu");
+  return line;
+}
+
+std::string PluginFixture::ThreeBroadcasts() {
+  return Header() + Line("9420", "Middle") + Line("6005", "Low") + Line("15770.5", "High");
+}
+
+HWND PluginFixture::StartPlugin(uint32_t handle) {
+  EXPECT_NE(host_.Start(handle), 0u);
+  const HWND window = host_.WindowOf(handle);
+  EXPECT_TRUE(IsWindowVisible(window));
+  host_.PumpFor(0);
+  UpdateWindow(window);
+  host_.Clear();
+  return window;
+}
+
+// The grid takes the room that panel and strip leave; the strip is the child with a text.
+HWND PluginFixture::Grid(HWND window) {
+  HWND largest = nullptr;
+  LONG area = 0;
+  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    RECT place;
+    GetClientRect(child, &place);
+    if (place.right * place.bottom > area) largest = child, area = place.right * place.bottom;
+  }
+  return largest;
+}
+
+HWND PluginFixture::Panel(HWND window) {
+  const POINT inside = {1, 1};
+  return ChildWindowFromPoint(window, inside);
+}
+
+std::string PluginFixture::Counts(HWND window) {
+  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (TextOf(child).ends_with(" broadcasts")) return TextOf(child);
+  }
+  return "";
+}
+
+void PluginFixture::Key(HWND window, WPARAM key, LPARAM flags) {
+  PostMessageA(window, WM_KEYDOWN, key, flags);
+  host_.PumpFor(0);
+}
+
+void PluginFixture::Click(HWND window, int x, int y, int times) {
+  for (; times > 0; --times) {
+    PostMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    PostMessageA(window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+  }
+  host_.PumpFor(0);
+}
+
+uint32_t PluginFixture::DoubleClickLastRow(HWND grid) {
+  host_.Clear();
+  for (int y = 200; y > 40 && host_.Calls().empty(); y -= 6) Click(grid, 20, y, 2);
+  const std::vector<uint32_t> tuned = TunedFrequencies();
+  return tuned.empty() ? 0 : tuned.front();
+}
+
+void PluginFixture::SwitchAutoTuning(HWND window) {
+  SetFocus(Grid(window));
+  KeyWhereTheFocusIs(VK_TAB);
+  EXPECT_EQ(GetFocus(), Panel(window));
+  KeyWhereTheFocusIs(VK_TAB);
+  KeyWhereTheFocusIs(VK_SPACE);
+  SetFocus(Grid(window));
+}
+
+void PluginFixture::Choose(HWND window, const std::string& item) {
+  for (const MenuEntry& entry : Entries(GetMenu(window))) {
+    if (entry.text == item && entry.id != static_cast<UINT>(-1)) PostMessageA(window, WM_COMMAND, entry.id, 0);
+  }
+  host_.PumpFor(0);
+}
+
+std::vector<uint32_t> PluginFixture::Codes() const {
+  std::vector<uint32_t> codes;
+  for (const HostCall& call : host_.Calls()) codes.push_back(call.code);
+  return codes;
+}
+
+std::vector<uint32_t> PluginFixture::TunedFrequencies() const {
+  std::vector<uint32_t> frequencies;
+  for (const HostCall& call : host_.Calls()) {
+    if (call.code == 0x800) frequencies.push_back(call.a);
+  }
+  return frequencies;
+}
+
+std::vector<MenuEntry> Entries(HMENU menu) {
+  std::vector<MenuEntry> entries;
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+    char text[128] = "";
+    GetMenuStringA(menu, static_cast<UINT>(i), text, sizeof text, MF_BYPOSITION);
+    const UINT state = GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION);
+    entries.push_back(
+        {text, (state & (MF_GRAYED | MF_DISABLED)) == 0, (state & MF_CHECKED) != 0, GetMenuItemID(menu, i)});
+    if (const HMENU below = GetSubMenu(menu, i)) {
+      for (MenuEntry& entry : Entries(below)) entries.push_back(std::move(entry));
+    }
+  }
+  return entries;
+}

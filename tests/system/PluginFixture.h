@@ -1,0 +1,49 @@
+// Marlux 3. What the tests of the whole plug-in share: a schedule of the test's own, a host, and what a user does.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include "tests/support/FakeHost.h"
+#include "tests/support/FreshDocumentsFolder.h"
+
+class PluginFixture : public testing::Test {
+ protected:
+  PluginFixture();
+
+  void WriteSchedule(const std::string& content);
+  // Header lines, then one broadcast each: 9420, 6005 and 15770.5 kHz, in this order.
+  static std::string ThreeBroadcasts();
+  static std::string Header();  // 17 lines
+  static std::string Line(const std::string& khz, const std::string& station);
+
+  // Starts an instance and waits until it has painted.
+  HWND StartPlugin(uint32_t handle = 7);
+  [[nodiscard]] static HWND Grid(HWND window);
+  [[nodiscard]] static HWND Panel(HWND window);
+  [[nodiscard]] static std::string Counts(HWND window);  // of the strip below the grid
+
+  void Key(HWND window, WPARAM key, LPARAM flags = 1);
+  void KeyWhereTheFocusIs(WPARAM key) { Key(GetFocus(), key); }
+  void Click(HWND window, int x, int y, int times = 1);
+  // Double clicks from below upwards until a row tunes the host; the frequency, 0 when none did.
+  uint32_t DoubleClickLastRow(HWND grid);
+  // The panel's second stop, behind the choice of the database; the grid comes before the panel.
+  void SwitchAutoTuning(HWND window);
+  void Choose(HWND window, const std::string& item);  // from the menu bar, "&" included
+  void OpenAbout(HWND window) { Choose(window, "&About"); }
+
+  [[nodiscard]] std::vector<uint32_t> Codes() const;
+  [[nodiscard]] std::vector<uint32_t> TunedFrequencies() const;
+  [[nodiscard]] std::string DataFile() const { return documents_.DataFolder() + "\\eibi.txt"; }
+
+  FreshDocumentsFolder documents_;
+  FakeHost host_;
+};
+
+struct MenuEntry {
+  std::string text;
+  bool isEnabled, isChecked;
+  UINT id;
+};
+// All entries with those of their submenus behind them, in the order in which they are seen.
+[[nodiscard]] std::vector<MenuEntry> Entries(HMENU menu);
