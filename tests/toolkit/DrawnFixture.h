@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <memory>
 
 #include "tests/toolkit/InputWindow.h"
@@ -31,24 +33,37 @@ class DrawnFixture : public testing::Test {
     EXPECT_TRUE(control.HasFocus()) << "no focus: is there a display?";
   }
 
-  // How many pixels of the control, with what is drawn around it, have a colour.
-  int Pixels(const TmyControl& control, COLORREF color) const {
+  // Shows each pixel of the control, with what is drawn around it, to `see`.
+  template <class See>
+  void ForPixels(const TmyControl& control, See see) const {
     const HDC screen = GetDC(nullptr);
     const HDC dc = CreateCompatibleDC(screen);
     const BitmapHandle bitmap(CreateCompatibleBitmap(screen, 640, 480));
     ReleaseDC(nullptr, screen);
-    int count = 0;
     {
       const Selected selected(dc, bitmap.get());
       SendMessageA(window_->Handle(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
       SendMessageA(window_->Handle(), WM_PAINT, reinterpret_cast<WPARAM>(dc), 0);
       const RECT& place = control.Bounds();
       for (int y = place.top; y < place.bottom; ++y) {
-        for (int x = place.left; x < place.right; ++x) count += GetPixel(dc, x, y) == color ? 1 : 0;
+        for (int x = place.left; x < place.right; ++x) see(GetPixel(dc, x, y));
       }
     }
     DeleteDC(dc);
+  }
+  // How many pixels have a colour.
+  int Pixels(const TmyControl& control, COLORREF color) const {
+    int count = 0;
+    ForPixels(control, [&](COLORREF pixel) { count += pixel == color ? 1 : 0; });
     return count;
+  }
+  // How far the text stands out from the window's background, 0 for nothing drawn. Smooth text has its own colour at
+  // hardly any pixel, and in which font is the machine's choice.
+  int Contrast(const TmyControl& control) const {
+    const int background = GetGValue(window_->BackgroundColor());
+    int most = 0;
+    ForPixels(control, [&](COLORREF pixel) { most = std::max(most, std::abs(GetGValue(pixel) - background)); });
+    return most;
   }
   int Accent(const TmyControl& control) const { return Pixels(control, TmyApplication::Get().Theme().Color().accent); }
 

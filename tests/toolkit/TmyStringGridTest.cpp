@@ -117,8 +117,10 @@ TEST_F(StringGridTest, ActivatesAtAPlainDoubleClickOnARow) {
 
 TEST_F(StringGridTest, ARowCutAtTheBottomStaysUnderTheSecondClick) {
   Fill(100);
-  const uint32_t cut = TmyStringGrid::RowOf(GridGeometry::ShownRecords(grid_->Layout()).end - 1);
-  ASSERT_GT(cut, GridGeometry::FullRecords(grid_->Layout()));
+  const GridGeometry::Layout& layout = grid_->Layout();
+  grid_->SetBounds(0, 0, 400, layout.titleHeight + 5 * layout.rowHeight + layout.rowHeight / 2);
+  const uint32_t cut = TmyStringGrid::RowOf(GridGeometry::ShownRecords(layout).end - 1);
+  ASSERT_GT(cut, GridGeometry::FullRecords(layout));
   Input::Click(*grid_, 10, RowY(cut));
   Input::Click(*grid_, 10, RowY(cut));
   EXPECT_EQ(Events().back(), "activated " + std::to_string(cut));
