@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "toolkit/TmyApplication.h"
+
 int ModulePin::active_ = 0;
 bool ModulePin::isPinned_ = false;
 bool ModulePin::isGoing_ = false;
@@ -20,7 +22,8 @@ ModulePin::ModulePin() noexcept {
 }
 
 void ModulePin::ReleaseUnused() noexcept {
-  if (active_ != 0 || !isPinned_) return;
+  const bool isOnStack = TmyApplication::Exists() && TmyApplication::Get().IsDispatching();
+  if (active_ != 0 || !isPinned_ || isOnStack) return;
   isPinned_ = false;
   FreeLibrary(OwnModule(GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT));
 }

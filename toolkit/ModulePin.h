@@ -2,7 +2,8 @@
 // module from inside such a loop, and the loop has to return into it.
 //
 // The last pin does not give its reference back itself, for then it could unload the code that it returns to. Whoever
-// is called by the host calls ReleaseUnused: a host that calls in holds a reference of its own at that moment.
+// is called by the host calls ReleaseUnused: a host that calls in holds a reference of its own at that moment. It does
+// nothing inside a message to a window of ours: the host may have closed the plug-in there and unload it next.
 #pragma once
 
 class ModulePin {

@@ -63,6 +63,7 @@ class TmyApplication {
   // Destroyed windows' objects are deleted when the outermost message has returned.
   void EnterDispatch() noexcept { ++dispatchDepth_; }
   void LeaveDispatch();
+  [[nodiscard]] bool IsDispatching() const noexcept { return dispatchDepth_ > 0; }  // code of ours is on the stack
   void Bury(TmyWindowBase& window) { graveyard_.Add(&window); }
 
   void ShowToolTip(const TmyControl& control, const char* text);  // at the cursor, until HideToolTip or some seconds
