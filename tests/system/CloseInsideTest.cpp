@@ -1,4 +1,6 @@
 // The host closes the plug-in, or unloads its library, while code of the plug-in is on the stack.
+#include <algorithm>
+
 #include "tests/system/PluginFixture.h"
 
 using testing::ElementsAre;
@@ -109,6 +111,15 @@ TEST_F(CloseInside, TuningByMouseAndByTimer) {
   ExpectFreshStart();
 }
 
+TEST_F(CloseInside, TuningWithTheLibraryGoing) {
+  const HWND window = StartPlugin();
+  Key(Grid(window), VK_HOME);
+  host_.During(0xF00, [this] { CloseAndUnload(); });
+  Key(Grid(window), VK_RETURN);
+  EXPECT_THAT(Codes(), ElementsAre(0x800u, 0x900u, 0xF00u, 0x1509u, 0x4000u));
+  ExpectFreshStart();
+}
+
 TEST_F(CloseInside, ASecondInstanceGoesWithTheFirst) {
   const HWND seven = StartPlugin(7), nine = StartPlugin(9);
   host_.During(0x1509, [&] { host_.Close(9); });
@@ -135,6 +146,29 @@ TEST_F(CloseInside, AboutBoxWithASecondInstanceThatStays) {
   EXPECT_TRUE(IsWindowEnabled(other));
   EXPECT_EQ(Counts(other), "3 of 3 broadcasts");
   host_.Close(9);
+  ExpectFreshStart();
+}
+
+// The loop of the second box runs inside that of the first one, which goes first.
+TEST_F(CloseInside, OuterOfTwoAboutBoxes) {
+  const HWND seven = StartPlugin(7), nine = StartPlugin(9);
+  const auto boxes = [] {
+    const std::vector<HWND> windows = FakeHost::TopWindows();
+    return std::count_if(windows.begin(), windows.end(), [](HWND window) { return TextOf(window) == "About"; });
+  };
+  host_.When([&] { return boxes() == 1; },
+             [&] {
+               host_.When([&] { return boxes() == 2; },
+                          [&] {
+                            host_.Close(7);
+                            EXPECT_EQ(boxes(), 1);
+                            host_.Close(9);
+                          });
+               OpenAbout(nine);
+             });
+  OpenAbout(seven);
+  EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() == 4 || host_.WasLate(); }, 8000));
+  EXPECT_EQ(boxes(), 0);
   ExpectFreshStart();
 }
 
@@ -169,7 +203,10 @@ TEST_F(CloseInside, DropDownListWithTheLibraryGoing) {
 
 TEST_F(CloseInside, UnloadInsideTheLastCall) {
   const HWND window = StartPlugin();
-  host_.During(0x4000, [this] { host_.Unload(); });
+  host_.During(0x4000, [this] {
+    host_.Done();
+    host_.Unload();
+  });
   PostMessageA(window, WM_CLOSE, 0, 0);
   EXPECT_TRUE(host_.PumpUntil([&] { return !IsWindow(window); }));
   ExpectFreshStart();

@@ -165,6 +165,7 @@ TEST_F(Schedule, AutoTuningWaitsForTheKeyboardToRest) {
 TEST_F(Schedule, AutoTuningFollowsAClickAtOnce) {
   const HWND window = StartPlugin();
   SwitchAutoTuning(window);
+  Key(Grid(window), VK_HOME);  // the click takes its place
   for (int y = 200; y > 40 && host_.Calls().empty(); y -= 6) Click(Grid(window), 20, y);
   EXPECT_THAT(TunedFrequencies(), ElementsAre(15770500u));
   host_.PumpFor(500);
