@@ -182,6 +182,37 @@ TEST_F(CloseInside, ContextMenuWithTheLibraryGoing) {
   ExpectFreshStart();
 }
 
+// Windows that are still open keep the module until the host, loaded anew, closes them.
+TEST_F(CloseInside, LoopsOutliveAnUnloadWithoutAClose) {
+  for (const bool inMenu : {false, true}) {
+    SCOPED_TRACE(inMenu);
+    const HWND window = StartPlugin();
+    Key(Grid(window), VK_HOME);
+    bool isDone = false;
+    host_.When([&] { return (inMenu ? FakeHost::Find("", "#32768") : FakeHost::Find("About")) != nullptr; },
+               [&] {
+                 host_.Unload();
+                 inMenu ? SendMessageA(window, WM_CANCELMODE, 0, 0)
+                        : SendMessageA(FakeHost::Find("About"), WM_CLOSE, 0, 0);
+                 isDone = true;
+               });
+    if (inMenu) {
+      PostMessageA(Grid(window), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Grid(window)), -1);
+    } else {
+      OpenAbout(window);
+    }
+    EXPECT_TRUE(host_.PumpUntil([&] { return isDone || host_.WasLate(); }, 8000));
+    host_.PumpFor(20);
+    EXPECT_TRUE(IsWindowEnabled(window));
+    ASSERT_TRUE(host_.Load());
+    EXPECT_THAT(host_.Calls(), IsEmpty());
+    host_.Close(7);
+    EXPECT_FALSE(IsWindow(window));
+    ExpectFreshStart();
+    ASSERT_TRUE(host_.Load());
+  }
+}
+
 TEST_F(CloseInside, DropDownList) {
   const HWND window = StartPlugin();
   const HWND list = OpenDropDown(window);

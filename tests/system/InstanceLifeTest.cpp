@@ -53,6 +53,11 @@ TEST_F(InstanceLife, ToldToTheHostFromStartToEnd) {
     void (*close)(FakeHost& host, HWND window);
   } const kWays[] = {
       {"host", [](FakeHost& host, HWND) { host.Close(7); }},
+      {"host, once more inside the call that tells it",
+       [](FakeHost& host, HWND) {
+         host.During(0x1509, [&host] { host.Close(7); });
+         host.Close(7);
+       }},
       {"close box", [](FakeHost&, HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }},
       {"message", [](FakeHost&, HWND window) { SendMessageA(window, WM_CLOSE, 0, 0); }},
   };
