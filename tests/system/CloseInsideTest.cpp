@@ -8,6 +8,9 @@ using testing::IsEmpty;
 
 namespace {
 
+enum class Loop { kAbout, kMenu };
+constexpr Loop kLoops[] = {Loop::kAbout, Loop::kMenu};
+
 class CloseInside : public PluginFixture {
  protected:
   void CloseAndUnload() {
@@ -30,36 +33,29 @@ class CloseInside : public PluginFixture {
     CloseAndUnload();
     EXPECT_FALSE(FakeHost::IsModuleInMemory());
     EXPECT_THAT(FakeHost::TopWindows(), IsEmpty());
+    ASSERT_TRUE(host_.Load());
   }
-  // Does it while the About box's loop runs.
-  void InsideAbout(const std::function<void()>& action) {
-    const HWND window = StartPlugin();
-    bool isDone = false;
-    host_.When([] { return FakeHost::Find("About") != nullptr; },
-               [&] {
-                 EXPECT_FALSE(IsWindowEnabled(window));
-                 action();
-                 isDone = true;
-               });
-    OpenAbout(window);
-    EXPECT_TRUE(host_.PumpUntil([&] { return isDone || host_.WasLate(); }, 8000));
-    EXPECT_EQ(FakeHost::Find("About"), nullptr);
-    EXPECT_FALSE(IsWindow(window));
-    EXPECT_THAT(Codes(), ElementsAre(0x1509u, 0x4000u));
+  static HWND LoopWindow(Loop loop) {
+    return loop == Loop::kMenu ? FakeHost::Find("", "#32768") : FakeHost::Find("About");
   }
-  // Does it while the grid's menu is open.
-  void InsideContextMenu(const std::function<void()>& action) {
-    const HWND window = StartPlugin();
+  // Does it while the box's or the menu's loop runs, which has to end by that.
+  void InsideLoop(Loop loop, HWND window, const std::function<void()>& action) {
     Key(Grid(window), VK_HOME);
     bool isDone = false;
-    host_.When([] { return FakeHost::Find("", "#32768") != nullptr; },
+    host_.When([=] { return LoopWindow(loop) != nullptr; },
                [&] {
+                 EXPECT_EQ(IsWindowEnabled(window) != FALSE, loop == Loop::kMenu);
                  action();
                  isDone = true;
                });
-    PostMessageA(Grid(window), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Grid(window)), -1);
-    EXPECT_TRUE(host_.PumpUntil([&] { return isDone || host_.WasLate(); }, 8000));
-    EXPECT_TRUE(host_.PumpUntil([] { return !FakeHost::Find("", "#32768"); }));
+    if (loop == Loop::kMenu) {
+      PostMessageA(Grid(window), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Grid(window)), -1);
+    } else {
+      OpenAbout(window);
+    }
+    EXPECT_TRUE(host_.PumpUntil([&] { return (isDone && !LoopWindow(loop)) || host_.WasLate(); }, 8000));
+  }
+  void ExpectFarewellOf(HWND window) {
     EXPECT_FALSE(IsWindow(window));
     EXPECT_THAT(Codes(), ElementsAre(0x1509u, 0x4000u));
   }
@@ -130,19 +126,22 @@ TEST_F(CloseInside, ASecondInstanceGoesWithTheFirst) {
   ExpectFreshStart();
 }
 
-TEST_F(CloseInside, AboutBox) {
-  InsideAbout([this] { host_.Close(7); });
-  ExpectFreshStart();
+TEST_F(CloseInside, LoopsOfBoxAndMenu) {
+  for (const Loop loop : kLoops) {
+    for (const bool unload : {false, true}) {
+      SCOPED_TRACE(std::string(loop == Loop::kMenu ? "menu" : "box") + (unload ? ", unload" : ""));
+      const HWND window = StartPlugin();
+      InsideLoop(loop, window, [&] { unload ? CloseAndUnload() : host_.Close(7); });
+      ExpectFarewellOf(window);
+      ExpectFreshStart();
+    }
+  }
 }
 
-TEST_F(CloseInside, AboutBoxWithTheLibraryGoing) {
-  InsideAbout([this] { CloseAndUnload(); });
-  ExpectFreshStart();
-}
-
-TEST_F(CloseInside, AboutBoxWithASecondInstanceThatStays) {
-  const HWND other = StartPlugin(9);
-  InsideAbout([this] { host_.Close(7); });
+TEST_F(CloseInside, LoopWithASecondInstanceThatStays) {
+  const HWND other = StartPlugin(9), window = StartPlugin(7);
+  InsideLoop(Loop::kAbout, window, [this] { host_.Close(7); });
+  ExpectFarewellOf(window);
   EXPECT_TRUE(IsWindowEnabled(other));
   EXPECT_EQ(Counts(other), "3 of 3 broadcasts");
   host_.Close(9);
@@ -172,44 +171,23 @@ TEST_F(CloseInside, OuterOfTwoAboutBoxes) {
   ExpectFreshStart();
 }
 
-TEST_F(CloseInside, ContextMenu) {
-  InsideContextMenu([this] { host_.Close(7); });
-  ExpectFreshStart();
-}
-
-TEST_F(CloseInside, ContextMenuWithTheLibraryGoing) {
-  InsideContextMenu([this] { CloseAndUnload(); });
-  ExpectFreshStart();
-}
-
 // Windows that are still open keep the module until the host, loaded anew, closes them.
 TEST_F(CloseInside, LoopsOutliveAnUnloadWithoutAClose) {
-  for (const bool inMenu : {false, true}) {
-    SCOPED_TRACE(inMenu);
+  for (const Loop loop : kLoops) {
+    SCOPED_TRACE(loop == Loop::kMenu ? "menu" : "box");
     const HWND window = StartPlugin();
-    Key(Grid(window), VK_HOME);
-    bool isDone = false;
-    host_.When([&] { return (inMenu ? FakeHost::Find("", "#32768") : FakeHost::Find("About")) != nullptr; },
-               [&] {
-                 host_.Unload();
-                 inMenu ? SendMessageA(window, WM_CANCELMODE, 0, 0)
-                        : SendMessageA(FakeHost::Find("About"), WM_CLOSE, 0, 0);
-                 isDone = true;
-               });
-    if (inMenu) {
-      PostMessageA(Grid(window), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Grid(window)), -1);
-    } else {
-      OpenAbout(window);
-    }
-    EXPECT_TRUE(host_.PumpUntil([&] { return isDone || host_.WasLate(); }, 8000));
+    InsideLoop(loop, window, [&] {
+      host_.Unload();
+      SendMessageA(loop == Loop::kMenu ? window : LoopWindow(loop), loop == Loop::kMenu ? WM_CANCELMODE : WM_CLOSE, 0,
+                   0);
+    });
     host_.PumpFor(20);
     EXPECT_TRUE(IsWindowEnabled(window));
-    ASSERT_TRUE(host_.Load());
     EXPECT_THAT(host_.Calls(), IsEmpty());
-    host_.Close(7);
-    EXPECT_FALSE(IsWindow(window));
-    ExpectFreshStart();
     ASSERT_TRUE(host_.Load());
+    host_.Close(7);
+    ExpectFarewellOf(window);
+    ExpectFreshStart();
   }
 }
 
