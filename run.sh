@@ -16,18 +16,29 @@ cd "$(dirname "$0")"
 . scripts/common.sh
 ./build.sh
 
-data=${data:-$BUILD_DIR/samples}
-[ -e "$data/eibi.txt" ] || say "note: no eibi.txt in $data"
-(
+# A display that is named but does not answer is none.
+has_display() { [ -n "${DISPLAY:-}" ] && xprop -root _NET_SUPPORTED >/dev/null 2>&1; }
+
+# The user's schedule replaces the plug-in's copy; the sample only stands in where there is none yet.
+put_data() (
   use_own_wine
-  documents=$(documents_folder)/Corvane/Marlux3
-  mkdir -p "$documents"
-  rm -f "$documents"/eibi.txt "$documents"/*.zip
-  for file in "$data"/eibi.txt "$data"/*.zip; do
-    [ ! -e "$file" ] || cp "$file" "$documents/"
-  done
+  to=$(documents_folder)/Corvane/Marlux3
+  mkdir -p "$to"
+  [ -z "$data" ] || [ -e "$data/eibi.txt" ] || say "note: no eibi.txt in $data"
+  if [ -z "$data" ]; then
+    [ -e "$to/eibi.txt" ] || cp "$BUILD_DIR/samples/eibi.txt" "$to/"
+  elif [ ! "$data" -ef "$to" ]; then
+    for file in "$data"/eibi.txt "$data"/*.zip; do
+      [ ! -e "$file" ] || cp "$file" "$to/"
+    done
+  fi
 )
-if [ -n "${DISPLAY:-}" ]; then
+
+if has_display; then
+  put_data
   exec scripts/wine-run.sh "$BUILD_DIR/bin/marlux-host.exe" --dll "$BUILD_DIR/bin/marlux3.dll"
 fi
-scripts/with-display.sh scripts/tour.sh
+use_headless_wine
+(use_own_wine && rm -rf "$(documents_folder)/Corvane")
+put_data
+MARLUX_SCREEN=1000x720x24 scripts/with-display.sh scripts/tour.sh

@@ -17,3 +17,14 @@ use_own_wine() {
 
 # Where the programs in our prefix find the user's documents.
 documents_folder() { printf '%s\n' "$WINEPREFIX/drive_c/users/${USER:-$(id -un)}/Documents"; }
+
+# Programs without a screen of the user's run in a prefix beside the first one: ending their desktop must not end a host
+# that the user has open.
+use_headless_wine() {
+  export MARLUX_WINE=${MARLUX_WINE:-$BUILD_DIR/wine-headless}
+  local source=$BUILD_DIR/wine/prefix stamp=$MARLUX_WINE/prefix/.ready
+  cmp -s "$source/.ready" "$stamp" && return 0
+  rm -rf "$MARLUX_WINE/prefix"
+  mkdir -p "$MARLUX_WINE"
+  cp -a "$source" "$MARLUX_WINE/prefix"
+}

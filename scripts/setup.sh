@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 # What the cross build, the tests and the screenshots need, all from the distribution.
 PACKAGES=(
   g++-mingw-w64-i686-posix libz-mingw-w64-dev cmake ninja-build
-  googletest python3 clang-format clang-tidy
+  googletest python3 xz-utils clang-format clang-tidy
   xvfb xdotool openbox imagemagick fonts-open-sans x11-utils
 )
 # Both architectures of Wine must come out of one release, or their shared libraries differ in version.
@@ -17,6 +17,7 @@ WINE_PACKAGES=(wine wine32:i386)
 
 # minizip: the distribution's source package, compiled here with the cross compiler.
 MINIZIP_FILE=minizip_1.1.orig.tar.xz
+MINIZIP_DIR=$BUILD_DIR/third_party/minizip
 MINIZIP_SHA256=7d8da446d3b6799e7851f077a66551a46b80fc3de708549e79dbd3e49e842ba1
 
 as_root() { if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi; }
@@ -29,6 +30,8 @@ missing_of() {
 }
 
 apt_get() { as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y "$@" >>"$SETUP_LOG" 2>&1; }
+# The same as the user, in places of our own only.
+apt_get_unprivileged() { apt-get -q -y "$@" >>"$SETUP_LOG" 2>&1; }
 
 # A stale index of one source makes this fail while all others are fresh: the installs decide.
 apt_update() { apt_get update || say "apt-get update reported a problem; going on (see $SETUP_LOG)"; }
@@ -68,22 +71,23 @@ checksum_holds() { [ -e "$1" ] && echo "$2  $1" | sha256sum --check --status; }
 
 fetch_minizip() {
   local file=$CACHE_DIR/$MINIZIP_FILE lists=$BUILD_DIR/setup/apt options
+  [ -e "$MINIZIP_DIR/.unpacked" ] && return 0
   checksum_holds "$file" "$MINIZIP_SHA256" && return 0
   say "fetching the minizip source"
   private_source_lists "$lists"
-  options=(-o "Dir::Etc::sourcelist=/dev/null" -o "Dir::Etc::sourceparts=$lists/parts" -o "Dir::State::lists=$lists/lists" -o APT::Sandbox::User=root)
-  apt_get "${options[@]}" update || true
+  options=(-o "Dir::Etc::sourcelist=/dev/null" -o "Dir::Etc::sourceparts=$lists/parts" -o "Dir::State::lists=$lists/lists" -o "Dir::Cache=$lists/cache" -o APT::Sandbox::User=root)
+  mkdir -p "$lists/cache/archives/partial"
+  apt_get_unprivileged "${options[@]}" update || true
   mkdir -p "$CACHE_DIR"
-  (cd "$CACHE_DIR" && apt_get "${options[@]}" source --download-only minizip) || fail "the minizip source did not come, see $SETUP_LOG"
+  (cd "$CACHE_DIR" && apt_get_unprivileged "${options[@]}" source --download-only minizip) || fail "the minizip source did not come, see $SETUP_LOG"
   checksum_holds "$file" "$MINIZIP_SHA256" || fail "$file does not have the checksum that it should have"
 }
 
 unpack_minizip() {
-  local to=$BUILD_DIR/third_party/minizip
-  [ -e "$to/.unpacked" ] && return 0
-  rm -rf "$to" && mkdir -p "$to"
-  tar -xJf "$CACHE_DIR/$MINIZIP_FILE" -C "$to" --strip-components=1
-  touch "$to/.unpacked"
+  [ -e "$MINIZIP_DIR/.unpacked" ] && return 0
+  rm -rf "$MINIZIP_DIR" && mkdir -p "$MINIZIP_DIR"
+  tar -xJf "$CACHE_DIR/$MINIZIP_FILE" -C "$MINIZIP_DIR" --strip-components=1
+  touch "$MINIZIP_DIR/.unpacked"
 }
 
 # The prefix: a plain desktop with smooth text in a font that every screenshot machine has.
@@ -96,6 +100,9 @@ make_wine_prefix() {
   wine wineboot --init >>"$SETUP_LOG" 2>&1 </dev/null || fail "Wine did not start, see $SETUP_LOG"
   wine regedit /S scripts/wine-desktop.reg >>"$SETUP_LOG" 2>&1 </dev/null || fail "the prefix was not set up, see $SETUP_LOG"
   wineserver --wait
+  # A documents folder inside the prefix, so that a prefix can be copied and each copy has its own.
+  [ ! -L "$(documents_folder)" ] || rm "$(documents_folder)"
+  mkdir -p "$(documents_folder)"
   printf '%s\n' "$made" >"$WINEPREFIX/.ready"
 }
 

@@ -2,6 +2,9 @@
 # Runs a command on a screen of its own: Xvfb with a window manager, both ended afterwards.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
+cd "$root"
+. scripts/common.sh
+use_headless_wine
 screen=${MARLUX_SCREEN:-1280x900x24}
 work=$(mktemp -d)
 Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
@@ -10,7 +13,7 @@ manager=
 keeper=
 # The desktop of Wine's prefix hangs on this screen: it must not outlive it.
 end_wine() (
-  cd "$root" && . scripts/common.sh && use_own_wine
+  use_own_wine
   { wineserver -k && wineserver -w; } >/dev/null 2>&1 || true
 )
 end() {
@@ -39,8 +42,12 @@ done
 # One idle Wine program from the start: it brings up the desktop and the background services, which would otherwise be
 # children of the first test and keep its output open long after its end.
 (
-  cd "$root" && . scripts/common.sh && use_own_wine
+  use_own_wine
   sleep infinity | exec wine cmd >/dev/null 2>&1
 ) </dev/null >/dev/null 2>&1 &
 keeper=$!
+(
+  use_own_wine
+  wine cmd /c exit
+) </dev/null >/dev/null 2>&1
 "$@"
