@@ -35,6 +35,7 @@ inline constexpr std::array<EibiColumnInfo, kEibiColumns> kEibiColumnInfos = {{
 struct ShownZone {
   bool utc = true;
   int32_t localOffset = 0;  // seconds that local time is ahead of UTC; counts when `utc` is false
+  bool operator==(const ShownZone&) const = default;
 };
 
 using CellBuffer = char[8];

@@ -21,7 +21,7 @@ void EibiGrid::SetDefaultWidths() {
     const EibiColumnInfo& info = kEibiColumnInfos[i];
     columns[i] = {info.title, theme.Scaled(info.width), info.alignRight};
   }
-  Control().SetColumns(columns, kEibiShownColumns);
+  SetColumns(columns, kEibiShownColumns);
 }
 
 void EibiGrid::Load(const TmyString& folder) {

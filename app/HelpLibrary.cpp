@@ -2,7 +2,6 @@
 
 namespace {
 constexpr UINT kDisplayTopic = 0x0000;
-constexpr UINT kCloseAll = 0x0012;
 }  // namespace
 
 HelpLibrary::HelpLibrary() noexcept : module_(LoadLibraryA("hhctrl.ocx")) {
@@ -12,12 +11,12 @@ HelpLibrary::HelpLibrary() noexcept : module_(LoadLibraryA("hhctrl.ocx")) {
 
 void HelpLibrary::Show(HWND owner, const TmyString& file) noexcept {
   if (!show_) return;
-  wasShown_ = true;
-  show_(owner, file.Chars(), kDisplayTopic, 0);
+  window_ = show_(owner, file.Chars(), kDisplayTopic, 0);
 }
 
 void HelpLibrary::Unload() noexcept {
-  if (show_ && wasShown_) show_(nullptr, nullptr, kCloseAll, 0);
+  if (window_ && IsWindow(window_)) DestroyWindow(window_);
+  window_ = nullptr;
   show_ = nullptr;
   if (module_) FreeLibrary(module_);
   module_ = nullptr;

@@ -14,12 +14,12 @@ class HelpLibrary {
 
   [[nodiscard]] bool IsAvailable() const noexcept { return show_ != nullptr; }
   void Show(HWND owner, const TmyString& file) noexcept;
-  void Unload() noexcept;  // closes the help windows first: their code goes with the library
+  void Unload() noexcept;  // closes our help window first; the host may have others of its own
 
  private:
   using ShowFunction = HWND(WINAPI*)(HWND owner, LPCSTR file, UINT command, DWORD_PTR data);
 
   HMODULE module_ = nullptr;
   ShowFunction show_ = nullptr;
-  bool wasShown_ = false;
+  HWND window_ = nullptr;  // the help window of the last Show; may be closed already
 };

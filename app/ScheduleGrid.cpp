@@ -1,5 +1,22 @@
 #include "app/ScheduleGrid.h"
 
+#include "toolkit/TmyApplication.h"
+
+namespace {
+
+class Busy {
+ public:
+  explicit Busy(bool& flag) noexcept : flag_(flag) { flag_ = true; }
+  ~Busy() { flag_ = false; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
 ScheduleGrid::ScheduleGrid(TmyComponent& parent) : grid_(new TmyStringGrid(parent)) {
   grid_->SetModel(this);
   grid_->titleClicked.Bind<&ScheduleGrid::TitleClicked>(this);
@@ -7,6 +24,20 @@ ScheduleGrid::ScheduleGrid(TmyComponent& parent) : grid_(new TmyStringGrid(paren
   grid_->rowActivated.Bind<&ScheduleGrid::RowActivated>(this);
   grid_->rowContext.Bind<&ScheduleGrid::RowContext>(this);
   grid_->currentMoved.Bind<&ScheduleGrid::CurrentMoved>(this);
+}
+
+void ScheduleGrid::SetColumns(const TmyGridColumn* columns, uint32_t count) {
+  widthsTextHeight_ = TmyApplication::Get().Theme().TextHeight();
+  grid_->SetColumns(columns, count);
+}
+
+void ScheduleGrid::ScaleWidths() {
+  const int now = TmyApplication::Get().Theme().TextHeight();
+  if (now == widthsTextHeight_) return;
+  for (uint32_t i = 0; i < grid_->ColumnCount(); ++i) {
+    grid_->SetColumnWidth(i, MulDiv(grid_->ColumnWidth(i), now, widthsTextHeight_));
+  }
+  widthsTextHeight_ = now;
 }
 
 bool ScheduleGrid::ShowsRecord(uint32_t row) const noexcept {
@@ -19,11 +50,11 @@ const char* ScheduleGrid::EmptyText() const {
 
 void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bool changedOnly) {
   if (isRefreshing_) return;
-  isRefreshing_ = true;
+  const Busy busy(isRefreshing_);
   const uint32_t row = grid_->CurrentRow();
   const void* current = ShowsRecord(row) ? RecordAt(TmyStringGrid::RecordOf(row)) : nullptr;
+  const bool filters = !changedOnly || !isFiltered_ || !(filter == filter_) || !(zone == zone_);
   zone_ = zone;
-  const bool filters = !changedOnly || !isFiltered_ || !(filter == filter_);
   if (filters) {
     filter_ = filter;
     isFiltered_ = true;
@@ -36,7 +67,6 @@ void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bo
     applied_ = wanted_;
   }
   if (filters || sorts) ShowList(current);
-  isRefreshing_ = false;
 }
 
 // The record that was current stays so, wherever it is now.
@@ -69,5 +99,5 @@ void ScheduleGrid::RowClicked(const TmyRowClick& click) {
   const ClickKind kind = click.shift ? ClickKind::kShift : click.control ? ClickKind::kControl : ClickKind::kPlain;
   if (!marks_.Click(shown_, click.row, kind)) return;
   grid_->RepaintRows();
-  clicked(click.row);
+  click.byKeyboard ? movedTo(click.row) : clicked(click.row);
 }

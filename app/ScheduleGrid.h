@@ -30,6 +30,7 @@ class ScheduleGrid : protected TmyGridModel {
   // Shows what passes. In changed-only mode an equal filter leaves list, marks and current row as they are.
   void Refresh(const FilterRecord& filter, const ShownZone& zone, bool changedOnly);
   void ClearMarks();
+  void ScaleWidths();  // after the theme's text height changed; columns keep their share of it
 
   [[nodiscard]] virtual uint32_t RecordCount() const = 0;  // of the database
   [[nodiscard]] uint32_t ShownCount() const noexcept { return shown_.Count(); }
@@ -43,6 +44,7 @@ class ScheduleGrid : protected TmyGridModel {
  protected:
   virtual void RunFilter(const FilterRecord& filter, TmyList& passing) = 0;
   virtual void Sort(TmyList& records, uint32_t column, SortDirection direction) = 0;
+  void SetColumns(const TmyGridColumn* columns, uint32_t count);
   void ForgetRecords();  // before the database's records are freed
   [[nodiscard]] const void* RecordAt(uint32_t record) const noexcept { return shown_.Get(record); }
   [[nodiscard]] const ShownZone& Zone() const noexcept { return zone_; }
@@ -73,6 +75,7 @@ class ScheduleGrid : protected TmyGridModel {
   ShownZone zone_;
   SortOrder wanted_;
   SortOrder applied_;
+  int widthsTextHeight_ = 0;   // pixels, for which the columns' widths are meant
   bool isFiltered_ = false;    // `filter_` has been applied to the records there are
   bool isRefreshing_ = false;  // a refresh started inside a refresh does nothing
 };

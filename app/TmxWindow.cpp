@@ -37,6 +37,8 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       panel_(new FilterPanel(*this)),
       eibi_(std::make_unique<EibiGrid>(*this)),
       status_(new StatusBar(*this)) {
+  if (!IsAlive()) return;
+  SetDoubleBuffered(true);
   SetNewestInstance(this);
   const HICON icon = LoadIconA(TmyApplication::Get().Module(), MAKEINTRESOURCEA(kIcon));
   SendMessageA(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
@@ -70,6 +72,7 @@ uint32_t TmxWindow::Start(uint32_t hostHandle, HostCallback callback) {
   SetHostHandle(hostHandle);
   link_.Connect(callback, instance);
   link_.TellStarted();
+  if (!IsAlive()) return 0;  // closed while the host was told
   Instances().Push(*this);
   return instance;
 }
@@ -93,6 +96,7 @@ void TmxWindow::Notification(uint32_t code, uint32_t, uint32_t, uint32_t c) {
 // keeps the code, and nothing calls the host any more.
 void TmxWindow::Destroying() {
   const ModulePin pin;
+  EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
   Instances().Remove(*this);
@@ -113,7 +117,7 @@ void TmxWindow::LoadEibiFile() {
 
 void TmxWindow::Timer(uintptr_t id) {
   if (id == kTickTimer) {
-    if (panel_->FollowsClock()) Refresh(true);
+    if (panel_->FollowsClock() && !IsClicking()) Refresh(true);
   } else if (id == kAutoTuningTimer) {
     KillTimer(Handle(), kAutoTuningTimer);
     if (panel_->IsAutoTuning()) TuneTo(eibi_->Control().CurrentRow());
@@ -132,7 +136,7 @@ void TmxWindow::Realign() {
 }
 
 void TmxWindow::ThemeChanged() {
-  eibi_->SetDefaultWidths();
+  eibi_->ScaleWidths();
   TmyComponent::ThemeChanged();
 }
 
@@ -149,7 +153,8 @@ void TmxWindow::FocusChanged(bool focused) {
 }
 
 void TmxWindow::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
-  if (source != &eibi_->Control()) eibi_->Control().MouseWheel(keysAndNotches, source);
+  TmyStringGrid& grid = eibi_->Control();
+  if (source != &grid) grid.MouseWheel(keysAndNotches, &grid);  // what the grid cannot use comes back with it as source
 }
 
 void TmxWindow::FilterChanged(bool changedOnly) {
@@ -172,8 +177,15 @@ void TmxWindow::AutoTuningChanged() {
   KillTimer(Handle(), kAutoTuningTimer);
 }
 
+// Rows that moved between the two clicks of a double click would tune to another broadcast.
+bool TmxWindow::IsClicking() const {
+  return GetKeyState(VK_LBUTTON) < 0 || (hasClick_ && Clock::Ticks() - lastClick_ <= GetDoubleClickTime());
+}
+
 void TmxWindow::RowClicked(uint32_t row) {
   KillTimer(Handle(), kAutoTuningTimer);
+  lastClick_ = Clock::Ticks();
+  hasClick_ = true;
   if (panel_->IsAutoTuning()) TuneTo(row);
 }
 
@@ -186,12 +198,16 @@ void TmxWindow::RowActivated(uint32_t row) {
   TuneTo(row);
 }
 
+// Rows may move while the menu is open: it is for the record that was clicked.
 void TmxWindow::RowContext(uint32_t row, int x, int y) {
-  if (eibi_->ShowsRecord(row)) contextMenu_.Popup(*this, x, y);
+  KillTimer(Handle(), kAutoTuningTimer);
+  if (!eibi_->ShowsRecord(row)) return;
+  menuTarget_ = eibi_->TargetOf(row);
+  contextMenu_.Popup(*this, x, y);
 }
 
 void TmxWindow::TuneFromMenu(TmyMenuItem&) {
-  TuneTo(eibi_->Control().CurrentRow());
+  link_.Tune(menuTarget_.frequencyHz, menuTarget_.mode);
 }
 
 void TmxWindow::TuneTo(uint32_t row) {

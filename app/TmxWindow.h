@@ -59,6 +59,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void SortChanged();
   void Refresh(bool changedOnly);
   void TuneTo(uint32_t row);
+  [[nodiscard]] bool IsClicking() const;  // a button is down, or a second click may still come
 
   HostInfo hostInfo_;
   HostLink link_;
@@ -71,6 +72,9 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   std::unique_ptr<EibiGrid> eibi_;
   StatusBar* status_;
   TmyMsgBox* about_ = nullptr;  // while it is shown
-  bool utc_ = false;            // times are shown in UTC
-  bool isReady_ = false;        // all children exist
+  TuneTarget menuTarget_ = {};  // what the context menu was opened for
+  uint32_t lastClick_ = 0;      // ticks
+  bool hasClick_ = false;
+  bool utc_ = false;      // times are shown in UTC
+  bool isReady_ = false;  // all children exist
 };

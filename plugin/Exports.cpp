@@ -8,6 +8,7 @@
 #include <new>
 
 #include "app/TmxWindow.h"
+#include "foundation/Trace.h"
 #include "plugin/HostInfo.h"
 #include "plugin/HostLink.h"
 #include "plugin/InstanceList.h"
@@ -31,6 +32,7 @@ extern "C" uint32_t __stdcall zqnPluginStart(uint32_t hostHandle, uint32_t, Host
                                              const void* hostInfo) {
   ModulePin::ReleaseUnused();
   try {
+    const TmyWindowBase::Hold hold;  // the window may be closed while it starts
     auto* window = new (std::nothrow) TmxWindow(HostInfo::Copy(hostInfo));
     if (!window) return 0;
     if (!window->IsAlive()) {
@@ -45,7 +47,11 @@ extern "C" uint32_t __stdcall zqnPluginStart(uint32_t hostHandle, uint32_t, Host
 
 extern "C" void __stdcall zqnPluginNotify(uint32_t hostHandle, uint32_t code, uint32_t a, uint32_t b, uint32_t c) {
   ModulePin::ReleaseUnused();
-  Instances().Notify(hostHandle, code, a, b, c);
+  try {
+    Instances().Notify(hostHandle, code, a, b, c);
+  } catch (const std::bad_alloc&) {
+    Trace::Line("No memory for notification %x", code);
+  }
 }
 
 extern "C" void __stdcall zqnPluginDone() {

@@ -113,8 +113,10 @@ TmyComponent::Outcome TmyComponent::MouseMessage(UINT message, WPARAM wParam, LP
       break;
     }
     case WM_MOUSEWHEEL: {
-      const auto notches = static_cast<int16_t>(GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA);
-      MouseWheel(MAKEWPARAM(LOWORD(wParam), static_cast<WORD>(notches)), this);
+      // Fine wheels turn by less than a notch at a time: what is left over counts at the next turn.
+      const int delta = wheelRemainder_ + GET_WHEEL_DELTA_WPARAM(wParam);
+      wheelRemainder_ = delta % WHEEL_DELTA;
+      MouseWheel(MAKEWPARAM(LOWORD(wParam), static_cast<WORD>(delta / WHEEL_DELTA)), this);
       return {true, 0};
     }
     default:
@@ -147,6 +149,7 @@ void TmyComponent::MouseMoved(uint32_t keys, int x, int y) {
 void TmyComponent::CursorLeft() {
   TmyControl* left = hotControl_;
   hotControl_ = nullptr;
+  TmyApplication::Get().HideToolTip();
   left ? left->MouseLeft() : MouseLeft();
 }
 

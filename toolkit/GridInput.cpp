@@ -141,7 +141,7 @@ bool TmyStringGrid::MoveByKey(uint32_t key) {
   const bool moved = after != current_;
   SetCurrentRow(RowOf(after), true);
   if (!moved) return true;
-  IsDown(VK_SHIFT) ? rowClicked(TmyRowClick{CurrentRow(), true, false}) : currentMoved(CurrentRow());
+  IsDown(VK_SHIFT) ? rowClicked(TmyRowClick{CurrentRow(), true, false, true}) : currentMoved(CurrentRow());
   return true;
 }
 

@@ -150,8 +150,26 @@ void TmyApplication::LeaveDispatch() {
   while (graveyard_.Count() > 0) delete static_cast<TmyWindowBase*>(graveyard_.Delete(graveyard_.Count() - 1));
 }
 
-void TmyApplication::ForgetHovering(const TmyControl& control) noexcept {
-  if (hoveringMonitor_) hoveringMonitor_->Forget(control);  // the helpers themselves are controls, too
+// The helpers are controls themselves: they come here when they go.
+void TmyApplication::ForgetControl(const TmyControl& control) noexcept {
+  if (hoveringMonitor_) hoveringMonitor_->Forget(control);
+  if (publicTimer_) publicTimer_->StopTimer(control);
+}
+
+TmyWindowBase* TmyApplication::WindowOf(HWND handle) const noexcept {
+  for (uint32_t i = 0; i < windows_.Count(); ++i) {
+    auto* window = static_cast<TmyWindowBase*>(windows_.Get(i));
+    if (window->Handle() == handle) return window;
+  }
+  return nullptr;
+}
+
+void TmyApplication::SystemLookChanged() {
+  if (!theme_.Reload()) return;
+  for (uint32_t i = 0; i < windows_.Count(); ++i) {
+    TmyComponent* component = static_cast<TmyWindowBase*>(windows_.Get(i))->AsComponent();
+    if (component && !component->GetParent()) component->ThemeChanged();
+  }
 }
 
 void TmyApplication::ShowToolTip(const TmyControl& control, const char* text) {
@@ -160,4 +178,8 @@ void TmyApplication::ShowToolTip(const TmyControl& control, const char* text) {
 
 void TmyApplication::HideToolTip() noexcept {
   if (toolTip_) toolTip_->Hide();
+}
+
+void TmyApplication::WatchToolTip() noexcept {
+  if (toolTip_) toolTip_->Watch();
 }

@@ -55,7 +55,9 @@ class TmyApplication {
   [[nodiscard]] TmyComponent* FocusOf(const TmyComponent& topLevel) const noexcept;  // null: nothing recorded
   void RecordFocus(TmyComponent& component);                                         // under its top-level window
   void Forget(const TmyWindowBase& window) noexcept;                                 // the object is going
-  void ForgetHovering(const TmyControl& control) noexcept;
+  void ForgetControl(const TmyControl& control) noexcept;  // by the helpers: it neither hovers nor ticks any more
+  [[nodiscard]] TmyWindowBase* WindowOf(HWND handle) const noexcept;  // null: not one of this module's
+  void SystemLookChanged();  // tells every top-level window when the theme is another one now
 
   void WindowCreated(TmyWindowBase& window) { windows_.Insert(&window, TmyList::kAtEnd); }
   [[nodiscard]] const TmyList& Windows() const noexcept { return windows_; }  // live window objects, oldest first
@@ -68,6 +70,7 @@ class TmyApplication {
 
   void ShowToolTip(const TmyControl& control, const char* text);  // at the cursor, until HideToolTip or some seconds
   void HideToolTip() noexcept;
+  void WatchToolTip() noexcept;  // from time to time: hides one that nobody looks at any more
 
  private:
   void CreateHelpers();

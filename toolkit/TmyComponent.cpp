@@ -29,6 +29,7 @@ void TmyComponent::Destroying() {}
 
 // Before the window's own object goes, so that no child or owned window can report to a parent that is half gone.
 void TmyComponent::DestroyChildren() {
+  TmyApplication::Get().HideToolTip();
   for (TmyList* list : {&owned_, &children_}) {
     while (list->Count() > 0) {
       auto* child = static_cast<TmyComponent*>(list->Get(list->Count() - 1));
@@ -90,7 +91,7 @@ TmyComponent* TmyComponent::TopLevel() noexcept {
 }
 
 void TmyComponent::UpdateBounds() {
-  if (!IsAlive()) return;
+  if (!IsAlive() || IsIconic(Handle())) return;  // an icon keeps the bounds that it will be restored to
   RECT client = {};
   GetClientRect(Handle(), &client);
   clientWidth_ = client.right;
@@ -202,7 +203,9 @@ void TmyComponent::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
 void TmyComponent::ThemeChanged() {
   const TmyTheme::Colors& colors = TmyApplication::Get().Theme().Color();
   SetColors(colors.surface, colors.text, colors.disabled);
-  for (TmyComponent* child = NextChild(nullptr); child; child = NextChild(child)) child->ThemeChanged();
+  for (const TmyList* list : {&children_, &owned_}) {
+    for (uint32_t i = 0; i < list->Count(); ++i) static_cast<TmyComponent*>(list->Get(i))->ThemeChanged();
+  }
   Realign();
   Repaint();
 }
@@ -264,10 +267,11 @@ void TmyComponent::RunModalLoop() {
       PostQuitMessage(static_cast<int>(message.wParam));  // it was meant for the host's loop
       inModalLoop_ = false;
     }
-    if (got <= 0 || !inModalLoop_ || !IsAlive()) return;
+    if (got <= 0) return;
+    // Also when the window went while the loop waited: the message may be the host's.
     TranslateMessage(&message);
     DispatchMessageA(&message);
-    if (!IsAlive()) return;
+    if (!IsAlive() || !inModalLoop_) return;
   }
 }
 

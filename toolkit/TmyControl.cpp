@@ -9,7 +9,7 @@ TmyControl::TmyControl(TmyComponent& owner) : owner_(&owner) {
 
 TmyControl::~TmyControl() {
   if (owner_) owner_->Unlink(this);
-  if (TmyApplication::Exists()) TmyApplication::Get().ForgetHovering(*this);
+  if (TmyApplication::Exists()) TmyApplication::Get().ForgetControl(*this);
 }
 
 void TmyControl::SetEnabled(bool ownerEnabled) {

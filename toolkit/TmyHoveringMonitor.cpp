@@ -1,6 +1,7 @@
 #include "toolkit/TmyHoveringMonitor.h"
 
 #include "foundation/Clock.h"
+#include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
 namespace {
@@ -31,6 +32,7 @@ LRESULT TmyHoveringMonitor::WndProc(UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 void TmyHoveringMonitor::Tick() {
+  TmyApplication::Get().WatchToolTip();
   if (!control_) return;
   if (static_cast<int32_t>(Clock::Ticks() - since_) <= static_cast<int32_t>(kDelayMilliseconds)) return;
   TmyControl& control = *control_;

@@ -32,6 +32,7 @@ struct TmyRowClick {
   uint32_t row;
   bool shift;
   bool control;
+  bool byKeyboard = false;  // a moving key with Shift, not a click
 };
 
 class TmyStringGrid : public TmyComponent {

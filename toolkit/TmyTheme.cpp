@@ -1,6 +1,7 @@
 #include "toolkit/TmyTheme.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -42,25 +43,30 @@ TmyTheme::Colors SystemColors() noexcept {
 
 }  // namespace
 
-void TmyTheme::Reload() {
-  LoadColors();
-  LoadFonts();
+bool TmyTheme::Reload() {
+  const bool colors = LoadColors();
+  const bool fonts = LoadFonts();
+  return colors || fonts;
 }
 
-void TmyTheme::LoadColors() {
+bool TmyTheme::LoadColors() {
   HIGHCONTRASTA contrast = {};
   contrast.cbSize = sizeof(contrast);
   SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof(contrast), &contrast, 0);
   highContrast_ = (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+  const Colors before = colors_;
   colors_ = highContrast_ ? SystemColors() : kLight;
+  return !(colors_ == before);
 }
 
-void TmyTheme::LoadFonts() {
+bool TmyTheme::LoadFonts() {
   NONCLIENTMETRICSA metrics = {};
   // Without the last field, which older systems do not know; they would refuse the whole call.
   metrics.cbSize = offsetof(NONCLIENTMETRICSA, iPaddedBorderWidth);
   SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
   LOGFONTA font = metrics.lfMessageFont;
+  if (message_ && std::memcmp(&font, &logFont_, sizeof(font)) == 0) return false;
+  logFont_ = font;
   message_.reset(CreateFontIndirectA(&font));
   font.lfWeight = FW_BOLD;
   bold_.reset(CreateFontIndirectA(&font));
@@ -72,6 +78,7 @@ void TmyTheme::LoadFonts() {
   }
   ReleaseDC(nullptr, screen);
   textHeight_ = std::max<int>(text.tmHeight, 8);
+  return true;
 }
 
 // A font that the system refused is replaced by one that always exists.

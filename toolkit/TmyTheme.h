@@ -17,10 +17,12 @@ class TmyTheme {
   struct Colors {
     COLORREF surface, field, alternateRow, line, text, secondary, disabled;
     COLORREF accent, accentText, marked, header, hot, pressed, record;
+    bool operator==(const Colors&) const = default;
   };
 
   TmyTheme() { Reload(); }
-  void Reload();  // after the system's fonts or colours changed
+  // Asks the system again. True when fonts or colours are others now: fonts handed out before are gone then.
+  bool Reload();
 
   [[nodiscard]] const Colors& Color() const noexcept { return colors_; }
   [[nodiscard]] HFONT Get(Font font) const noexcept;  // owned by the theme
@@ -36,12 +38,13 @@ class TmyTheme {
   [[nodiscard]] int TextWidth(std::string_view text, Font font = Font::kMessage) const;
 
  private:
-  void LoadColors();
-  void LoadFonts();
+  bool LoadColors();  // true: changed
+  bool LoadFonts();
 
   Colors colors_ = {};
   FontHandle message_;
   FontHandle bold_;
+  LOGFONTA logFont_ = {};  // what the fonts were made from
   bool highContrast_ = false;
   int textHeight_ = 15;
 };

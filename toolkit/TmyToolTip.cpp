@@ -2,9 +2,12 @@
 
 #include <commctrl.h>
 
+#include "foundation/Clock.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
+
+constexpr uint32_t kShownMilliseconds = 10000;
 
 // The size that also older versions of the control accept.
 TOOLINFOA Tool(char* text) noexcept {
@@ -36,7 +39,7 @@ bool TmyToolTip::Create() noexcept {
   return true;
 }
 
-void TmyToolTip::Show(const TmyControl&, const char* text) {
+void TmyToolTip::Show(const TmyControl& control, const char* text) {
   if (!Create() || (shown_ && text_ == text)) return;
   text_ = text;
   TOOLINFOA tool = Tool(text_.WritableAt(0));
@@ -46,6 +49,17 @@ void TmyToolTip::Show(const TmyControl&, const char* text) {
   SendMessageA(handle_, TTM_TRACKPOSITION, 0, MAKELPARAM(at.x + 4, at.y + GetSystemMetrics(SM_CYCURSOR) / 2 + 4));
   SendMessageA(handle_, TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
   shown_ = true;
+  since_ = Clock::Ticks();
+  POINT origin = {};
+  control.GetScreenOrigin(origin);
+  area_ = {origin.x, origin.y, origin.x + control.Width(), origin.y + control.Height()};
+}
+
+void TmyToolTip::Watch() noexcept {
+  if (!shown_) return;
+  POINT at = {};
+  GetCursorPos(&at);
+  if (Clock::Ticks() - since_ > kShownMilliseconds || !PtInRect(&area_, at)) Hide();
 }
 
 void TmyToolTip::Hide() noexcept {

@@ -14,11 +14,14 @@ class TmyToolTip {
 
   void Show(const TmyControl& control, const char* text);  // below the cursor
   void Hide() noexcept;
+  void Watch() noexcept;  // hides it after some seconds, and when the cursor has left the control
 
  private:
   [[nodiscard]] bool Create() noexcept;
 
   HWND handle_ = nullptr;  // made when first needed
   bool shown_ = false;
-  TmyString text_;  // the control keeps a pointer to it
+  uint32_t since_ = 0;  // ticks, when it was shown
+  RECT area_ = {};      // the control's, on the screen
+  TmyString text_;      // the control keeps a pointer to it
 };

@@ -1,6 +1,9 @@
 #include "toolkit/TmyWindowBase.h"
 
+#include <new>
+
 #include "foundation/Clock.h"
+#include "foundation/Trace.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
@@ -72,9 +75,7 @@ LRESULT TmyWindowBase::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
 
 TmyWindowBase* TmyWindowBase::FromHandle(HWND handle) noexcept {
   if (!handle || !TmyApplication::Exists()) return nullptr;
-  // Other modules keep their own data in that slot: only a window that runs our procedure has an object of ours there.
-  if (reinterpret_cast<WNDPROC>(GetWindowLongPtrA(handle, GWLP_WNDPROC)) != StaticWndProc) return nullptr;
-  return reinterpret_cast<TmyWindowBase*>(GetWindowLongPtrA(handle, GWLP_USERDATA));
+  return TmyApplication::Get().WindowOf(handle);
 }
 
 TmyWindowBase* TmyWindowBase::Attach(HWND handle, const CREATESTRUCTA& creation) noexcept {
@@ -93,15 +94,26 @@ LRESULT CALLBACK TmyWindowBase::StaticWndProc(HWND handle, UINT message, WPARAM 
   }
   if (!object) return DefWindowProcA(handle, message, wParam, lParam);
   const Hold hold;
-  const LRESULT result = object->WndProc(message, wParam, lParam);
+  const LRESULT result = object->Dispatch(handle, message, wParam, lParam);
   if (message == WM_DESTROY) {
     object->DetachOnDestroy();
+    TmyApplication::Get().Forget(*object);  // nobody may find it while it waits for its end
     if (!object->beingDestroyed_) {
       object->beingDestroyed_ = true;
       TmyApplication::Get().Bury(*object);
     }
   }
   return result;
+}
+
+// No exception may pass through the system into the host. When memory is short a message is done by halves.
+LRESULT TmyWindowBase::Dispatch(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+  try {
+    return WndProc(message, wParam, lParam);
+  } catch (const std::bad_alloc&) {
+    Trace::Line("No memory in message %x", message);
+    return DefWindowProcA(handle, message, wParam, lParam);
+  }
 }
 
 // An adopted window still has its own procedure's memory to free at WM_NCDESTROY: it gets that procedure back.

@@ -64,6 +64,7 @@ class TmyWindowBase : public TmyControl {
 
  private:
   static TmyWindowBase* Attach(HWND handle, const CREATESTRUCTA& creation) noexcept;
+  LRESULT Dispatch(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
   void DetachOnDestroy() noexcept;
 
   HWND handle_ = nullptr;

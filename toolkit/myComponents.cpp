@@ -7,6 +7,10 @@
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyMenuItem.h"
 
+namespace {
+constexpr UINT kStateChanges = 0x8000;  // in WINDOWPOS: minimised, maximised or restored
+}
+
 // The dispatcher: groups of messages, each in a function of its own. Whatever is not done there goes on to the window's
 // former procedure. A handler may have destroyed the window by then; TmyWindowBase::WndProc copes with that.
 LRESULT TmyComponent::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -62,10 +66,7 @@ TmyComponent::Outcome TmyComponent::WindowMessage(UINT message, WPARAM wParam, L
       break;
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE:
-      if (!parent_) {
-        TmyApplication::Get().Theme().Reload();
-        ThemeChanged();
-      }
+      if (!parent_) TmyApplication::Get().SystemLookChanged();
       break;
     case WM_DESTROY:
       Destroying();
@@ -89,6 +90,7 @@ void TmyComponent::ActiveOrFocus(UINT message, WPARAM wParam) {
   TmyApplication& application = TmyApplication::Get();
   if (message == WM_ACTIVATE) {
     if (LOWORD(wParam) != WA_INACTIVE) application.SetActiveWindow(this);
+    application.HideToolTip();
     return;
   }
   if (message == WM_KILLFOCUS) {
@@ -119,7 +121,8 @@ void TmyComponent::EnableMessage(bool enabled) {
 void TmyComponent::PositionChanging(WINDOWPOS& place) {
   const bool keepsSize = (place.flags & SWP_NOSIZE) != 0;
   const bool keepsPlace = (place.flags & SWP_NOMOVE) != 0;
-  if (keepsSize && keepsPlace) return;
+  // The place and size of an icon are the system's affair.
+  if ((keepsSize && keepsPlace) || (place.flags & kStateChanges) != 0) return;
   int x = keepsPlace ? bounds_.left : place.x;
   int y = keepsPlace ? bounds_.top : place.y;
   int width = keepsSize ? Width() : place.cx;
@@ -161,6 +164,7 @@ TmyComponent::Outcome TmyComponent::KeyMessage(UINT message, WPARAM wParam, LPAR
 
 TmyComponent::Outcome TmyComponent::KeyDownMessage(uint32_t key, LPARAM flags) {
   TmyComponent* top = TopLevel();
+  TmyApplication::Get().HideToolTip();
   if (keyPreview_ || top->keyPreview_) top->PreviewKey(*this, key, flags);
   if (!IsAlive()) return {true, 0};
   if (key == VK_ESCAPE) PostMessageA(Handle(), kMsgEscape, 0, 0);

@@ -151,6 +151,7 @@ class TmyComponent : public TmyWindowBase {
   int clientHeight_ = 0;
   uint32_t lastUpTime_ = 0;
   POINT lastUp_ = {};
+  int wheelRemainder_ = 0;
   bool hasLastUp_ = false;
   bool inModalLoop_ = false;
   bool keyPreview_ = false;

@@ -20,6 +20,14 @@ uint32_t __stdcall Host(uint32_t, uint32_t code, uint32_t a, uint32_t, uint32_t)
   return 0;
 }
 
+TmxWindow* closing = nullptr;
+
+// Closes the plug-in as soon as it says that it has started.
+uint32_t __stdcall ClosingHost(uint32_t, uint32_t code, uint32_t a, uint32_t, uint32_t) {
+  if (code == HostCode::kInstanceState && a == HostCode::kInstanceStarted) closing->Destroy();
+  return 0;
+}
+
 // One line of the schedule: frequency, time, days, ITU code, station, language, target.
 std::string Line(const char* khz, const char* time, const char* station, const char* language) {
   char line[120];
@@ -126,7 +134,6 @@ TEST_F(TmxWindowTest, TheCurrentTimeFilterFollowsTheClockByItself) {
 TEST_F(TmxWindowTest, ATickThatChangesNothingKeepsMarksCurrentRowAndView) {
   ClickBox("Time");
   grid_->SetCurrentRow(2, true);
-  SendMessageA(grid_->Handle(), WM_KEYDOWN, VK_SPACE, 0);
   SetTime(14, 30, 1);
   Tick();
   EXPECT_EQ(grid_->CurrentRow(), 2u);
@@ -220,6 +227,21 @@ TEST_F(TmxWindowTest, SortingKeepsTheCurrentRecordAndRefilteringKeepsTheOrder) {
   ClickBox("Time");  // 14:30: two broadcasts, still from the highest frequency down
   EXPECT_EQ(TunedBy(1), "9420000");
   EXPECT_EQ(TunedBy(2), "7325500");
+}
+
+TEST_F(TmxWindowTest, AWheelOverThePanelEndsWhereNothingScrolls) {
+  SetTime(3, 0, 0);
+  ClickBox("Time");
+  EXPECT_EQ(Counts(), "0 of 5 broadcasts");
+  EXPECT_EQ(SendMessageA(panel_->Handle(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0), 0);
+}
+
+TEST_F(TmxWindowTest, ClosedWhileTheHostIsToldOfTheStartItStaysOutOfTheList) {
+  const TmyWindowBase::Hold hold;
+  auto* second = new TmxWindow(HostInfo());
+  closing = second;
+  EXPECT_EQ(second->Start(9, ClosingHost), 0u);
+  EXPECT_EQ(Instances().Find(9), nullptr);
 }
 
 TEST_F(TmxWindowTest, TheNewestWindowPointerNeverDangles) {
