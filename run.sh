@@ -41,4 +41,4 @@ fi
 use_headless_wine
 (use_own_wine && rm -rf "$(documents_folder)/Corvane")
 put_data
-MARLUX_SCREEN=1000x720x24 scripts/with-display.sh scripts/tour.sh
+MARLUX_SCREEN=812x636x24 scripts/with-display.sh scripts/tour.sh

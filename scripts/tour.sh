@@ -55,27 +55,30 @@ shoot 3-sort
 click 330 129
 shoot 4-sort-descending
 
-# Marks, then a double click, which tunes.
+# Marks.
 click 330 201
 xdotool keydown shift && click 330 255 && xdotool keyup shift
 sleep 0.6
 shoot 5-marks
+# Only 9420 kHz itself, so that the first row is one to tune to.
+click 697 37 && key ctrl+a && xdotool type 0 && key Tab
 xdotool mousemove --window "$window" 330 165 click --repeat 2 --delay 60 1
-tell waitfor SetFrequency
-tell waitfor SetMode
+tell 'waitfor "SetFrequency(0x800) a=9420000"'
+tell 'waitfor "SetMode(0x900) a=1"'
 tell waitfor TuneThird
-tell waitfor TuneFourth
+tell 'waitfor "TuneFourth(0x902) a=5000"'
+shoot 6-tuned
 click 330 183 3
-shoot_screen 6-context-menu
+shoot_screen 7-context-menu
 key Escape
 click 150 99
-shoot_screen 7-choices
+shoot_screen 8-choices
 key Escape
 key alt+h && key a
-shoot_screen 8-about
+shoot_screen 9-about
 key Escape
 xdotool windowsize --sync "$window" 560 520
-shoot 9-narrow
+shoot 10-narrow
 xdotool windowsize --sync "$window" 800 600
 
 tell close 7
