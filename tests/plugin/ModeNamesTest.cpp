@@ -2,12 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
-TEST(ModeNames, NamesEachNumberOfTheHost) {
-  const std::pair<int32_t, const char*> kCases[] = {
-      {-2147483647 - 1, ""}, {-1, ""},    {0, "CW"},   {1, "AM"}, {5, "USB"},       {9, "DAB"},
-      {14, "ISB"},           {18, "DRM"}, {20, "UDM"}, {21, ""},  {2147483647, ""},
-  };
-  for (const auto& [number, name] : kCases) EXPECT_STREQ(ModeName(number), name) << number;
+TEST(ModeNames, NamesTheNumbersOfTheHostAndNoOthers) {
+  for (const int32_t number : {-2147483647 - 1, -1, 21, 2147483647}) EXPECT_STREQ(ModeName(number), "") << number;
+  EXPECT_STREQ(ModeName(0), "CW");
+  EXPECT_STREQ(ModeName(9), "DAB");
+  EXPECT_STREQ(ModeName(20), "UDM");
 }
