@@ -72,7 +72,8 @@ TEST_F(SessionTest, RoutesCallbacksAndDropsInstancesThatLeave) {
                                        "error there is no instance 7", "notify instance=7 Code(0x102) a=1 b=0 c=0",
                                        "error a callback comes from 0x00001007, which is no instance (any more)",
                                        "callback instance=0x00001007 SetFrequency(0x800) a=1 b=0 c=0"));
-  EXPECT_EQ(session_.Instances().size(), 1u);
+  ASSERT_EQ(session_.Instances().size(), 1u);
+  EXPECT_EQ(session_.Instances()[0].handle, 1u);
 }
 
 TEST_F(SessionTest, AnswersTheFrequencyAlsoAboveThirtyOneBits) {
