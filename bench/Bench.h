@@ -49,5 +49,6 @@ inline void PrintRatio(const char* what, uint32_t rows, double ratio, double aim
 
 }  // namespace Bench
 
-// One function a subject; each takes the folder that holds eibi.txt.
+// One function a subject; each takes the folder that holds the schedules.
 void BenchSchedule(const char* dataFolder);
+void BenchHfcc(const char* dataFolder);

@@ -14,5 +14,6 @@ int main(int argc, char** argv) {
     return 2;
   }
   BenchSchedule(dataFolder);
+  BenchHfcc(dataFolder);
   return 0;
 }
