@@ -114,6 +114,7 @@ int32_t CGZip::GetTarCount() const noexcept {
   return count;
 }
 
+// NOLINTNEXTLINE(readability-non-const-parameter): written through the results
 bool CGZip::GetFile(int32_t index, const char** data, uint32_t* size, bool* isFile, char* name, uint32_t nameSize) {
   const Results results{data, size, isFile, name, nameSize};
   switch (kind_) {

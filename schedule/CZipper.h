@@ -50,8 +50,8 @@ class CZipper {
   };
 
   int32_t mode_ = kClosed;
-  int32_t level_;  // both set by Open
-  int32_t strategy_;
+  int32_t level_ = 0;  // both set by Open
+  int32_t strategy_ = 0;
   std::unique_ptr<gzFile_s, CloseGzip> file_;
   uint32_t length_ = 0;  // on disk, of a file being read
 };

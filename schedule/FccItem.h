@@ -77,9 +77,9 @@ struct FccItem {
   const char* broadcasterCode = kFccNoText;
   const char* organisationCode = kFccNoText;
 
-  // Fills a fresh record, all but what comes from the code tables, from the kHfccColumns cells of a row, null for a
+  // Fills a fresh record, all but what comes from the code tables, from a row's kHfccColumns cells, null for a
   // blank one. The cells are kept, not copied.
-  void SetCells(const char* const* cells) noexcept;
+  void SetCells(const char* const* row) noexcept;
 };
 
 static_assert(std::is_standard_layout_v<FccItem> && std::is_trivially_copyable_v<FccItem>);

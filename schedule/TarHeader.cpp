@@ -23,7 +23,7 @@ std::optional<uint64_t> Octal(std::string_view field) noexcept {
 }
 
 uint64_t Checksum(std::string_view header) noexcept {
-  uint64_t sum = kChecksumLength * ' ';
+  uint64_t sum = uint64_t{kChecksumLength} * ' ';
   for (size_t i = 0; i < header.size(); ++i) {
     if (i < kChecksumAt || i >= kChecksumAt + kChecksumLength) sum += static_cast<unsigned char>(header[i]);
   }
