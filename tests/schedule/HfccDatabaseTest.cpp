@@ -294,9 +294,11 @@ TEST_F(HfccDatabaseFile, SurvivesHostileArchives) {
   // More than all members together may have.
   const ZipMemberSource large{"admin.txt", std::string(27 << 20, 'x')};
   std::vector<ZipMemberSource> many = Members("b12all00.txt");
-  many.insert(many.end(), 10, large);
+  many.insert(many.end(), 9, large);
+  many.push_back({"admin.txt", "ZZZ" + large.data});
   ASSERT_EQ(Load("b12all00.zip", MakeZip(many)), HfccLoad::kRead);
   EXPECT_EQ(database_.Items().Count(), 2U);
+  EXPECT_STREQ(database_.Administrations().Text(0, 0), "xxx");
 
   std::mt19937 random(11);
   for (ZipMemberSource& member : members) {
