@@ -204,6 +204,9 @@ TEST_F(CGZip, StopsInflatingAtItsLimit) {
   EXPECT_EQ(size, zlib::CZipper::kMostBytes);
   EXPECT_FALSE(Open(pieces + Gzipped("x")));
   EXPECT_STREQ(archive_.GetError(), kNoGzipData);
+
+  ASSERT_TRUE(Open(MakeZip({{"m", std::string(zlib::CZipper::kMostBytes + 1, 0)}})));
+  EXPECT_EQ(Member(0), kNotUnzipped) << "though nothing in it lies";
 }
 
 // Whatever happens to an archive's bytes, the walk over its members ends and each either comes or fails with a text.
