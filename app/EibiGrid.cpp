@@ -39,7 +39,7 @@ TuneTarget EibiGrid::TargetOf(uint32_t row) const {
 }
 
 // Part of every start: there are many rows and few distinct texts, and often one row's text is that of the row before.
-void EibiGrid::FilterTexts(uint32_t filter, TmyStringList& texts) const {
+std::vector<FilterText> EibiGrid::FilterTexts(uint32_t filter) const {
   std::unordered_set<std::string_view> distinct;
   std::string_view before;  // the empty text is none
   for (uint32_t i = 0; i < items_->Count(); ++i) {
@@ -51,7 +51,13 @@ void EibiGrid::FilterTexts(uint32_t filter, TmyStringList& texts) const {
   }
   std::vector<std::string_view> sorted(distinct.begin(), distinct.end());
   std::ranges::sort(sorted);
-  for (const std::string_view text : sorted) texts.Add(TmyString(text));
+  std::vector<FilterText> texts;
+  texts.reserve(sorted.size());
+  for (const std::string_view view : sorted) {
+    const TmyString text(view);
+    texts.push_back({text, text});
+  }
+  return texts;
 }
 
 void EibiGrid::Sort(TmyList& records, uint32_t column, SortDirection direction) {

@@ -18,7 +18,7 @@ class EibiGrid : public ScheduleGrid {
 
   [[nodiscard]] uint32_t RecordCount() const override { return items_->Count(); }
   [[nodiscard]] TuneTarget TargetOf(uint32_t row) const override;
-  void FilterTexts(uint32_t filter, TmyStringList& texts) const override;
+  [[nodiscard]] std::vector<FilterText> FilterTexts(uint32_t filter) const override;
 
  protected:
   void RunFilter(const FilterRecord& filter, TmyList& passing) override;

@@ -8,7 +8,9 @@ namespace {
 
 enum OptionGroup : uint32_t { kDatabaseGroup = 1, kFrequencyGroup, kTimeGroup };
 
-constexpr const char* kTextCaptions[FilterPanel::kTextFilters] = {"Station", "Language", "Target", "CIRAF zone"};
+using Captions = const char* [FilterPanel::kTextFilters];
+constexpr Captions kEibiCaptions = {"Station", "Language", "Target", "CIRAF zone"};
+constexpr Captions kHfccCaptions = {"Admin", "Location", "Broadcaster", "CIRAF zone"};
 constexpr int kTextWidths[FilterPanel::kTextFilters] = {186, 82, 82, 82};  // at 96 dpi
 constexpr int64_t kFirstCentre = 6000000;                                  // Hz
 constexpr int64_t kFirstSpan = 200000;
@@ -41,18 +43,14 @@ FilterPanel::FilterPanel(TmyComponent& parent)
       from_(new TmyTimeEdit(*this)),
       timeLabel_(*this, "to"),
       to_(new TmyTimeEdit(*this)) {
-  for (uint32_t i = 0; i < kTextFilters; ++i) texts_[i] = std::make_unique<TextFilter>(*this, kTextCaptions[i]);
-  texts_[3]->box.SetToolTip("The list holds ITU country codes");
-  texts_[3]->list->SetToolTip("ITU country codes");
+  for (uint32_t i = 0; i < kTextFilters; ++i) texts_[i] = std::make_unique<TextFilter>(*this, kEibiCaptions[i]);
   SetInitialValues();
   BindEvents();
-  BuildGroups();
+  ChooseDatabase(false);
   EnableByBoxes();
 }
 
 void FilterPanel::SetInitialValues() {
-  eibi_.SetChecked(true);
-  hfcc_.Enable(false);  // its archives are not read yet
   around_.SetChecked(true);
   first_->SetValue(kFirstCentre);
   second_->SetValue(kFirstSpan);
@@ -171,12 +169,24 @@ void FilterPanel::Paint(HDC dc) {
   }
 }
 
-void FilterPanel::SetTexts(uint32_t filter, const TmyStringList& texts) {
+void FilterPanel::SetTexts(uint32_t filter, std::vector<FilterText> texts) {
   TmyComboBox2& list = *texts_[filter]->list;
   const TmyString selected = list.SelectedText();
+  texts_[filter]->choices = std::move(texts);
   list.Clear();
-  for (uint32_t i = 0; i < texts.Count(); ++i) list.Add(texts.Get(i), 0);
+  for (const FilterText& text : texts_[filter]->choices) list.Add(text.shown);
   list.SetSelection(selected.IsEmpty() ? -1 : list.FindText(selected));
+}
+
+void FilterPanel::ChooseDatabase(bool hfcc) {
+  (hfcc ? hfcc_ : eibi_).SetChecked(true);
+  const auto& captions = hfcc ? kHfccCaptions : kEibiCaptions;
+  for (uint32_t i = 0; i < kTextFilters; ++i) texts_[i]->box.SetCaption(captions[i]);
+  // EiBi's records keep an ITU country code where HFCC's keep a set of zones.
+  texts_[3]->box.SetToolTip(hfcc ? "" : "The list holds ITU country codes");
+  texts_[3]->list->SetToolTip(hfcc ? "" : "ITU country codes");
+  BuildGroups();
+  Realign();
 }
 
 FilterChoices FilterPanel::Choices() const {
@@ -190,7 +200,7 @@ FilterChoices FilterPanel::Choices() const {
   choices.to = static_cast<int32_t>(to_->Value());
   for (uint32_t i = 0; i < kTextFilters; ++i) {
     if (!texts_[i]->box.IsChecked() || texts_[i]->list->Selection() < 0) continue;
-    choices.texts[i] = texts_[i]->list->SelectedText().View();
+    choices.texts[i] = texts_[i]->choices[static_cast<size_t>(texts_[i]->list->Selection())].value.View();
   }
   return choices;
 }
@@ -223,6 +233,11 @@ void FilterPanel::BoxClicked(Tmy_CheckBox& box) {
 }
 
 void FilterPanel::OptionClicked(Tmy_OptionButton& option) {
+  if (&option == &eibi_ || &option == &hfcc_) {
+    ChooseDatabase(&option == &hfcc_);
+    databaseChanged();
+    return;
+  }
   if (&option == &around_ || &option == &between_) SwitchFrequencies(&option == &around_);
   EnableByBoxes();
   changed(false);

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "app/FilterRecord.h"
+#include "app/FilterText.h"
 #include "app/FlowLayout.h"
-#include "foundation/TmyStringList.h"
 #include "toolkit/TmyComboBox2.h"
 #include "toolkit/TmyFrequencyEdit.h"
 #include "toolkit/TmyPanel.h"
@@ -33,8 +33,11 @@ class FilterPanel : public TmyPanel {
   [[nodiscard]] FilterChoices Choices() const;
   [[nodiscard]] bool FollowsClock() const;  // the time filter stands on the current time
   [[nodiscard]] bool IsAutoTuning() const { return autoTuning_.IsChecked(); }
-  // Replaces the choices of a text filter (0 to 3). A selected text that is still there stays selected.
-  void SetTexts(uint32_t filter, const TmyStringList& texts);
+  [[nodiscard]] bool ShowsHfcc() const { return hfcc_.IsChecked(); }
+  TmyEvent<> databaseChanged;  // by the user
+  void ChooseDatabase(bool hfcc);  // raises nothing; names the text filters as the database does
+  // Replaces the choices of a text filter (0 to 3). A selected choice that is still there stays selected.
+  void SetTexts(uint32_t filter, std::vector<FilterText> texts);
 
   [[nodiscard]] int HeightFor(int width) const;  // pixels, all rows
 
@@ -57,6 +60,7 @@ class FilterPanel : public TmyPanel {
     TextFilter(TmyComponent& owner, const char* caption);
     Tmy_CheckBox box;
     TmyComboBox2* list;  // belongs to its window
+    std::vector<FilterText> choices;
   };
 
   void BuildGroups();

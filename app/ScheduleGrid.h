@@ -2,10 +2,12 @@
 // them. EibiGrid adds what is particular to its records.
 #pragma once
 
+#include <vector>
+
 #include "app/EibiColumns.h"
 #include "app/FilterRecord.h"
+#include "app/FilterText.h"
 #include "app/RowMarks.h"
-#include "foundation/TmyStringList.h"
 #include "toolkit/TmyStringGrid.h"
 
 // What tuning to a record means.
@@ -35,8 +37,8 @@ class ScheduleGrid : protected TmyGridModel {
   [[nodiscard]] virtual uint32_t RecordCount() const = 0;  // of the database
   [[nodiscard]] uint32_t ShownCount() const noexcept { return shown_.Count(); }
   [[nodiscard]] virtual TuneTarget TargetOf(uint32_t row) const = 0;  // row must show a record
-  // The distinct texts of one of the four text filters (0 to 3), in byte order, without the empty one.
-  virtual void FilterTexts(uint32_t filter, TmyStringList& texts) const = 0;
+  // The distinct choices of one of the four text filters (0 to 3), sorted, without an empty one.
+  [[nodiscard]] virtual std::vector<FilterText> FilterTexts(uint32_t filter) const = 0;
 
   [[nodiscard]] TmyStringGrid& Control() noexcept { return *grid_; }
   [[nodiscard]] bool ShowsRecord(uint32_t row) const noexcept;

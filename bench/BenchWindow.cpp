@@ -36,7 +36,7 @@ class BenchGrid {
   void CollectTexts() const {
     for (uint32_t filter = 0; filter < FilterPanel::kTextFilters; ++filter) {
       TmyStringList texts;
-      grid_.FilterTexts(filter, texts);
+      texts = grid_.FilterTexts(filter);
     }
   }
   void Show(bool visible) {

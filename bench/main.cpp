@@ -1,4 +1,4 @@
-// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule], where DIR holds an eibi.txt.
+// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc], where DIR holds an eibi.txt.
 
 #include <cstring>
 
@@ -27,7 +27,7 @@ int main(int argc, char** argv) {
   const char* folder = Option(argc, argv, "--data");
   const char* only = Option(argc, argv, "--only");
   if (!folder) {
-    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule]\n");
+    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|hfcc]\n");
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));
@@ -41,5 +41,6 @@ int main(int argc, char** argv) {
   for (const Subject& subject : kSubjects) {
     if (!only || strcmp(only, subject.name) == 0) subject.run(schedule);
   }
+  if (!only || strcmp(only, "hfcc") == 0) BenchHfcc(folder);
   return 0;
 }

@@ -7,8 +7,9 @@ change of Python's changes the file. Latin-1, lines end in CR LF.
     make-eibi.py build/samples/eibi.txt
 """
 
-import os
 import sys
+
+from common import Choices, write_whole
 
 HEADER = """\
 MARLUX SAMPLE SCHEDULE - invented stations, for trying out the program
@@ -76,20 +77,6 @@ FIXED = [
 ]
 
 
-class Choices:
-    """A linear congruential generator; its upper bits are good enough for a sample."""
-
-    def __init__(self, seed):
-        self.state = seed
-
-    def below(self, count):
-        self.state = (self.state * 1103515245 + 12345) % 2**31
-        return (self.state >> 8) % count
-
-    def of(self, values):
-        return values[self.below(len(values))]
-
-
 def frequency(choices):
     low, high = choices.of(BANDS)
     khz = low + 5 * choices.below((high - low) // 5 + 1)
@@ -121,13 +108,7 @@ def main():
     rows = FIXED + list(made_up(Choices(1923), 390))
     rows.sort(key=lambda row: (float(row[0]), row[1], row[4]))
     text = HEADER + "".join(line(row) + "\n" for row in rows)
-    path = sys.argv[1]
-    os.makedirs(os.path.dirname(path) or ".", exist_ok=True)
-    # Another build may be reading the old one: the new file takes its place whole.
-    aside = f"{path}.{os.getpid()}"
-    with open(aside, "wb") as file:
-        file.write(text.replace("\n", "\r\n").encode("latin-1"))
-    os.replace(aside, path)
+    write_whole(sys.argv[1], text.replace("\n", "\r\n").encode("latin-1"))
 
 
 if __name__ == "__main__":

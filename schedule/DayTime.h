@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "schedule/WholeNumber.h"
+
 inline constexpr uint32_t kDaysOfWeek = 7;
 inline constexpr uint8_t kAllDaysMask = 0x7F;
 inline constexpr uint8_t kWorkdaysMask = 0x3E;
@@ -34,6 +36,17 @@ inline constexpr std::array<std::string_view, 10> kHfccDayChoices = {
 // "All days", "Workdays", "Weekend", the full name of a single day, else short names from Monday on: "Mon, Wed, Sun".
 // "" for no day. Bits above the seventh do not count. The text is static and zero-terminated.
 [[nodiscard]] const char* DayMaskText(uint32_t mask) noexcept;
+
+// Seconds for the characters HHMM; "2400" gives 86400. Parts that are missing or no numbers count as 0, what follows
+// the fourth character is ignored.
+[[nodiscard]] constexpr int32_t SecondsFromHhMm(std::string_view hhmm) noexcept {
+  const auto isDigit = [hhmm](size_t i) { return hhmm[i] >= '0' && hhmm[i] <= '9'; };
+  if (hhmm.size() >= 4 && isDigit(0) && isDigit(1) && isDigit(2) && isDigit(3)) {  // nearly always
+    return ((hhmm[0] * 10 + hhmm[1] - '0' * 11) * 60 + hhmm[2] * 10 + hhmm[3] - '0' * 11) * 60;
+  }
+  const int32_t minutes = hhmm.size() > 2 ? WholeNumber(hhmm.substr(2, 2)) : 0;
+  return (WholeNumber(hhmm.substr(0, 2)) * 60 + minutes) * 60;
+}
 
 // Writes HH:MM for the characters HHMM. Shorter input leaves its part out ("22" gives "22:"), what follows the fourth
 // character is ignored.

@@ -141,24 +141,6 @@ int32_t HzFromText(std::string_view text) noexcept {
   return _mm_cvtsd_si32(_mm_set_sd(hertz));  // to nearest, whatever a host has done to the x87 control word
 }
 
-// A number of up to two characters, read as "%d" does: blanks, a sign, digits; 0 when there is none.
-int32_t ShortNumber(std::string_view text) noexcept {
-  size_t i = 0;
-  while (i < text.size() && (text[i] == ' ' || (text[i] >= '\t' && text[i] <= '\r'))) ++i;
-  const bool negative = i < text.size() && text[i] == '-';
-  if (i < text.size() && (text[i] == '-' || text[i] == '+')) ++i;
-  int32_t value = 0;
-  for (; i < text.size() && IsDigit(text[i]); ++i) value = value * 10 + (text[i] - '0');
-  return negative ? -value : value;
-}
-
-int32_t SecondsFromHhMm(std::string_view hhmm) noexcept {
-  if (hhmm.size() >= 4 && std::all_of(hhmm.begin(), hhmm.begin() + 4, IsDigit)) {  // nearly always
-    return ((hhmm[0] * 10 + hhmm[1] - '0' * 11) * 60 + hhmm[2] * 10 + hhmm[3] - '0' * 11) * 60;
-  }
-  return (ShortNumber(Cut(hhmm, 0, 2)) * 60 + ShortNumber(Cut(hhmm, 2, 4))) * 60;
-}
-
 // time := HHMM "-" HHMM      (the separator may be any character; parts that are missing count as 0)
 void SetTimes(EibiItem& item, std::string_view field) noexcept {
   if (field.empty()) {

@@ -1,0 +1,130 @@
+#include "schedule/ColumnTable.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+#include <string>
+
+namespace {
+
+constexpr uint32_t kStarts[] = {0, 4, 8};
+
+bool Load(ColumnTable& table, const std::string& bytes, bool sorted = false) {
+  return table.Load(bytes.data(), static_cast<uint32_t>(bytes.size()), kStarts, 3, 0, sorted);
+}
+
+// "a|b|c;" for each row, "-" for a blank cell.
+std::string Shown(const ColumnTable& table) {
+  std::string text;
+  for (uint32_t row = 0; row < table.Rows(); ++row) {
+    for (uint32_t column = 0; column < table.Columns(); ++column) {
+      const char* cell = table.Row(row)[column];
+      if (column > 0) text += '|';
+      text += cell ? cell : "-";
+    }
+    text += ';';
+  }
+  return text;
+}
+
+}  // namespace
+
+TEST(ColumnTable, CutsLinesIntoCells) {
+  const struct {
+    const char* what;
+    std::string bytes;
+    std::string rows;
+  } kCases[] = {
+      {"nothing", "", ""},
+      {"one row", "AB  CD  EFG H\r\n", "AB|CD|EFG H;"},
+      {"cells that start late", "  A  B    C\r\n", "A|B|C;"},
+      {"blanks behind the last cell", "AB  CD  E  \r\n", "AB|CD|E;"},
+      {"blank cells", "    CD\r\nAB      E\r\n", "-|CD|-;AB|-|E;"},
+      {"runs up to the next column", "ABCDEFGHI\r\n", "ABC|EFG|I;"},
+      {"only the character before it", "   A   BC\r\n", "||C;"},
+      {"runs up to the LF", "AB  CD  EFG\nAB  CD  EF \n", "AB|CD|EF;AB|CD|EF;"},
+      {"ends without LF", "AB  CD  EFG", "AB|CD|EFG;"},
+      {"ends without LF in an earlier column", "AB\r\nABCD", "AB|-|-;ABCD|-|-;"},
+      {"ends with blanks", "AB  CD\r\n   ", "AB|CD|-;"},
+      {"shorter than the first column", "A\r\n\r\nB\r\n", "A|-|-;-|-|-;B|-|-;"},
+      {"comments", ";AB CD\r\nAB\r\n ;B\r\n;", "AB|-|-;;B|-|-;"},
+      {"comment without LF", "AB\r\n; CD", "AB|-|-;"},
+      {"tabs are characters", "A\tB C\t  \t\r\n", "A\tB|C\t|\t;"},
+      {"zeros end the text", std::string("A\0B CD\r\n", 8), "A|CD|-;"},
+      {"zero at the start", std::string("\0AB CD\r\n", 8), "|CD|-;"},
+      {"lone CR in a line", "A\rB C\r  E\r\r\n", "A\rB|C|E;"},
+      {"high bytes", "\xFF\x80  \xC4\r\n", "\xFF\x80|\xC4|-;"},
+  };
+  ColumnTable table;
+  for (const auto& each : kCases) {
+    EXPECT_TRUE(Load(table, each.bytes)) << each.what;
+    EXPECT_EQ(Shown(table), each.rows) << each.what;
+  }
+}
+
+TEST(ColumnTable, FindsCodesInTheOrderOfTheirBytes) {
+  ColumnTable table;
+  ASSERT_TRUE(Load(table, "b   1\r\nB   2\r\nAB  3\r\n    4\r\nA   5\r\nb   6\r\n\xC4   7\r\n", true));
+  const uint32_t kOrder[] = {3, 4, 2, 1, 0, 5, 6};
+  for (uint32_t position = 0; position < 7; ++position) {
+    EXPECT_EQ(table.RowAt(position), kOrder[position]);
+    EXPECT_EQ(table.PositionOf(kOrder[position]), position);
+  }
+  const struct {
+    const char* code;
+    uint32_t from, to;
+    int32_t row;
+  } kCases[] = {
+      {"A", 0, 7, 4}, {"AB", 0, 6, 2}, {"B", 0, 0xFFFFFFFF, 1}, {"\xC4", 0, 7, 6}, {"a", 0, 7, -1}, {"ABC", 0, 7, -1},
+      {"", 0, 7, 3},  {"A", 2, 7, -1}, {"B", 0, 2, -1},         {"B", 3, 3, 1},    {"A", 7, 3, -1}, {nullptr, 0, 7, -1},
+  };
+  for (const auto& each : kCases) EXPECT_EQ(table.FindCode(each.code, each.from, each.to), each.row) << each.code;
+  EXPECT_STREQ(table.Text(2, 1), "3");
+  for (const int32_t row : {-1, 7}) EXPECT_STREQ(table.Text(row, 1), "");
+  EXPECT_STREQ(table.Text(2, 3), "");
+
+  EXPECT_TRUE(Load(table, "b\r\na\r\n"));
+  EXPECT_EQ(table.RowAt(0), 0U) << "not sorted";
+  EXPECT_TRUE(table.Load("a   2\nb   1\n", 12, kStarts, 3, 1, true));
+  EXPECT_EQ(table.RowAt(0), 0U) << "both keys lose their only character to the LF: the order of the file";
+  EXPECT_TRUE(table.Load("a   2\r\nb   1\r\n", 14, kStarts, 3, 1, true));
+  EXPECT_EQ(table.RowAt(0), 1U);
+  EXPECT_EQ(table.SortKey(), 1U);
+}
+
+TEST(ColumnTable, RefusesColumnsWithoutSense) {
+  constexpr uint32_t kFalling[] = {0, 8, 4};
+  const struct {
+    const uint32_t* starts;
+    uint32_t columns, sortKey;
+  } kCases[] = {{kFalling, 3, 0}, {kStarts, 0, 0}, {kStarts, 3, 3}, {kStarts, ColumnTable::kMostColumns + 1, 0}};
+  ColumnTable table;
+  for (const auto& each : kCases) {
+    ASSERT_TRUE(Load(table, "A\r\nB", true));
+    EXPECT_FALSE(table.Load("A", 1, each.starts, each.columns, each.sortKey, true));
+    EXPECT_EQ(table.Rows(), 0U) << "what was there is gone";
+    EXPECT_EQ(table.FindCode("A", 0, 7), -1);
+  }
+}
+
+TEST(ColumnTable, StopsAtItsLastRow) {
+  ColumnTable table;
+  EXPECT_TRUE(Load(table, std::string(ColumnTable::kMostRows + 5, '\n')));
+  EXPECT_EQ(table.Rows(), ColumnTable::kMostRows);
+}
+
+TEST(ColumnTable, KeepsCellsInsideAnyBytes) {
+  std::mt19937 random(3);
+  ColumnTable table;
+  for (int i = 0; i < 3000; ++i) {
+    std::string bytes(random() % 60, 0);
+    for (char& c : bytes) c = "AB \n\r;\t\0"[random() % 8];
+    ASSERT_TRUE(Load(table, bytes, true));
+    size_t total = 0;
+    for (uint32_t row = 0; row < table.Rows(); ++row) {
+      for (uint32_t column = 0; column < 3; ++column) total += strlen(table.Text(static_cast<int32_t>(row), column));
+    }
+    ASSERT_LE(total, bytes.size());
+  }
+}
