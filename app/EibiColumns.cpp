@@ -4,20 +4,9 @@
 
 namespace {
 
-using EibiTests::KeepsUtc;
-using EibiTests::kNoTime;
-using EibiTests::LocalMinutes;
-
 std::string_view TimeCell(int32_t seconds, const char* utcText, const ShownZone& zone, CellBuffer& buffer) noexcept {
-  const int32_t minutes = LocalMinutes(seconds, zone.localOffset);
-  if (KeepsUtc(zone) || minutes == kNoTime) return utcText;
-  const auto digit = [](int32_t value) { return static_cast<char>('0' + value % 10); };
-  const int32_t hours = minutes / 60;
-  const int32_t rest = minutes % 60;
-  const char text[] = {digit(hours / 10), digit(hours), ':', digit(rest / 10), digit(rest), 0};
-  static_assert(sizeof text <= sizeof buffer);
-  std::copy(std::begin(text), std::end(text), buffer);
-  return {buffer, sizeof text - 1};
+  if (zone.KeepsUtc() || seconds == EibiTests::kNoTime) return utcText;
+  return WriteTime(zone.LocalMinutes(seconds), buffer);
 }
 
 }  // namespace

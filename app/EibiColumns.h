@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/RecordSort.h"
+#include "app/ShownZone.h"
 #include "foundation/TmyList.h"
 #include "schedule/EibiItem.h"
 
@@ -30,15 +31,6 @@ inline constexpr std::array<EibiColumnInfo, kEibiColumns> kEibiColumnInfos = {{
     {"Remarks", 104, false},
     {"ITU", 48, false},
 }};
-
-// In which zone the grid shows times.
-struct ShownZone {
-  bool utc = true;
-  int32_t localOffset = 0;  // seconds that local time is ahead of UTC; counts when `utc` is false
-  bool operator==(const ShownZone&) const = default;
-};
-
-using CellBuffer = char[8];
 
 // The text of a cell, zero-terminated, valid while record and buffer are. Records hold their texts already; only local
 // times are written into the buffer. An offset of 0 changes nothing, so that 24:00 stays; "-" stays "-".

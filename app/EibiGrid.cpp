@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "app/EibiColumns.h"
 #include "app/EibiFilter.h"
 #include "plugin/HostLink.h"
 #include "schedule/EibiReader.h"
@@ -31,6 +32,10 @@ void EibiGrid::Load(const TmyString& folder) {
 
 void EibiGrid::RunFilter(const FilterRecord& filter, TmyList& passing) {
   FilterEibi(*items_, filter, passing);
+}
+
+const EibiItem* EibiGrid::ItemOf(uint32_t row) const noexcept {
+  return ShowsRecord(row) ? &ItemAt(TmyStringGrid::RecordOf(row)) : nullptr;
 }
 
 TuneTarget EibiGrid::TargetOf(uint32_t row) const {

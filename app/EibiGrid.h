@@ -17,6 +17,7 @@ class EibiGrid : public ScheduleGrid {
   void SetDefaultWidths();  // in the theme's scale
 
   [[nodiscard]] uint32_t RecordCount() const override { return items_->Count(); }
+  [[nodiscard]] const EibiItem* ItemOf(uint32_t row) const noexcept;  // null for a row that shows no record
   [[nodiscard]] TuneTarget TargetOf(uint32_t row) const override;
   [[nodiscard]] std::vector<FilterText> FilterTexts(uint32_t filter) const override;
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/EibiColumns.h"
-#include "foundation/Clock.h"
 
 namespace EibiTests {
 
@@ -14,32 +13,24 @@ struct FrequencyGreater {
   }
 };
 
-// Inline and byte by byte: most texts differ early, and a call into the runtime costs more than the comparison.
 template <auto kField>
 struct TextGreater {
   bool operator()(const EibiItem& left, const EibiItem& right) const noexcept {
-    const char* a = left.*kField;
-    const char* b = right.*kField;
-    while (*a == *b && *a != 0) ++a, ++b;
-    return static_cast<uint8_t>(*a) > static_cast<uint8_t>(*b);
+    return IsTextGreater(left.*kField, right.*kField);
   }
 };
 
-inline bool KeepsUtc(const ShownZone& zone) noexcept {
-  return zone.utc || zone.localOffset == 0;
-}
-
 // Local minutes of the day; -1 without a time. They order as their texts do: "-" comes before every digit.
-inline int32_t LocalMinutes(int32_t seconds, int32_t offset) noexcept {
-  return seconds == kNoTime ? kNoTime : ShiftTimeOfDay(seconds, offset) / 60;
+inline int32_t LocalMinutes(int32_t seconds, const ShownZone& zone) noexcept {
+  return seconds == kNoTime ? kNoTime : zone.LocalMinutes(seconds);
 }
 
 template <auto kSeconds>
 struct LocalTimeGreater {
-  int32_t offset;
+  ShownZone zone;
 
   bool operator()(const EibiItem& left, const EibiItem& right) const noexcept {
-    return LocalMinutes(left.*kSeconds, offset) > LocalMinutes(right.*kSeconds, offset);
+    return LocalMinutes(left.*kSeconds, zone) > LocalMinutes(right.*kSeconds, zone);
   }
 };
 
@@ -50,11 +41,11 @@ template <class Use>
 auto WithEibiTest(EibiColumn column, const ShownZone& zone, Use use) {
   switch (column) {
     case EibiColumn::kStart:
-      if (EibiTests::KeepsUtc(zone)) return use(EibiTests::TextGreater<&EibiItem::startText>{});
-      return use(EibiTests::LocalTimeGreater<&EibiItem::start>{zone.localOffset});
+      if (zone.KeepsUtc()) return use(EibiTests::TextGreater<&EibiItem::startText>{});
+      return use(EibiTests::LocalTimeGreater<&EibiItem::start>{zone});
     case EibiColumn::kStop:
-      if (EibiTests::KeepsUtc(zone)) return use(EibiTests::TextGreater<&EibiItem::endText>{});
-      return use(EibiTests::LocalTimeGreater<&EibiItem::end>{zone.localOffset});
+      if (zone.KeepsUtc()) return use(EibiTests::TextGreater<&EibiItem::endText>{});
+      return use(EibiTests::LocalTimeGreater<&EibiItem::end>{zone});
     case EibiColumn::kDays:
       return use(EibiTests::TextGreater<&EibiItem::daysText>{});
     case EibiColumn::kStation:

@@ -1,5 +1,7 @@
 #include "app/ScheduleGrid.h"
 
+#include <algorithm>
+
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -28,15 +30,18 @@ ScheduleGrid::ScheduleGrid(TmyComponent& parent) : grid_(new TmyStringGrid(paren
 
 void ScheduleGrid::SetColumns(const TmyGridColumn* columns, uint32_t count) {
   widthsTextHeight_ = TmyApplication::Get().Theme().TextHeight();
+  titles_.Clear();
+  for (uint32_t i = 0; i < count; ++i) titles_.Add(columns[i].title);
   grid_->SetColumns(columns, count);
 }
 
 void ScheduleGrid::ScaleWidths() {
   const int now = TmyApplication::Get().Theme().TextHeight();
-  if (now == widthsTextHeight_) return;
-  for (uint32_t i = 0; i < grid_->ColumnCount(); ++i) {
-    grid_->SetColumnWidth(i, MulDiv(grid_->ColumnWidth(i), now, widthsTextHeight_));
-  }
+  if (now == widthsTextHeight_ || widthsTextHeight_ == 0) return;
+  int32_t widths[TmyStringGrid::kMaxColumns];  // those of columns that are not shown, too: they may come back
+  std::transform(grid_->Widths(), grid_->Widths() + std::size(widths), widths,
+                 [&](int32_t width) { return MulDiv(width, now, widthsTextHeight_); });
+  grid_->SetWidths(widths, std::size(widths));
   widthsTextHeight_ = now;
 }
 
@@ -46,6 +51,35 @@ bool ScheduleGrid::ShowsRecord(uint32_t row) const noexcept {
 
 const char* ScheduleGrid::EmptyText() const {
   return RecordCount() == 0 ? "No schedule loaded" : "No broadcast passes the filter";
+}
+
+void ScheduleGrid::RowTexts(uint32_t row, TmyStringList& cells) const {
+  cells.Clear();
+  for (uint32_t column = 0; column < titles_.Count(); ++column) {
+    if (row == 0) {
+      cells.Add(titles_.Get(column));
+    } else {
+      TmyCellText cell;
+      CellText(TmyStringGrid::RecordOf(row), column, cell);
+      cells.Add(TmyString(cell.View()));
+    }
+  }
+}
+
+uint32_t ScheduleGrid::MarkCount() const {
+  if (marks_.Count() == 0) return 0;
+  const auto isMarked = [this](const void* record) { return marks_.IsMarked(record); };
+  return static_cast<uint32_t>(std::count_if(shown_.Entries(), shown_.Entries() + shown_.Count(), isMarked));
+}
+
+bool ScheduleGrid::IsRowMarked(uint32_t row) const {
+  return ShowsRecord(row) && IsMarked(TmyStringGrid::RecordOf(row));
+}
+
+void ScheduleGrid::MoveSort(int column) {
+  wanted_.column = column;
+  applied_.column = column;
+  grid_->SetSort(column, wanted_.direction == SortDirection::kAscending);
 }
 
 void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bool changedOnly) {

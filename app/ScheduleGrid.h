@@ -1,13 +1,15 @@
 // Marlux 3. One database's grid: the records that pass the filter, their order, the marks, and the control that shows
-// them. EibiGrid adds what is particular to its records.
+// them. EibiGrid and FccGrid add what is particular to their records.
 #pragma once
 
 #include <vector>
 
-#include "app/EibiColumns.h"
 #include "app/FilterRecord.h"
 #include "app/FilterText.h"
+#include "app/RecordSort.h"
 #include "app/RowMarks.h"
+#include "app/ShownZone.h"
+#include "foundation/TmyStringList.h"
 #include "toolkit/TmyStringGrid.h"
 
 // What tuning to a record means.
@@ -40,6 +42,11 @@ class ScheduleGrid : protected TmyGridModel {
   // The distinct choices of one of the four text filters (0 to 3), sorted, without an empty one.
   [[nodiscard]] virtual std::vector<FilterText> FilterTexts(uint32_t filter) const = 0;
 
+  // Replaces `cells` by what a row shows, column by column: the titles for row 0. The row must show a record otherwise.
+  void RowTexts(uint32_t row, TmyStringList& cells) const;
+  [[nodiscard]] uint32_t MarkCount() const;  // of the marked rows that are shown
+  [[nodiscard]] bool IsRowMarked(uint32_t row) const;
+
   [[nodiscard]] TmyStringGrid& Control() noexcept { return *grid_; }
   [[nodiscard]] bool ShowsRecord(uint32_t row) const noexcept;
 
@@ -47,6 +54,9 @@ class ScheduleGrid : protected TmyGridModel {
   virtual void RunFilter(const FilterRecord& filter, TmyList& passing) = 0;
   virtual void Sort(TmyList& records, uint32_t column, SortDirection direction) = 0;
   void SetColumns(const TmyGridColumn* columns, uint32_t count);
+  [[nodiscard]] int SortColumn() const noexcept { return wanted_.column; }  // -1: none
+  // The order stays as it is, and is now that of another column, or of none with -1.
+  void MoveSort(int column);
   void ForgetRecords();  // before the database's records are freed
   [[nodiscard]] const void* RecordAt(uint32_t record) const noexcept { return shown_.Get(record); }
   [[nodiscard]] const ShownZone& Zone() const noexcept { return zone_; }
@@ -71,7 +81,8 @@ class ScheduleGrid : protected TmyGridModel {
   void ShowList(const void* current);
 
   TmyStringGrid* grid_;  // belongs to its window
-  TmyList shown_;        // the records that pass, in display order; the database owns them
+  TmyStringList titles_;
+  TmyList shown_;  // the records that pass, in display order; the database owns them
   RowMarks marks_;
   FilterRecord filter_;
   ShownZone zone_;

@@ -1,0 +1,110 @@
+#include "app/FccGrid.h"
+
+#include <algorithm>
+#include <map>
+#include <string_view>
+
+#include "app/FccFilter.h"
+#include "plugin/HostLink.h"
+#include "toolkit/TmyApplication.h"
+
+namespace {
+
+// The text filters that compare codes, and where their names come from.
+struct CodeFilter {
+  const char* FccItem::*code;
+  const char* (HfccDatabase::*name)(const FccItem&) const noexcept;
+};
+constexpr CodeFilter kCodeFilters[] = {
+    {&FccItem::administrationCode, &HfccDatabase::AdministrationName},
+    {&FccItem::siteCode, &HfccDatabase::LocationName},
+    {&FccItem::broadcasterCode, &HfccDatabase::BroadcasterName},
+};
+
+FilterText CodeText(std::string_view code, std::string_view name) {
+  const TmyString value(code);
+  return {code == name ? value : value + "  " + TmyString(name), value};
+}
+
+}  // namespace
+
+FccGrid::FccGrid(TmyComponent& parent) : ScheduleGrid(parent) {
+  SetFields(kFirstFccFields, std::size(kFirstFccFields));
+}
+
+HfccLoad FccGrid::Load(const TmyString& archivePath) {
+  ForgetRecords();
+  return database_.LoadHfcc(archivePath);
+}
+
+void FccGrid::SetFields(const uint32_t* fields, uint32_t count) {
+  ScaleWidths();  // all widths must be meant for one text height
+  const int sorted = SortColumn();
+  const FccColumn* const sortedBy = sorted >= 0 ? columns_[static_cast<uint32_t>(sorted)] : nullptr;
+  count = std::min(count, kFccFields);
+  fields_.assign(fields, fields + count);
+  columns_.clear();
+  TmyGridColumn shown[kFccFields];
+  for (uint32_t i = 0; i < count; ++i) {
+    const FccColumn& column = FccColumnOf(fields_[i]);
+    columns_.push_back(&column);
+    const int width = i < placesSeen_ ? 0 : TmyApplication::Get().Theme().Scaled(column.width);
+    shown[i] = {column.title, width, column.alignRight};
+  }
+  placesSeen_ = std::max(placesSeen_, count);
+  SetColumns(shown, count);
+  const auto place = std::ranges::find(columns_, sortedBy);
+  MoveSort(place == columns_.end() ? -1 : static_cast<int>(place - columns_.begin()));
+}
+
+const FccItem* FccGrid::ItemOf(uint32_t row) const noexcept {
+  return ShowsRecord(row) ? &ItemAt(TmyStringGrid::RecordOf(row)) : nullptr;
+}
+
+TuneTarget FccGrid::TargetOf(uint32_t row) const {
+  const FccItem& item = ItemAt(TmyStringGrid::RecordOf(row));
+  return {static_cast<uint32_t>(item.frequency), ModeOfModulation(item.modulation)};
+}
+
+std::vector<FilterText> FccGrid::FilterTexts(uint32_t filter) const {
+  if (filter >= std::size(kCodeFilters)) return ZoneTexts();
+  const CodeFilter& coded = kCodeFilters[filter];
+  std::map<std::pair<std::string_view, std::string_view>, FilterText> texts;  // by name, then code
+  for (uint32_t i = 0; i < database_.Items().Count(); ++i) {
+    const FccItem& item = *database_.Items().Get(i);
+    const std::string_view code = item.*coded.code;
+    if (code.empty()) continue;
+    const std::string_view name = (database_.*coded.name)(item);
+    const auto [place, isNew] = texts.try_emplace({name, code});
+    if (isNew) place->second = CodeText(code, name);
+  }
+  std::vector<FilterText> sorted;
+  sorted.reserve(texts.size());
+  for (const auto& [key, text] : texts) sorted.push_back(text);
+  return sorted;
+}
+
+std::vector<FilterText> FccGrid::ZoneTexts() const {
+  std::vector<FilterText> texts;
+  for (uint32_t zone = 1; zone <= ZoneSet::kHighest; ++zone) {
+    uint32_t i = 0;
+    while (i < database_.Items().Count() && !database_.Items().Get(i)->ciraf.Holds(zone)) ++i;
+    if (i == database_.Items().Count()) continue;
+    const TmyString text = TmyString::FromDecimal(zone);
+    texts.push_back({text, text});
+  }
+  return texts;
+}
+
+void FccGrid::RunFilter(const FilterRecord& filter, TmyList& passing) {
+  FilterFcc(database_.Items(), filter, passing);
+}
+
+void FccGrid::Sort(TmyList& records, uint32_t column, SortDirection direction) {
+  SortFcc(records, direction, FccGreater(database_, *columns_[column], Zone()));
+}
+
+void FccGrid::CellText(uint32_t record, uint32_t column, TmyCellText& text) const {
+  CellBuffer buffer;
+  text.Set(FccCellText(database_, ItemAt(record), *columns_[column], Zone(), buffer));
+}
