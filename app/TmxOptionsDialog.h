@@ -1,0 +1,65 @@
+// Marlux 3. "HFCC options": the dialog in which the user chooses the HFCC table's columns and their order.
+//
+//   if (TmxOptionsDialog::Choose(*this, fields, columns)) ShowColumns(columns);
+//
+// Keys in the lists: Insert selects an available column, Delete takes a selected one back, Alt+Up and Alt+Down move it;
+// Enter confirms unless a button has the focus.
+#pragma once
+
+#include <vector>
+
+#include "app/ColumnChoice.h"
+#include "toolkit/TmyListBox.h"
+#include "toolkit/Tmy_Btn.h"
+#include "toolkit/Tmy_Label.h"
+
+class TmxOptionsDialog : public TmyComponent {
+ public:
+  // Shows the dialog and waits. True: the user confirmed, `selected` holds the field indices in their new order, at
+  // least one. False: `selected` is as it was; the owner may be gone.
+  [[nodiscard]] static bool Choose(TmyComponent& owner, const std::vector<ColumnField>& fields,
+                                   std::vector<uint32_t>& selected);
+
+  static constexpr int kConfirmed = 1;  // what ShowModal returns
+  static constexpr int kCancelled = 2;
+  TmxOptionsDialog(TmyComponent& owner, const std::vector<ColumnField>& fields, const std::vector<uint32_t>& selected);
+  [[nodiscard]] const ColumnChoice& Columns() const noexcept { return choice_; }
+
+  void Realign() override;
+  void ThemeChanged() override;
+  void Confirm() override;
+  void Escape() override;
+  void FocusChanged(bool focused) override;
+  void PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) override;
+  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void BindEvents();
+  void FitSize(const TmyComponent& around);
+  void PlaceButtons(int left, int top, Tmy_Btn& upper, Tmy_Btn& lower);
+  [[nodiscard]] int SideWidth() const;  // of the buttons beside the lists
+  [[nodiscard]] SIZE SizeFor(int listWidth, int rows) const;
+  void ShowLists(int32_t available, int32_t selected);
+  void EnableButtons();
+  void Add();
+  void Remove();
+  void Move(int32_t by);
+  void ListSelected(TmyListBox& list);
+  void ListActivated(TmyListBox& list);
+  void Clicked(Tmy_Btn& button);
+
+  ColumnChoice choice_;
+  Tmy_Label text_;
+  Tmy_Label availableLabel_;
+  Tmy_Label selectedLabel_;
+  // In the order in which Tab walks through them.
+  TmyListBox* available_;  // the lists belong to their windows
+  Tmy_Btn add_;
+  Tmy_Btn remove_;
+  TmyListBox* selected_;
+  Tmy_Btn up_;
+  Tmy_Btn down_;
+  Tmy_Btn ok_;
+  Tmy_Btn cancel_;
+  int fittedHeight_ = 0;  // of the theme's text when the dialog was sized
+};

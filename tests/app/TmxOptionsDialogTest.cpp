@@ -1,0 +1,77 @@
+#include "app/TmxOptionsDialog.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+std::function<void(TmxOptionsDialog&)> inLoop;  // what the user does once the dialog is up
+
+void CALLBACK Act(HWND, UINT, UINT_PTR id, DWORD) {
+  KillTimer(nullptr, id);
+  auto* dialog = dynamic_cast<TmxOptionsDialog*>(TmyWindowBase::FromHandle(FindWindowA(nullptr, "HFCC options")));
+  ASSERT_NE(dialog, nullptr);
+  inLoop(*dialog);
+}
+
+TmyListBox& List(TmxOptionsDialog& dialog, bool selected) {
+  TmyComponent* first = dialog.NextChild(nullptr);
+  return dynamic_cast<TmyListBox&>(selected ? *dialog.NextChild(first) : *first);
+}
+
+void Key(const TmyComponent& window, WPARAM key, bool alt = false) {
+  SendMessageA(window.Handle(), alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key, alt ? 0x20000000 : 0);
+}
+
+// What comes out for the fields 10 to 13, of which 12 and 10 are selected; -1 in front: cancelled.
+std::vector<int> ChosenAfter(std::function<void(TmxOptionsDialog&)> action) {
+  auto* owner = new TmyComponent("Owner", WS_POPUP, 0, 0, 0, 300, 200, nullptr);
+  inLoop = std::move(action);
+  SetTimer(nullptr, 0, 10, Act);
+  std::vector<uint32_t> chosen = {12, 10};
+  const bool done = TmxOptionsDialog::Choose(*owner, {{10, "a"}, {11, "b"}, {12, "c"}, {13, "d"}}, chosen);
+  owner->Destroy();
+  std::vector<int> result(chosen.begin(), chosen.end());
+  if (!done) result.insert(result.begin(), -1);
+  return result;
+}
+
+TEST(TmxOptionsDialogTest, KeysMoveEntriesAndEnterConfirms) {
+  EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) {
+              Key(List(dialog, false), VK_END);
+              Key(List(dialog, false), VK_INSERT);   // 12 10 13, of which 13 is now the selected entry
+              Key(List(dialog, true), VK_UP, true);  // 12 13 10
+              Key(List(dialog, true), VK_HOME);
+              Key(List(dialog, true), VK_DELETE);  // 13 10
+              Key(List(dialog, false), VK_RETURN);
+            }),
+            (std::vector<int>{13, 10}));
+}
+
+TEST(TmxOptionsDialogTest, ADoubleClickMovesAndEscapeLeavesEverythingAsItWas) {
+  EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) {
+              List(dialog, true).activated(List(dialog, true));
+              EXPECT_EQ(dialog.Columns().SelectedIndices(), std::vector<uint32_t>{10});
+              SendMessageA(List(dialog, true).Handle(), kMsgEscape, 0, 0);
+            }),
+            (std::vector<int>{-1, 12, 10}));
+}
+
+TEST(TmxOptionsDialogTest, AnEmptyTableCannotBeConfirmed) {
+  EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) {
+              for (int i = 0; i < 3; ++i) Key(List(dialog, true), VK_DELETE);
+              EXPECT_FALSE(dialog.Columns().IsUsable());
+              Key(List(dialog, true), VK_RETURN);
+              EXPECT_TRUE(dialog.IsInModalLoop());
+              Key(List(dialog, false), VK_INSERT);
+              Key(List(dialog, false), VK_RETURN);
+            }),
+            std::vector<int>{12});  // where its selection went with the last that came back
+}
+
+TEST(TmxOptionsDialogTest, DestroyedWithItsOwnerItChangesNothing) {
+  EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) { dialog.Destroy(); }), (std::vector<int>{-1, 12, 10}));
+}
+
+}  // namespace
