@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/DetailDialog.h"
-#include "app/EibiColumns.h"
+#include "app/ShownZone.h"
 #include "schedule/HfccDatabase.h"
 
 class FccDetailDialog : public DetailDialog {

@@ -67,10 +67,10 @@ TEST(TmxOptionsDialogTest, AnEmptyTableCannotBeConfirmed) {
               Key(List(dialog, false), VK_INSERT);
               Key(List(dialog, false), VK_RETURN);
             }),
-            std::vector<int>{12});  // where its selection went with the last that came back
+            std::vector<int>{10});  // the last that came back is the selected entry there
 }
 
-TEST(TmxOptionsDialogTest, DestroyedWithItsOwnerItChangesNothing) {
+TEST(TmxOptionsDialogTest, DestroyedInsideItChangesNothing) {
   EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) { dialog.Destroy(); }), (std::vector<int>{-1, 12, 10}));
 }
 
