@@ -39,8 +39,9 @@ for _ in $(seq 50); do
   xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
   sleep 0.1
 done
-# One idle Wine program from the start: it brings up the desktop and the background services, which would otherwise be
-# children of the first test and keep its output open long after its end.
+# The background services and the desktop come up before the command: otherwise they would be children of its first
+# program and keep that one's output open long after its end. An idle program keeps them from ending in between; the
+# second one makes a window, which is what calls for the desktop.
 (
   use_own_wine
   sleep infinity | exec wine cmd >/dev/null 2>&1
@@ -48,6 +49,6 @@ done
 keeper=$!
 (
   use_own_wine
-  wine cmd /c exit
+  timeout 60 wine rundll32 user32.dll,MessageBeep
 ) </dev/null >/dev/null 2>&1
 "$@"

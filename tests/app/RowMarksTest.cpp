@@ -12,15 +12,10 @@ namespace {
 // Records named by letters, shown in the order of a text: Shown("cab") has record 'a' in row 2.
 char records[128];
 
-class Shown {
- public:
+struct Shown : TmyList {
   explicit Shown(const std::string& letters) {
-    for (const char c : letters) list_.Add(&records[static_cast<size_t>(c)]);
+    for (const char c : letters) Add(&records[static_cast<size_t>(c)]);
   }
-  operator const TmyList&() const { return list_; }
-
- private:
-  TmyList list_;
 };
 
 std::string Marked(const RowMarks& marks) {
@@ -42,33 +37,25 @@ TEST(RowMarks, FollowsClicks) {
     uint32_t anchorRow;
   } kCases[] = {
       {"", "", 0},
-      {"p3", "", 3},
-      {"c3", "c", 3},
       {"c3c3", "", 3},
       {"c3c5", "e", 5},  // a single mark moves
       {"p2s4", "bcd", 2},
       {"p8s3", "cdefgh", 8},  // up as well as down
-      {"s4", "d", 4},         // without an anchor the range is the row itself
-      {"s4s6", "def", 4},
+      {"s4s6", "def", 4},     // without an anchor the range is the row itself
       {"p2s4c6", "bcdf", 6},  // with several marks, control adds
       {"p2s4c3", "bd", 3},
-      {"p2s3c3", "b", 3},
       {"p2s3c3c5", "e", 5},    // down to one mark: it moves again
       {"p2s4s6", "bcdef", 2},  // what is marked already is not counted twice
       {"p2s4p7", "", 7},
-      {"p2s4p7s8", "gh", 7},
       {"p3p0s5", "cde", 3},  // the title row and rows below the last are no rows
       {"p3p9s5", "cde", 3},
-      {"c9", "", 0},
   };
   const Shown shown("abcdefgh");
   for (const auto& each : kCases) {
     RowMarks marks;
     for (const char* click = each.clicks; *click; click += 2) {
       const auto row = static_cast<uint32_t>(click[1] - '0');
-      const ClickKind kind = *click == 'p'   ? ClickKind::kPlain
-                             : *click == 'c' ? ClickKind::kControl
-                                             : ClickKind::kShift;
+      const auto kind = static_cast<ClickKind>(std::string_view("pcs").find(*click));
       EXPECT_EQ(marks.Click(shown, row, kind), row >= 1 && row <= 8) << each.clicks;
     }
     EXPECT_EQ(Marked(marks), each.marked) << each.clicks;
@@ -87,11 +74,6 @@ TEST(RowMarks, BelongToRecordsNotToRows) {
   marks.Click(Shown("def"), 2, ClickKind::kShift);  // the anchor is filtered away
   EXPECT_EQ(Marked(marks), "abce");
   EXPECT_EQ(marks.AnchorRecord(), &records[size_t{'e'}]);
-  EXPECT_FALSE(marks.Click(Shown(""), 1, ClickKind::kPlain));
-  EXPECT_EQ(Marked(marks), "abce");
-  marks.Clear();
-  EXPECT_EQ(Marked(marks), "");
-  EXPECT_EQ(marks.AnchorRecord(), nullptr);
 }
 
 TEST(PointerSet, AgreesWithAPlainSet) {
@@ -107,13 +89,9 @@ TEST(PointerSet, AgreesWithAPlainSet) {
     } else {
       ASSERT_EQ(set.Erase(pointer), plain.erase(pointer) == 1);
     }
-    ASSERT_EQ(set.Count(), plain.size());
+    ASSERT_FALSE(set.Contains(records));  // a full table would search forever
   }
+  EXPECT_EQ(set.Count(), plain.size());
   for (const char& each : addresses) ASSERT_EQ(set.Contains(&each), plain.count(&each) == 1);
   EXPECT_FALSE(set.Insert(nullptr));
-  EXPECT_FALSE(set.Contains(nullptr));
-  set.Clear();
-  EXPECT_EQ(set.Count(), 0U);
-  EXPECT_FALSE(set.Contains(&addresses[0]));
-  EXPECT_FALSE(set.Erase(&addresses[0]));
 }

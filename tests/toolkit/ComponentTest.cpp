@@ -1,17 +1,15 @@
 // The component model: dispatch of messages to windows and drawn controls, double clicks, focus, destruction.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "foundation/Clock.h"
+#include "tests/toolkit/ControlFixture.h"
 #include "toolkit/FocusOrder.h"
-#include "toolkit/TmyApplication.h"
 #include "toolkit/TmyHoveringMonitor.h"
 #include "toolkit/TmyPanel.h"
 #include "toolkit/TmyPublicTimer.h"
-#include "toolkit/myComponents.h"
 
 namespace {
 
@@ -71,10 +69,7 @@ class Window : public TmyComponent {
   bool* deleted_;
 };
 
-void Pump() {
-  MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
-}
+using Input::Pump;
 
 void PumpFor(uint32_t milliseconds) {
   const uint32_t end = GetTickCount() + milliseconds;
@@ -85,10 +80,10 @@ void PumpFor(uint32_t milliseconds) {
 }
 
 void Press(const TmyComponent& window, int x, int y) {
-  SendMessageA(window.Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+  Input::Mouse(window, WM_LBUTTONDOWN, x, y);
 }
 void Release(const TmyComponent& window, int x, int y) {
-  SendMessageA(window.Handle(), WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+  Input::Mouse(window, WM_LBUTTONUP, x, y, 0);
 }
 
 class ComponentTest : public testing::Test {
@@ -216,14 +211,8 @@ TEST_F(ComponentTest, ControlsArePaintedAroundTheWindowsOwnDrawing) {
   after.SetPaintsAfterOwner(true);
   after.SetBounds(0, 0, 10, 10);
   before.SetBounds(0, 0, 10, 10);
-  outside.SetBounds(400, 0, 10, 10);
-  const HDC dc = CreateCompatibleDC(nullptr);
-  const HBITMAP picture = CreateCompatibleBitmap(dc, 100, 100);
-  const HGDIOBJ former = SelectObject(dc, picture);
-  SendMessageA(window_->Handle(), WM_PAINT, reinterpret_cast<WPARAM>(dc), 0);
-  SelectObject(dc, former);
-  DeleteObject(picture);
-  DeleteDC(dc);
+  outside.SetBounds(700, 0, 10, 10);  // of the picture
+  ControlFixture::Colors(*window_, {});
   EXPECT_THAT(events_, ElementsAre("before paint", "after paint"));
 }
 
@@ -335,17 +324,6 @@ TEST_F(ComponentTest, AChildMayDestroyTheWholeWindowInsideItsHandler) {
   EXPECT_FALSE(Assassin::sawOwnWindow);
   EXPECT_TRUE(deleted);
   EXPECT_FALSE(IsWindow(ownedHandle));
-}
-
-TEST_F(ComponentTest, AnAdoptedSystemControlKeepsItsOwnBehaviour) {
-  auto* holder = new TmyPanel(*window_, WS_VISIBLE);
-  const HWND edit =
-      CreateWindowExA(0, "EDIT", "", WS_CHILD, 0, 0, 50, 20, window_->Handle(), nullptr, nullptr, nullptr);
-  holder->Adopt(edit);
-  EXPECT_EQ(holder->Handle(), edit);
-  EXPECT_EQ(TmyWindowBase::FromHandle(edit), holder);
-  SendMessageA(edit, WM_CHAR, 'x', 0);
-  EXPECT_EQ(holder->Caption(), "x");
 }
 
 TEST_F(ComponentTest, AHookSeesMessagesFirstAndMayEndThem) {

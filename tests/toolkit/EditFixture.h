@@ -1,27 +1,12 @@
-// Marlux 3. What the tests of all edit fields share: a window, a field in it, and what the field told.
+// Marlux 3. What the tests of all edit fields share: a field in a window, and what the field told.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include "tests/toolkit/InputWindow.h"
+#include "tests/toolkit/ControlFixture.h"
 #include "toolkit/ClipboardText.h"
 #include "toolkit/TmyEdit.h"
 
-class EditWindow : public InputWindow {
- public:
-  void Escape() override { ++escapes; }
-  void Confirm() override { ++confirms; }
-
-  int escapes = 0;
-  int confirms = 0;
-};
-
-class EditFixture : public testing::Test {
+class EditFixture : public ControlFixture {
  protected:
-  ~EditFixture() override {
-    if (window_) window_->Destroy();
-  }
-
   template <class Edit, class... Args>
   Edit* Make(Args... args) {
     auto* edit = new Edit(*window_, args...);
@@ -33,17 +18,13 @@ class EditFixture : public testing::Test {
     EXPECT_EQ(GetFocus(), edit->Handle()) << "no focus: is there a display?";
     return edit;
   }
-
-  static void Type(const TmyComponent& edit, std::string_view text) {
-    for (const char c : text) SendMessageA(edit.Handle(), WM_CHAR, static_cast<uint8_t>(c), 1);
+  static void Retype(TmyEdit& edit, std::string_view text) {
+    edit.SelectAll();
+    Input::Type(edit, text);
   }
   static void Paste(const TmyComponent& edit, const char* text) {
     ASSERT_TRUE(SetClipboardText(edit.Handle(), text));
     SendMessageA(edit.Handle(), WM_PASTE, 0, 0);
-  }
-  static void Pump() {
-    MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
   }
   // As "[begin,end)".
   static std::pair<int, int> Selection(const TmyComponent& edit) {
@@ -54,16 +35,10 @@ class EditFixture : public testing::Test {
 
   void Changed(TmyEdit&) { ++changes_; }
   void Committed(TmyEdit& edit) {
-    ++commits_;
     committedText_ = edit.Text();
-    if (!destroyInCommit_) return;
-    window_->Destroy();
-    window_ = nullptr;
+    Tell();
   }
 
-  EditWindow* window_ = new EditWindow;  // deleted by its window
   int changes_ = 0;
-  int commits_ = 0;
-  bool destroyInCommit_ = false;
   TmyString committedText_;
 };

@@ -1,30 +1,25 @@
 #include "toolkit/TmyListBox.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/toolkit/InputWindow.h"
+#include "tests/toolkit/ControlFixture.h"
 
 namespace {
 
 TEST(TypeSearchTest, CollectsForASecond) {
-  struct Keystroke {
+  const struct {
     char character;
     uint32_t ticks;
     bool taken;
     const char* text;
-  };
-  const Keystroke kTyped[] = {
-      {' ', 0xFFFFFF00, false, ""},     // a blank begins nothing
-      {'R', 0xFFFFFF00, true, "R"},     //
-      {'\r', 0xFFFFFF00, false, "R"},   //
-      {'a', 0x000000E0, true, "Ra"},    // the ticks have wrapped
-      {' ', 0x000000E0, true, "Ra "},   //
-      {'x', 0x000004C8, true, "Ra x"},  // exactly a second after the last one
-      {'y', 0x000008B1, true, "y"},     // a millisecond more
-      {' ', 0x00001000, false, ""},    {'\xE9', 0x00001000, true, "\xE9"},
+  } kTyped[] = {
+      {'\r', 0xFFFFFE00, false, ""},       //
+      {'\xE9', 0xFFFFFE00, true, "\xE9"},  //
+      {' ', 0xFFFFFFF0, true, "\xE9 "},    // a second later the ticks will have wrapped
+      {'x', 0x000003D8, true, "\xE9 x"},   // exactly a second after the last one
+      {'y', 0x000007C1, true, "y"},        // a millisecond more
+      {' ', 0x00001000, false, ""},        // a blank begins nothing
   };
   TypeSearch search;
-  for (const Keystroke& key : kTyped) {
+  for (const auto& key : kTyped) {
     EXPECT_EQ(search.Type(key.character, key.ticks), key.taken) << key.ticks;
     EXPECT_STREQ(search.Text().Chars(), key.text) << key.ticks;
   }
@@ -35,26 +30,27 @@ TEST(ListSearchTest, FindsTheFirstMatch) {
   for (const char* text : {"", "Radio Asia", "radio", "Radio", "Zulu", "\xC9tat"}) {
     items.Add(std::make_unique<TmyLBitem>(TmyLBitem{text, 0}));
   }
-  struct Case {
+  const struct {
     const char* text;
     int32_t exact, prefix;
-  };
-  const Case kCases[] = {
+  } kCases[] = {
       {"", 0, -1},     {"r", -1, 1},     {"RADIO", -1, 1}, {"Radio", 3, 1}, {"radio asian", -1, -1},
       {"zulu", -1, 4}, {"\xE9T", -1, 5},
   };
-  for (const Case& c : kCases) {
+  for (const auto& c : kCases) {
     EXPECT_EQ(ListSearch::FindExact(items, c.text), c.exact) << c.text;
     EXPECT_EQ(ListSearch::FindPrefix(items, c.text), c.prefix) << c.text;
   }
 }
 
-class ListBoxTest : public testing::Test {
- public:
+class ListBoxTest : public ControlFixture {
+ protected:
   static constexpr int kRows = 10;
 
-  ListBoxTest() : window_(new InputWindow), list_(new TmyListBox(*window_, WS_VISIBLE | WS_TABSTOP)) {
-    rowHeight_ = TmyApplication::Get().Theme().RowHeight();
+  ListBoxTest() { Open(); }
+  void Open() {
+    if (!window_) window_ = new InputWindow;
+    list_ = new TmyListBox(*window_, WS_VISIBLE | WS_TABSTOP);
     list_->SetBounds(0, 0, 200, kRows * rowHeight_ + 2);
     list_->BeginUpdate();
     for (int i = 0; i < 3000; ++i) list_->Add(Formatted("Row %04d", i), static_cast<uintptr_t>(i) * 2);
@@ -62,35 +58,20 @@ class ListBoxTest : public testing::Test {
     list_->selected.Bind<&ListBoxTest::SelectedEvent>(this);
     list_->activated.Bind<&ListBoxTest::Activated>(this);
   }
-  ~ListBoxTest() override {
-    if (window_) window_->Destroy();
-  }
-  void SelectedEvent(TmyListBox&) {
-    ++selected_;
-    if (!destroyInEvent_) return;
-    window_->Destroy();
-    window_ = nullptr;
-  }
+  void SelectedEvent(TmyListBox&) { Tell(); }
   void Activated(TmyListBox&) { ++activated_; }
-  void Type(const char* text) {
-    for (; *text; ++text) SendMessageA(list_->Handle(), WM_CHAR, static_cast<uint8_t>(*text), 1);
-  }
   [[nodiscard]] int YOf(int row) const { return 1 + row * rowHeight_ + rowHeight_ / 2; }
 
-  InputWindow* window_;
-  TmyListBox* list_;
-  int rowHeight_ = 0;
-  int selected_ = 0;
+  const int rowHeight_ = TmyApplication::Get().Theme().RowHeight();
+  TmyListBox* list_ = nullptr;
   int activated_ = 0;
-  bool destroyInEvent_ = false;
 };
 
 TEST_F(ListBoxTest, KeysMoveTheSelectionAndTheView) {
-  struct Case {
+  const struct {
     uint32_t key;
     int32_t before, after, top;
-  };
-  const Case kCases[] = {
+  } kCases[] = {
       {VK_DOWN, -1, 0, 0},
       {VK_UP, -1, 0, 0},
       {VK_UP, 0, 0, 0},
@@ -103,29 +84,27 @@ TEST_F(ListBoxTest, KeysMoveTheSelectionAndTheView) {
       {VK_HOME, 2999, 0, 0},
       {VK_END, -1, 2999, 2990},
   };
-  for (const Case& c : kCases) {
+  for (const auto& c : kCases) {
     list_->SetSelection(0);  // the view to the top
     list_->SetSelection(c.before);
-    selected_ = 0;
+    events_ = 0;
     Input::Key(*list_, c.key);
     EXPECT_EQ(list_->Selection(), c.after) << c.key << " from " << c.before;
     EXPECT_EQ(list_->TopItem(), c.top) << c.key << " from " << c.before;
-    EXPECT_EQ(selected_, c.before == c.after ? 0 : 1) << c.key << " from " << c.before;
+    EXPECT_EQ(events_, c.before == c.after ? 0 : 1) << c.key << " from " << c.before;
   }
 }
 
 TEST_F(ListBoxTest, TypingJumpsAndIsBegunAnewByAnArrow) {
-  Type("row 01");
-  EXPECT_EQ(list_->Selection(), 100);
-  Type("q");  // nothing begins so: the selection stays
+  Input::Type(*list_, "row 01q");  // nothing begins with the q: the selection stays
   EXPECT_EQ(list_->SelectedText(), "Row 0100");
   Input::Key(*list_, VK_DOWN);
-  Type("r");
+  Input::Type(*list_, "r");
   EXPECT_EQ(list_->Selection(), 0);
 }
 
 TEST_F(ListBoxTest, TheMouseSelectsDragsAndActivates) {
-  Input::Mouse(*list_, WM_MOUSEMOVE, 20, YOf(4));
+  Input::Mouse(*list_, WM_MOUSEMOVE, 20, YOf(4), 0);
   EXPECT_EQ(list_->HotItem(), 4);
   EXPECT_EQ(list_->Selection(), -1);
   Input::Drag(*list_, 20, YOf(2), 20, YOf(kRows) + 500);
@@ -136,68 +115,43 @@ TEST_F(ListBoxTest, TheMouseSelectsDragsAndActivates) {
   Input::Click(*list_, 20, YOf(3));
   EXPECT_EQ(activated_, 1);
   EXPECT_EQ(list_->ItemData(list_->Selection()), 8u);
-  Input::Click(*list_, 199, YOf(3));  // the frame
-  EXPECT_EQ(list_->Selection(), 4);
 }
 
-TEST_F(ListBoxTest, TheWheelScrollsOrGoesUp) {
-  UINT lines = 0;
-  SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+TEST_F(ListBoxTest, TheWheelScrollsOrGoesUpAndAnEmptyListTakesEverything) {
   Input::Wheel(*list_, -2);
-  EXPECT_EQ(list_->TopItem(), static_cast<int32_t>(2 * lines));
+  EXPECT_EQ(list_->TopItem(), 2 * Input::WheelLines());
   EXPECT_EQ(window_->wheels, 0);
-  list_->Clear();
-  Input::Wheel(*list_, -2);
-  EXPECT_EQ(window_->wheels, 1);
-}
-
-TEST_F(ListBoxTest, AnEmptyListTakesEverything) {
   list_->SetSelection(5);
   list_->Clear();
   EXPECT_EQ(list_->Selection(), -1);
-  EXPECT_EQ(list_->ItemData(0), 0u);
+  Input::Wheel(*list_, -2);
+  EXPECT_EQ(window_->wheels, 1);
   for (uint32_t key : {VK_DOWN, VK_END, VK_NEXT, VK_RETURN}) Input::Key(*list_, key);
-  Type("r");
+  Input::Type(*list_, "r");
   Input::Drag(*list_, 20, YOf(2), 20, YOf(5));
-  UpdateWindow(list_->Handle());
-  EXPECT_EQ(selected_ + activated_, 0);
+  EXPECT_EQ(events_ + activated_, 0);
 }
 
 TEST_F(ListBoxTest, PaintsTheSelectionWhereItIs) {
   const TmyTheme::Colors& color = TmyApplication::Get().Theme().Color();
-  const HDC screen = GetDC(list_->Handle());
-  const HDC memory = CreateCompatibleDC(screen);
-  const BitmapHandle bitmap(CreateCompatibleBitmap(screen, 200, kRows * rowHeight_ + 2));
-  {
-    const Selected selected(memory, bitmap.get());
-    list_->SetSelection(1500);
-    ::SetFocus(list_->Handle());
-    list_->Paint(memory);
-    EXPECT_EQ(GetPixel(memory, 2, YOf(kRows - 1)), color.accent);  // came into view as the last row
-    EXPECT_EQ(GetPixel(memory, 2, YOf(kRows - 2)), color.field);
-    EXPECT_EQ(GetPixel(memory, 0, 0), color.accent);  // the focus frame
-  }
-  DeleteDC(memory);
-  ReleaseDC(list_->Handle(), screen);
+  const auto pixel = [this](int x, int y) { return Colors(*list_, {x, y, x + 1, y + 1}).begin()->first; };
+  list_->SetSelection(1500);
+  ::SetFocus(list_->Handle());
+  EXPECT_EQ(pixel(2, YOf(kRows - 1)), color.accent);  // came into view as the last row
+  EXPECT_EQ(pixel(2, YOf(kRows - 2)), color.field);
+  EXPECT_EQ(pixel(0, 0), color.accent);  // the focus frame
 }
 
 TEST_F(ListBoxTest, SurvivesAnOwnerThatDestroysTheWindow) {
-  for (int way = 0; way < 3; ++way) {
-    if (!window_) {
-      window_ = new InputWindow;
-      list_ = new TmyListBox(*window_, WS_VISIBLE | WS_TABSTOP);
-      list_->SetBounds(0, 0, 200, 200);
-      for (int i = 0; i < 50; ++i) list_->Add("Row");
-      list_->selected.Bind<&ListBoxTest::SelectedEvent>(this);
-    }
-    list_->SetFollowsMouse(way == 2);
+  for (const auto& act :
+       {+[](TmyListBox&list, int) { Input::Type(list, "r"); }, +[](TmyListBox&list, int) { Input::Key(list, VK_END); },
+        +[](TmyListBox&list, int y) { Input::Click(list, 20, y); }}) {
+    Open();
+    list_->SetFollowsMouse(true);
     destroyInEvent_ = true;
-    if (way == 0) Type("r");
-    if (way == 1) Input::Key(*list_, VK_END);
-    if (way == 2) Input::Click(*list_, 20, YOf(1));
-    EXPECT_EQ(window_, nullptr) << way;
+    act(*list_, YOf(1));
+    EXPECT_EQ(window_, nullptr);
   }
-  EXPECT_EQ(activated_, 0);
 }
 
 }  // namespace

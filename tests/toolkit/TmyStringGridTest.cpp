@@ -4,10 +4,9 @@
 
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "tests/toolkit/InputWindow.h"
+#include "tests/toolkit/ControlFixture.h"
 
 namespace {
 
@@ -23,10 +22,8 @@ class CountingModel : public TmyGridModel {
     EXPECT_LT(record, count);
     text.Set(column == 1 ? longText : "x");
   }
-  bool IsMarked(uint32_t record) const override { return record == marked; }
 
   uint32_t count = 0;
-  uint32_t marked = GridGeometry::kNoRecord;
   std::string longText = "some text";
   mutable std::set<uint32_t> asked;
   mutable uint32_t cells = 0;
@@ -34,11 +31,11 @@ class CountingModel : public TmyGridModel {
 
 constexpr TmyGridColumn kColumns[] = {{"Freq", 60, true}, {"Station", 120}, {"Remarks", 80}};
 
-class StringGridTest : public testing::Test {
+class StringGridTest : public ControlFixture {
  protected:
   StringGridTest() { Open(); }
   void Open() {
-    window_ = new InputWindow;
+    if (!window_) window_ = new InputWindow;
     grid_ = new TmyStringGrid(*window_);
     grid_->SetColumns(kColumns, 3);
     grid_->SetModel(&model_);
@@ -51,11 +48,6 @@ class StringGridTest : public testing::Test {
     grid_->currentMoved.Bind<&StringGridTest::CurrentMoved>(this);
     grid_->columnResized.Bind<&StringGridTest::ColumnResized>(this);
   }
-  ~StringGridTest() override {
-    if (window_) window_->Destroy();
-  }
-  void SetUp() override { ASSERT_TRUE(grid_->IsAlive()) << "no windows: is there a display?"; }
-
   void Fill(uint32_t records) {
     model_.count = records;
     grid_->RowsChanged();
@@ -63,13 +55,11 @@ class StringGridTest : public testing::Test {
   int RowY(uint32_t row) const {  // the middle of a row that is shown
     return GridGeometry::RecordStrip(grid_->Layout(), TmyStringGrid::RecordOf(row)).top + 3;
   }
-  std::vector<std::string> Events() { return std::exchange(events_, {}); }
+  std::vector<std::string> Events() { return std::exchange(log_, {}); }
 
   void Log(const char* what, uint32_t number, const char* rest = "") {
-    events_.push_back(what + std::to_string(number) + rest);
-    if (!destroyInEvent_) return;
-    window_->Destroy();
-    window_ = nullptr;
+    log_.push_back(what + std::to_string(number) + rest);
+    Tell();
   }
   void TitleClicked(int column) { Log("title ", static_cast<uint32_t>(column)); }
   void RowClicked(const TmyRowClick& click) {
@@ -85,34 +75,23 @@ class StringGridTest : public testing::Test {
   void ColumnResized(int column) { Log("resized ", static_cast<uint32_t>(column)); }
 
   CountingModel model_;
-  InputWindow* window_ = nullptr;
   TmyStringGrid* grid_ = nullptr;
   POINT contextAt_ = {};
-  bool destroyInEvent_ = false;
-
- private:
-  std::vector<std::string> events_;
+  std::vector<std::string> log_;
 };
 
-TEST_F(StringGridTest, ClicksTellTheRowAndTheKeys) {
+TEST_F(StringGridTest, ClicksTellTheRowAndTheKeysAndDoubleClicksActivate) {
   Fill(5);
-  Input::Click(*grid_, 10, RowY(1));
   Input::Click(*grid_, 390, RowY(3), MK_CONTROL);  // right of the columns
   Input::Click(*grid_, 10, RowY(5), MK_SHIFT);
   Input::Click(*grid_, 10, RowY(5) + grid_->Layout().rowHeight);  // below the last row
-  EXPECT_THAT(Events(), ElementsAre("row 1", "row 3 control", "row 5 shift"));
-  EXPECT_EQ(grid_->CurrentRow(), 5u);
   EXPECT_EQ(GetFocus(), grid_->Handle());
-}
-
-TEST_F(StringGridTest, ActivatesAtAPlainDoubleClickOnARow) {
-  Fill(5);
-  Input::Click(*grid_, 10, RowY(2));
-  Input::Click(*grid_, 10, RowY(2));
-  EXPECT_THAT(Events(), ElementsAre("row 2", "row 2", "activated 2"));
-  Input::Click(*grid_, 200, RowY(2), MK_CONTROL);
-  Input::Click(*grid_, 200, RowY(2), MK_CONTROL);
-  EXPECT_THAT(Events(), ElementsAre("row 2 control", "row 2 control"));
+  for (const WPARAM keys : {WPARAM{0}, WPARAM{MK_CONTROL}}) {
+    Input::Click(*grid_, 10, RowY(2), keys);
+    Input::Click(*grid_, 10, RowY(2), keys);
+  }
+  EXPECT_THAT(Events(), ElementsAre("row 3 control", "row 5 shift", "row 2", "row 2", "activated 2", "row 2 control",
+                                    "row 2 control"));
 }
 
 TEST_F(StringGridTest, ARowCutAtTheBottomStaysUnderTheSecondClick) {
@@ -127,26 +106,19 @@ TEST_F(StringGridTest, ARowCutAtTheBottomStaysUnderTheSecondClick) {
   EXPECT_EQ(grid_->TopRow(), 1u);
 }
 
-TEST_F(StringGridTest, TitlesAreClickedWhenReleasedWhereTheyWerePressed) {
+TEST_F(StringGridTest, TitlesAreClickedWhereTheyWerePressedAndBordersDragged) {
   Input::Click(*grid_, 100, 5);
   Input::Drag(*grid_, 100, 5, 20, 5);
   Input::Drag(*grid_, 100, 5, 100, 200);
-  EXPECT_THAT(Events(), ElementsAre("title 1"));
-}
-
-TEST_F(StringGridTest, BordersAreDragged) {
   Input::Drag(*grid_, 61, 5, 91, 40);
-  EXPECT_THAT(Events(), ElementsAre("resized 0"));
-  EXPECT_EQ(grid_->ColumnWidth(0), 90);
+  EXPECT_THAT(Events(), ElementsAre("title 1", "resized 0"));
   EXPECT_EQ(grid_->ColumnsRight(), 1 + 90 + 120 + 80);
   Input::Drag(*grid_, 91, 5, -500, 5);
   EXPECT_EQ(grid_->ColumnWidth(0), GridGeometry::kMinWidth);
-  EXPECT_THAT(Events(), ElementsAre("resized 0"));
-  Input::Mouse(*grid_, WM_LBUTTONDOWN, 1 + 12 + 120, 5, MK_LBUTTON);
-  Input::Mouse(*grid_, WM_MOUSEMOVE, 150, 5, MK_LBUTTON);
-  EXPECT_THAT(Events(), IsEmpty());
-  Input::Mouse(*grid_, WM_MOUSEMOVE, 160, 5);  // released elsewhere
-  EXPECT_THAT(Events(), ElementsAre("resized 1"));
+  Input::Mouse(*grid_, WM_LBUTTONDOWN, 1 + 12 + 120, 5);
+  Input::Mouse(*grid_, WM_MOUSEMOVE, 150, 5);
+  Input::Mouse(*grid_, WM_MOUSEMOVE, 160, 5, 0);  // released elsewhere
+  EXPECT_THAT(Events(), ElementsAre("resized 0", "resized 1"));
   EXPECT_EQ(grid_->ColumnWidth(1), 137);
 }
 
@@ -163,50 +135,34 @@ TEST_F(StringGridTest, ADoubleClickOnABorderFitsTheColumn) {
 
 TEST_F(StringGridTest, KeysMoveAndAct) {
   Fill(50);
-  Input::Key(*grid_, VK_RETURN);
-  EXPECT_THAT(Events(), IsEmpty());  // there is no current row yet
-  Input::Key(*grid_, VK_DOWN);
-  Input::Key(*grid_, VK_DOWN);
-  Input::Key(*grid_, VK_END);
-  Input::Key(*grid_, VK_DOWN);  // the end: nothing moves
+  Input::Key(*grid_, VK_RETURN);  // there is no current row yet
+  for (const uint32_t key : {VK_DOWN, VK_DOWN, VK_END, VK_DOWN}) Input::Key(*grid_, key);
   EXPECT_THAT(Events(), ElementsAre("moved 1", "moved 2", "moved 50"));
   EXPECT_EQ(grid_->TopRow(), 51 - GridGeometry::FullRecords(grid_->Layout()));
   Input::Key(*grid_, VK_UP, VK_SHIFT);
-  Input::Key(*grid_, VK_SPACE);
   Input::Key(*grid_, VK_SPACE, VK_CONTROL);
   Input::Key(*grid_, VK_SPACE, 0, 1 | 1 << 30);  // held down
   Input::Key(*grid_, VK_RETURN);
-  EXPECT_THAT(Events(), ElementsAre("row 49 shift", "row 49", "row 49 control", "activated 49"));
-  grid_->SetTopRow(1);
-  Input::Key(*grid_, VK_END);
-  Input::Key(*grid_, VK_HOME);
-  EXPECT_EQ(grid_->TopRow(), 1u);
+  EXPECT_THAT(Events(), ElementsAre("row 49 shift", "row 49 control", "activated 49"));
 }
 
-TEST_F(StringGridTest, ARightClickMakesTheRowCurrentAndAsksForItsMenu) {
-  Fill(5);
+TEST_F(StringGridTest, ARightClickAndTheMenuKeyAskForTheMenuOfARow) {
+  Fill(500);
+  SendMessageA(grid_->Handle(), WM_CONTEXTMENU, 0, -1);
+  EXPECT_THAT(Events(), IsEmpty());  // there is no current row yet
   POINT at = {20, RowY(3)};
-  window_->TakeFocus();
   Input::Mouse(*grid_, WM_RBUTTONDOWN, at.x, at.y, MK_RBUTTON);
   EXPECT_EQ(grid_->CurrentRow(), 3u);
   EXPECT_EQ(GetFocus(), grid_->Handle());
   EXPECT_THAT(Events(), IsEmpty());
-  Input::Mouse(*grid_, WM_RBUTTONUP, at.x, at.y);
-  EXPECT_THAT(Events(), ElementsAre("context 3"));
+  Input::Mouse(*grid_, WM_RBUTTONUP, at.x, at.y, 0);
   ClientToScreen(grid_->Handle(), &at);
   EXPECT_EQ(contextAt_.x, at.x);
   EXPECT_EQ(contextAt_.y, at.y);
-  Input::Mouse(*grid_, WM_RBUTTONUP, 20, 5);  // a title has no menu
-  EXPECT_THAT(Events(), IsEmpty());
-}
-
-TEST_F(StringGridTest, TheMenuKeyAsksAtTheCurrentRow) {
-  Fill(500);
-  SendMessageA(grid_->Handle(), WM_CONTEXTMENU, 0, -1);
-  EXPECT_THAT(Events(), IsEmpty());
+  Input::Mouse(*grid_, WM_RBUTTONUP, 20, 5, 0);  // a title has no menu
   grid_->SetCurrentRow(400, false);
   SendMessageA(grid_->Handle(), WM_CONTEXTMENU, 0, -1);
-  EXPECT_THAT(Events(), ElementsAre("context 400"));
+  EXPECT_THAT(Events(), ElementsAre("context 3", "context 400"));
   RECT place = {};
   GetWindowRect(grid_->Handle(), &place);
   EXPECT_TRUE(PtInRect(&place, contextAt_));
@@ -215,33 +171,20 @@ TEST_F(StringGridTest, TheMenuKeyAsksAtTheCurrentRow) {
 
 TEST_F(StringGridTest, KeepsScrollPositionAndCurrentRowValid) {
   Fill(1000);
-  grid_->SetCurrentRow(900, true);
-  EXPECT_GT(grid_->TopRow(), 800u);
-  Fill(850);
-  EXPECT_EQ(grid_->CurrentRow(), 850u);
-  EXPECT_LE(grid_->TopRow(), 850u);
-  Fill(3);
-  EXPECT_EQ(grid_->TopRow(), 1u);
-  EXPECT_EQ(grid_->CurrentRow(), 3u);
-  grid_->SetCurrentRow(4, true);
-  EXPECT_EQ(grid_->CurrentRow(), TmyStringGrid::kNoRow);
-  Fill(0);
-  EXPECT_EQ(grid_->CurrentRow(), TmyStringGrid::kNoRow);
-  EXPECT_EQ(grid_->RowCount(), 1u);  // the title row
-  Fill(10);
-  EXPECT_EQ(grid_->CurrentRow(), TmyStringGrid::kNoRow);
-}
-
-TEST_F(StringGridTest, WheelScrollsAndPassesOnWhatItCannotUse) {
-  UINT lines = 0;
-  SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-  Fill(1000);
   Input::Wheel(*grid_, -2);
-  EXPECT_EQ(grid_->TopRow(), 1 + 2 * lines);
-  EXPECT_EQ(window_->wheels, 0);
-  Fill(2);
-  Input::Wheel(*grid_, -1);
-  EXPECT_EQ(window_->wheels, 1);
+  EXPECT_EQ(grid_->TopRow(), 1u + 2 * static_cast<uint32_t>(Input::WheelLines()));
+  grid_->SetCurrentRow(900, true);
+  const uint32_t kNone = TmyStringGrid::kNoRow;
+  const struct {
+    uint32_t rows, current, top;
+  } kCases[] = {{850, 850, 851 - GridGeometry::FullRecords(grid_->Layout())}, {3, 3, 1}, {0, kNone, 1}, {10, kNone, 1}};
+  for (const auto& c : kCases) {
+    Fill(c.rows);
+    EXPECT_EQ(grid_->CurrentRow(), c.current) << c.rows;
+    EXPECT_EQ(grid_->TopRow(), c.top) << c.rows;
+  }
+  grid_->SetCurrentRow(11, true);
+  EXPECT_EQ(grid_->CurrentRow(), kNone);
 }
 
 TEST_F(StringGridTest, PaintsOnlyWhatIsSeen) {
@@ -260,34 +203,22 @@ TEST_F(StringGridTest, PaintsOnlyWhatIsSeen) {
   grid_->RepaintRow(500003);
   UpdateWindow(grid_->Handle());
   EXPECT_THAT(model_.asked, ElementsAre(500002u));
-}
-
-TEST_F(StringGridTest, NeverAsksForRecordsThatAreGone) {
+  model_.asked.clear();
   Fill(1000);
   model_.count = 4;  // and nobody has told the grid yet; CellText checks the record
+  grid_->SetTopRow(1);
   grid_->Repaint();
   UpdateWindow(grid_->Handle());
   EXPECT_EQ(model_.asked.size(), 4u);
-  grid_->SetModel(nullptr);
-  UpdateWindow(grid_->Handle());
-  EXPECT_EQ(grid_->RowCount(), 1u);
 }
 
 TEST_F(StringGridTest, KeepsTheStoredWidthsAsTheyAre) {
-  TmyStringGrid* fresh = new TmyStringGrid(*window_);
-  const int standard = TmyApplication::Get().Theme().Scaled(TmyStringGrid::kDefaultWidth);
-  EXPECT_EQ(fresh->ColumnWidth(0), standard);
-  EXPECT_EQ(fresh->ColumnWidth(31), standard);
   const int32_t stored[] = {-5, 1000000, 70};
-  fresh->SetWidths(stored, 3);
-  EXPECT_EQ(fresh->Widths()[0], -5);
-  EXPECT_EQ(fresh->Widths()[1], 1000000);
-  EXPECT_EQ(fresh->Widths()[3], standard);
+  grid_->SetWidths(stored, 3);
   const TmyGridColumn columns[] = {{"Freq"}, {"Station", 120}};
-  fresh->SetColumns(columns, 2);
-  EXPECT_EQ(fresh->ColumnWidth(0), -5);  // a column without a width of its own keeps what is there
-  EXPECT_EQ(fresh->ColumnWidth(1), 120);
-  EXPECT_EQ(fresh->ColumnWidth(2), 70);
+  grid_->SetColumns(columns, 2);
+  // A column without a width of its own keeps what is there.
+  EXPECT_THAT(std::vector<int32_t>(grid_->Widths(), grid_->Widths() + 3), ElementsAre(-5, 120, 70));
 }
 
 TEST_F(StringGridTest, MayBeDestroyedByEachThingItTells) {
@@ -299,14 +230,13 @@ TEST_F(StringGridTest, MayBeDestroyedByEachThingItTells) {
       +[](TmyStringGrid& grid, int) { Input::Drag(grid, 61, 5, 80, 5); },
   };
   for (const auto& action : kActions) {
-    if (window_) window_->Destroy();
     destroyInEvent_ = false;
+    Close();
     Open();
     Fill(5);
     destroyInEvent_ = true;
     action(*grid_, RowY(2));
-    EXPECT_EQ(window_, nullptr) << "action " << (&action - kActions.begin());
-    EXPECT_EQ(Events().size(), 1u);
+    EXPECT_EQ(Events().size(), 1u) << "action " << (&action - kActions.begin());
   }
 }
 

@@ -1,0 +1,125 @@
+// Marlux 3. What the tests of all controls share: a window, real messages to a control in it, and its picture.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <utility>
+
+#include "toolkit/TmyApplication.h"
+#include "toolkit/myComponents.h"
+
+class InputWindow : public TmyComponent {
+ public:
+  InputWindow() : TmyComponent("Input", WS_OVERLAPPEDWINDOW | WS_TABSTOP, 0, 0, 0, 640, 480, nullptr) { Show(true); }
+
+  void MouseWheel(WPARAM, TmyComponent*) override { ++wheels; }
+  void Escape() override { ++escapes; }
+  void Confirm() override { ++confirms; }
+
+  int wheels = 0;  // that a control did not use
+  int escapes = 0;
+  int confirms = 0;
+};
+
+namespace Input {
+
+inline void Mouse(const TmyComponent& control, UINT message, int x, int y, WPARAM keys = MK_LBUTTON) {
+  SendMessageA(control.Handle(), message, keys, MAKELPARAM(x, y));
+}
+
+inline void Drag(const TmyComponent& control, int fromX, int fromY, int toX, int toY) {
+  Mouse(control, WM_LBUTTONDOWN, fromX, fromY);
+  Mouse(control, WM_MOUSEMOVE, toX, toY);
+  Mouse(control, WM_LBUTTONUP, toX, toY, 0);
+}
+
+inline void Click(const TmyComponent& control, int x, int y, WPARAM keys = 0) {
+  Mouse(control, WM_LBUTTONDOWN, x, y, keys | MK_LBUTTON);
+  Mouse(control, WM_LBUTTONUP, x, y, keys);
+}
+
+inline void Wheel(const TmyComponent& control, int notches) {
+  SendMessageA(control.Handle(), WM_MOUSEWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA), 0);
+}
+
+// With Shift or Ctrl held, as the thread's key state says it.
+inline void Key(const TmyComponent& control, uint32_t key, int modifier = 0, LPARAM flags = 1) {
+  BYTE before[256] = {}, state[256] = {};
+  GetKeyboardState(before);
+  if (modifier != 0) state[modifier] = 0x80;
+  SetKeyboardState(state);
+  SendMessageA(control.Handle(), WM_KEYDOWN, key, flags);
+  SetKeyboardState(before);
+}
+
+inline void Type(const TmyComponent& control, std::string_view text) {
+  for (const char c : text) SendMessageA(control.Handle(), WM_CHAR, static_cast<uint8_t>(c), 1);
+}
+
+inline void Pump() {
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+}
+
+inline int WheelLines() {
+  UINT lines = 0;
+  SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+  return static_cast<int>(lines);
+}
+
+}  // namespace Input
+
+class ControlFixture : public testing::Test {
+ public:  // tables of functions reach in
+  ~ControlFixture() override { Close(); }
+  void Close() {
+    if (window_) std::exchange(window_, nullptr)->Destroy();
+  }
+  // What each handler of an event does: a control must survive what its owner does there.
+  void Tell() {
+    ++events_;
+    if (destroyInEvent_) Close();
+  }
+
+  // How many pixels have a colour in a part of a window, with the controls drawn in it.
+  static std::map<COLORREF, int> Colors(const TmyComponent& window, const RECT& place) {
+    std::map<COLORREF, int> colors;
+    const HDC screen = GetDC(nullptr);
+    const HDC dc = CreateCompatibleDC(screen);
+    const BitmapHandle bitmap(CreateCompatibleBitmap(screen, 640, 480));
+    ReleaseDC(nullptr, screen);
+    {
+      const Selected selected(dc, bitmap.get());
+      SendMessageA(window.Handle(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
+      SendMessageA(window.Handle(), WM_PAINT, reinterpret_cast<WPARAM>(dc), 0);
+      for (int y = place.top; y < place.bottom; ++y) {
+        for (int x = place.left; x < place.right; ++x) ++colors[GetPixel(dc, x, y)];
+      }
+    }
+    DeleteDC(dc);
+    return colors;
+  }
+  int Accent(const TmyControl& control) const {
+    return Colors(*window_, control.Bounds())[TmyApplication::Get().Theme().Color().accent];
+  }
+
+  // Drawn controls: one below the other.
+  void Place(TmyControl& control, const SIZE& size) {
+    control.SetBounds(10, top_, size.cx, size.cy);
+    top_ += 40;
+  }
+  void Click(const TmyControl& control) const {
+    Input::Click(*window_, control.Bounds().left + 3, control.Bounds().top + 3);
+  }
+  void Focus(TmyControl& control) const {
+    window_->FocusDrawn(&control);
+    SetFocus(window_->Handle());
+    EXPECT_TRUE(control.HasFocus()) << "no focus: is there a display?";
+  }
+
+  InputWindow* window_ = new InputWindow;  // deleted by its window
+  int events_ = 0;
+  bool destroyInEvent_ = false;
+  int top_ = 10;
+};
