@@ -67,7 +67,7 @@ std::span<const FccColumn, kFccFields> FccColumns() noexcept {
 
 const FccColumn& FccColumnOf(uint32_t field) noexcept {
   for (const FccColumn& column : kColumns) {
-    if (static_cast<uint32_t>(column.field) == field) return column;
+    if (column.field == field) return column;
   }
   return kColumns[0];
 }

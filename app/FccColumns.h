@@ -12,30 +12,33 @@
 
 // Numbers that settings store: those of the schedule's columns. Two columns that records do not keep stand for where
 // the site lies; 17 is no field.
-enum class FccField : uint32_t {
-  kFrequency = 0,
-  kStart = 1,
-  kStop = 2,
-  kCiraf = 3,
-  kLocation = 4,
-  kPower = 5,
-  kAzimuth = 6,
-  kLatitude = 7,
-  kDays = 8,
-  kFrom = 9,
-  kTo = 10,
-  kMode = 11,
-  kLongitude = 12,
-  kLanguage = 13,
-  kAdministration = 14,
-  kBroadcaster = 15,
-  kOrganisation = 16,
-  kOld = 18,
-  kAlternative1 = 19,
-  kAlternative2 = 20,
-  kAlternative3 = 21,
-  kNotes = 22,
+struct FccFieldNumbers {
+  enum Field : uint32_t {
+    kFrequency = 0,
+    kStart = 1,
+    kStop = 2,
+    kCiraf = 3,
+    kLocation = 4,
+    kPower = 5,
+    kAzimuth = 6,
+    kLatitude = 7,
+    kDays = 8,
+    kFrom = 9,
+    kTo = 10,
+    kMode = 11,
+    kLongitude = 12,
+    kLanguage = 13,
+    kAdministration = 14,
+    kBroadcaster = 15,
+    kOrganisation = 16,
+    kOld = 18,
+    kAlternative1 = 19,
+    kAlternative2 = 20,
+    kAlternative3 = 21,
+    kNotes = 22,
+  };
 };
+using FccField = FccFieldNumbers::Field;  // reads as a number, too
 inline constexpr uint32_t kFccFields = 22;
 inline constexpr uint32_t kFirstFccFields[] = {0, 1, 2, 3, 4, 9, 13, 14, 15, 16};  // until the user chooses others
 

@@ -12,21 +12,10 @@
 
 #include "schedule/CGZip.h"
 #include "tests/schedule/ArchiveMaker.h"
+#include "tests/support/SeasonArchive.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-// The first archive of the folder with real schedules; where there is none, the sample that the build makes.
-std::string SeasonArchive() {
-  const char* named = std::getenv("MARLUX_REAL_DATA");
-  for (const std::string folder : {named ? named : "../shared/data", "build/samples"}) {
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-      if (entry.path().extension() == ".zip") return folder + "\\" + entry.path().filename().string();
-    }
-  }
-  return {};
-}
 
 // The lines that are no comments of the member whose name begins so.
 std::vector<std::string> LinesOf(const std::string& archivePath, const std::string& member) {

@@ -1,0 +1,135 @@
+#include "app/FccGrid.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+#include "toolkit/TmyApplication.h"
+
+namespace {
+
+constexpr char kArchive[] = "build\\samples\\a26all00.zip";
+
+class FccGridTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(grid_.Load(kArchive), HfccLoad::kRead);
+    ASSERT_GE(grid_.RecordCount(), 300U);
+    Refresh();
+  }
+  void TearDown() override { window_->Destroy(); }
+
+  void Refresh(const FilterRecord& filter = {}) { grid_.Refresh(filter, {true, 0}, true); }
+  void SortBy(int column) {
+    grid_.Control().titleClicked(column);
+    Refresh();
+  }
+  std::string Texts(uint32_t row) const {
+    TmyStringList cells;
+    cells.Add("what it held before goes");
+    grid_.RowTexts(row, cells);
+    return cells.GetCommaText().Chars();
+  }
+  bool IsOrdered(uint32_t column) const {  // by its texts
+    std::vector<std::string> texts;
+    for (uint32_t row = 1; row <= grid_.ShownCount(); ++row) {
+      TmyStringList cells;
+      grid_.RowTexts(row, cells);
+      texts.emplace_back(cells.Get(column).Chars());
+    }
+    return std::ranges::is_sorted(texts);
+  }
+
+  TmyComponent* window_ = new TmyComponent("", WS_POPUP, 0, 0, 0, 300, 200, nullptr);
+  FccGrid grid_{*window_};
+};
+
+}  // namespace
+
+TEST_F(FccGridTest, ShowsTheChosenFields) {
+  EXPECT_EQ(Texts(0),
+            R"("Freq","Start","Stop","CIRAF zones","Location","From","Language","Admin","Broadcaster","FMO")");
+  const uint32_t fields[] = {4, 23, 5};
+  grid_.Control().SetColumnWidth(0, 33);
+  grid_.SetFields(fields, 3);
+  EXPECT_EQ(Texts(0), R"("Location","Freq","Power")");
+  EXPECT_EQ(Texts(1), R"("Mirtos","3900","170")");
+  EXPECT_EQ(grid_.Control().ColumnCount(), 3U);
+  EXPECT_EQ(grid_.Control().ColumnWidth(0), 33) << "widths stay with the places";
+  const std::vector<uint32_t> many(40, 22);
+  grid_.SetFields(many.data(), 40);
+  EXPECT_EQ(grid_.Fields().size(), 22U);
+  EXPECT_EQ(grid_.Control().ColumnWidth(21), TmyApplication::Get().Theme().Scaled(FccColumnOf(22).width));
+}
+
+TEST_F(FccGridTest, SortsThroughTheFieldOfTheColumn) {
+  EXPECT_FALSE(IsOrdered(4));
+  SortBy(4);
+  EXPECT_TRUE(IsOrdered(4));
+  const uint32_t moved[] = {15, 4, 0};
+  grid_.SetFields(moved, 3);
+  EXPECT_EQ(grid_.Control().SortColumn(), 1) << "with its field";
+  Refresh();
+  EXPECT_TRUE(IsOrdered(1));
+  const uint32_t without[] = {15, 0};
+  grid_.SetFields(without, 2);
+  EXPECT_EQ(grid_.Control().SortColumn(), -1);
+  SortBy(0);
+  EXPECT_TRUE(IsOrdered(0));
+}
+
+TEST_F(FccGridTest, TellsTheItemAndTheModeOfARow) {
+  EXPECT_EQ(grid_.ItemOf(0), nullptr);
+  EXPECT_EQ(grid_.ItemOf(grid_.ShownCount() + 1), nullptr);
+  std::map<std::string, uint32_t> modes;  // by the modulation
+  for (uint32_t row = 1; row <= grid_.ShownCount(); ++row) {
+    modes[std::string(1, grid_.ItemOf(row)->modulation)] = grid_.TargetOf(row).mode;
+  }
+  EXPECT_EQ(modes, (std::map<std::string, uint32_t>{{"D", 1}, {"N", 9}, {"Q", 1}, {"T", 5}}));
+  EXPECT_EQ(grid_.TargetOf(1).frequencyHz, 3900000U);
+  EXPECT_EQ(grid_.Load("nowhere.zip"), HfccLoad::kNotOpened);
+  EXPECT_EQ(grid_.ItemOf(1), nullptr);
+}
+
+// Each choice passes what it says, and all choices together everything that has a code.
+TEST_F(FccGridTest, OffersFilterTextsThatPass) {
+  for (uint32_t filter = 0; filter < 4; ++filter) {
+    const std::vector<FilterText> texts = grid_.FilterTexts(filter);
+    ASSERT_GT(texts.size(), 5U);
+    uint32_t passed = 0;
+    for (const FilterText& text : texts) {
+      FilterChoices choices;
+      choices.texts[filter] = text.value.View();
+      Refresh(BuildFilterRecord(choices));
+      EXPECT_GT(grid_.ShownCount(), 0U) << text.shown.Chars();
+      passed += grid_.ShownCount();
+    }
+    EXPECT_EQ(passed > grid_.RecordCount(), filter == 3) << "records have one code, but several zones";
+    EXPECT_GE(passed, grid_.RecordCount());
+  }
+  const auto shown = [](const FilterText& text) { return std::string(text.shown.Chars()); };
+  const std::vector<FilterText> sites = grid_.FilterTexts(1);
+  const auto name = [&](const FilterText& text) {
+    const size_t gap = shown(text).find("  ");
+    return gap == std::string::npos ? shown(text) : shown(text).substr(gap + 2);
+  };
+  EXPECT_TRUE(std::ranges::is_sorted(sites, {}, name));
+  EXPECT_EQ(std::ranges::count(sites, "MIR  Mirtos", shown), 1);
+  EXPECT_EQ(std::ranges::count(sites, "XYZ", shown), 1) << "a code without a name";
+}
+
+TEST_F(FccGridTest, CountsTheMarkedRowsThatAreShown) {
+  EXPECT_EQ(grid_.MarkCount(), 0U);
+  grid_.Control().rowClicked(TmyRowClick{2, false, true});
+  grid_.Control().rowClicked(TmyRowClick{4, true, false});
+  EXPECT_EQ(grid_.MarkCount(), 3U);
+  EXPECT_FALSE(grid_.IsRowMarked(0));
+  EXPECT_FALSE(grid_.IsRowMarked(1));
+  EXPECT_TRUE(grid_.IsRowMarked(4));
+  FilterChoices choices;
+  choices.texts[1] = "VER";  // of the last one
+  Refresh(BuildFilterRecord(choices));
+  EXPECT_EQ(grid_.MarkCount(), 1U);
+}
