@@ -73,6 +73,8 @@ TEST_F(DetailDialogTest, IsSizedForItsRowsAndClosesAlone) {
   EXPECT_EQ(GridGeometry::ColumnsWidth(layout), layout.area.right - layout.area.left);
   dialog->SetBounds(0, 0, dialog->Width() + 80, dialog->Height() - layout.rowHeight);
   EXPECT_EQ(GridGeometry::ColumnsWidth(layout), layout.area.right - layout.area.left) << "beside the scroll bar";
+  dialog->SetBounds(0, 0, dialog->Width() - 40, dialog->Height() + layout.rowHeight);
+  EXPECT_EQ(GridGeometry::ColumnsWidth(layout), layout.area.right - layout.area.left) << "narrower again";
   const HWND handle = dialog->Handle();
   SendMessageA(dialog->Grid().Handle(), kMsgEscape, 0, 0);
   EXPECT_FALSE(IsWindow(handle));

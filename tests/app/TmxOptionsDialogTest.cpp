@@ -60,18 +60,14 @@ TEST(TmxOptionsDialogTest, ADoubleClickMovesAndEscapeLeavesEverythingAsItWas) {
 
 TEST(TmxOptionsDialogTest, AnEmptyTableCannotBeConfirmed) {
   EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) {
-              for (int i = 0; i < 3; ++i) Key(List(dialog, true), VK_DELETE);
+              for (int i = 0; i < 2; ++i) Key(List(dialog, true), VK_DELETE);
               EXPECT_FALSE(dialog.Columns().IsUsable());
-              Key(List(dialog, true), VK_RETURN);
-              EXPECT_TRUE(dialog.IsInModalLoop());
-              Key(List(dialog, false), VK_INSERT);
-              Key(List(dialog, false), VK_RETURN);
+              // Posted: nobody would get the later ones if the first ended the loop.
+              for (const WPARAM key : {VK_RETURN, VK_INSERT, VK_RETURN}) {
+                PostMessageA(List(dialog, false).Handle(), WM_KEYDOWN, key, 0);
+              }
             }),
             std::vector<int>{10});  // the last that came back is the selected entry there
-}
-
-TEST(TmxOptionsDialogTest, DestroyedInsideItChangesNothing) {
-  EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) { dialog.Destroy(); }), (std::vector<int>{-1, 12, 10}));
 }
 
 }  // namespace
