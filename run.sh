@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and opens Marlux 3 in the development host.
 #   ./run.sh              on the sample schedule
-#   ./run.sh --data DIR   on the eibi.txt of a folder of yours, which is only read
+#   ./run.sh --data DIR   on the eibi.txt and the archives of a folder of yours, which is only read
 # With a display the program opens there and stays. Without one a short scripted tour runs on a screen of its own; its
 # pictures and the host's log are left under build/screenshots/.
 set -euo pipefail
@@ -27,6 +27,7 @@ put_data() (
   [ -z "$data" ] || [ -e "$data/eibi.txt" ] || say "note: no eibi.txt in $data"
   if [ -z "$data" ]; then
     [ -e "$to/eibi.txt" ] || cp "$BUILD_DIR/samples/eibi.txt" "$to/"
+    compgen -G "$to/*.zip" >/dev/null || cp "$BUILD_DIR"/samples/*.zip "$to/"
   elif [ ! "$data" -ef "$to" ]; then
     for file in "$data"/eibi.txt "$data"/*.zip; do
       [ ! -e "$file" ] || cp "$file" "$to/"

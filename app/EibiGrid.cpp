@@ -5,7 +5,6 @@
 #include <unordered_set>
 #include <vector>
 
-#include "app/EibiColumns.h"
 #include "app/EibiFilter.h"
 #include "plugin/HostLink.h"
 #include "schedule/EibiReader.h"

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "app/EibiColumns.h"
 #include "app/ScheduleGrid.h"
 #include "foundation/TmyTypeList.h"
 #include "schedule/EibiItem.h"

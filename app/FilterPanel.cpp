@@ -8,7 +8,7 @@ namespace {
 
 enum OptionGroup : uint32_t { kDatabaseGroup = 1, kFrequencyGroup, kTimeGroup };
 
-using Captions = const char* [FilterPanel::kTextFilters];
+using Captions = const char * [FilterPanel::kTextFilters];
 constexpr Captions kEibiCaptions = {"Station", "Language", "Target", "CIRAF zone"};
 constexpr Captions kHfccCaptions = {"Admin", "Location", "Broadcaster", "CIRAF zone"};
 constexpr int kTextWidths[FilterPanel::kTextFilters] = {186, 82, 82, 82};  // at 96 dpi

@@ -34,7 +34,7 @@ class FilterPanel : public TmyPanel {
   [[nodiscard]] bool FollowsClock() const;  // the time filter stands on the current time
   [[nodiscard]] bool IsAutoTuning() const { return autoTuning_.IsChecked(); }
   [[nodiscard]] bool ShowsHfcc() const { return hfcc_.IsChecked(); }
-  TmyEvent<> databaseChanged;  // by the user
+  TmyEvent<> databaseChanged;      // by the user
   void ChooseDatabase(bool hfcc);  // raises nothing; names the text filters as the database does
   // Replaces the choices of a text filter (0 to 3). A selected choice that is still there stays selected.
   void SetTexts(uint32_t filter, std::vector<FilterText> texts);

@@ -17,9 +17,17 @@ MainMenu::MainMenu()
       help(help_.AddItem("&Help")),
       about(help_.AddItem("&About")) {
   // Their windows do not exist yet.
-  for (TmyMenuItem* item : {&checkForUpdates, &exportItems, &hfccSettings, &viewScheduler, &newTask})
-    item->Enable(false);
+  for (TmyMenuItem* item : {&checkForUpdates, &viewScheduler, &newTask}) item->Enable(false);
   file_.EnableSubmenu(hfccDatabases_, false);
+}
+
+void MainMenu::ListArchives(const std::vector<TmyString>& archives, const TmyString& current) {
+  hfccDatabases_.RemoveAll();
+  for (const TmyString& archive : archives) {
+    TmyMenuItem& item = hfccDatabases_.AddItem(archive);
+    item.Check(archive == current);
+  }
+  file_.EnableSubmenu(hfccDatabases_, !archives.empty());
 }
 
 GridMenu::GridMenu(TmyMenu& menu)
@@ -27,5 +35,5 @@ GridMenu::GridMenu(TmyMenu& menu)
       tune(menu.AddItem("&Tune to this frequency")),
       record(menu.AddItem("Start &recording this station")),
       schedule(menu.AddItem("&Schedule this station")) {
-  for (TmyMenuItem* item : {&showDetails, &record, &schedule}) item->Enable(false);
+  for (TmyMenuItem* item : {&record, &schedule}) item->Enable(false);
 }

@@ -1,6 +1,8 @@
 // Marlux 3. The main window's menu bar. Every command has its item as a field; the window binds them to its handlers.
 #pragma once
 
+#include <vector>
+
 #include "toolkit/TmyMenu.h"
 
 class MainMenu {
@@ -9,6 +11,8 @@ class MainMenu {
 
   // The window owns the system's menu from then on.
   void AttachTo(HWND window) noexcept { bar_.AttachTo(window); }
+  // One item an archive, that of the current file checked; greyed when there is none. The window binds the items.
+  void ListArchives(const std::vector<TmyString>& archives, const TmyString& current);
   [[nodiscard]] TmyMenu& HfccDatabases() noexcept { return hfccDatabases_; }
 
  private:

@@ -1,8 +1,15 @@
 #include "app/TmxWindow.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "app/CsvExport.h"
+#include "app/EibiDetailDialog.h"
+#include "app/FccDetailDialog.h"
+#include "app/TmxOptionsDialog.h"
+#include "app/WaitCursor.h"
 #include "foundation/Clock.h"
+#include "foundation/SystemErrorText.h"
 #include "plugin/DataFolders.h"
 #include "toolkit/ModulePin.h"
 #include "toolkit/TmyApplication.h"
@@ -36,6 +43,7 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       gridMenu_(contextMenu_.Menu()),
       panel_(new FilterPanel(*this)),
       eibi_(std::make_unique<EibiGrid>(*this)),
+      hfcc_(std::make_unique<FccGrid>(*this)),
       status_(new StatusBar(*this)) {
   if (!IsAlive()) return;
   SetDoubleBuffered(true);
@@ -45,8 +53,8 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
   menu_.AttachTo(Handle());
   BindCommands();
   isReady_ = true;
-  eibi_->Control().Show(true);
-  LoadEibiFile();
+  Shown().Control().Show(true);
+  LoadDatabases();
   Realign();
   SetTimer(Handle(), kTickTimer, kTickMilliseconds, nullptr);
   Show(true);
@@ -58,13 +66,19 @@ void TmxWindow::BindCommands() {
   menu_.help.chosen.Bind<&TmxWindow::ShowHelp>(this);
   menu_.about.chosen.Bind<&TmxWindow::ShowAbout>(this);
   gridMenu_.tune.chosen.Bind<&TmxWindow::TuneFromMenu>(this);
+  menu_.exportItems.chosen.Bind<&TmxWindow::ExportItems>(this);
+  menu_.hfccSettings.chosen.Bind<&TmxWindow::ChooseColumns>(this);
+  gridMenu_.showDetails.chosen.Bind<&TmxWindow::ShowDetails>(this);
+  panel_->databaseChanged.Bind<&TmxWindow::DatabaseChosen>(this);
   panel_->changed.Bind<&TmxWindow::FilterChanged>(this);
   panel_->autoTuningChanged.Bind<&TmxWindow::AutoTuningChanged>(this);
-  eibi_->clicked.Bind<&TmxWindow::RowClicked>(this);
-  eibi_->movedTo.Bind<&TmxWindow::RowMoved>(this);
-  eibi_->activated.Bind<&TmxWindow::RowActivated>(this);
-  eibi_->contextWanted.Bind<&TmxWindow::RowContext>(this);
-  eibi_->sortChanged.Bind<&TmxWindow::SortChanged>(this);
+  for (ScheduleGrid* grid : std::initializer_list<ScheduleGrid*>{eibi_.get(), hfcc_.get()}) {
+    grid->clicked.Bind<&TmxWindow::RowClicked>(this);
+    grid->movedTo.Bind<&TmxWindow::RowMoved>(this);
+    grid->activated.Bind<&TmxWindow::RowActivated>(this);
+    grid->contextWanted.Bind<&TmxWindow::RowContext>(this);
+    grid->sortChanged.Bind<&TmxWindow::SortChanged>(this);
+  }
 }
 
 uint32_t TmxWindow::Start(uint32_t hostHandle, HostCallback callback) {
@@ -105,14 +119,64 @@ void TmxWindow::Destroying() {
   help_.Unload();
 }
 
-void TmxWindow::LoadEibiFile() {
-  eibi_->Load(DataFolder());
-  for (uint32_t filter = 0; filter < FilterPanel::kTextFilters; ++filter) {
-    TmyStringList texts;
-    eibi_->FilterTexts(filter, texts);
-    panel_->SetTexts(filter, texts);
-  }
+ScheduleGrid& TmxWindow::Shown() noexcept {
+  return panel_->ShowsHfcc() ? static_cast<ScheduleGrid&>(*hfcc_) : static_cast<ScheduleGrid&>(*eibi_);
+}
+
+void TmxWindow::LoadDatabases() {
+  const TmyString folder = DataFolder();
+  const ScheduleFiles files = ListScheduleFiles(folder);
+  currentFile_ = NewestArchive(files.archives);
+  ListArchives(files);
+  eibi_->Load(folder);
+  if (!currentFile_.IsEmpty()) hfccProblem_ = hfcc_->Load(folder + "\\" + currentFile_);
+  ShowTexts();
   Refresh(false);
+}
+
+void TmxWindow::ListArchives(const ScheduleFiles& files) {
+  menu_.ListArchives(files.archives, currentFile_);
+  TmyMenu& menu = menu_.HfccDatabases();
+  for (uint32_t i = 0; i < menu.ItemCount(); ++i) menu.Item(i).chosen.Bind<&TmxWindow::ArchiveChosen>(this);
+}
+
+void TmxWindow::ShowTexts() {
+  for (uint32_t filter = 0; filter < FilterPanel::kTextFilters; ++filter) {
+    panel_->SetTexts(filter, Shown().FilterTexts(filter));
+  }
+}
+
+// The grid that goes loses its marks; its sort stays.
+void TmxWindow::DatabaseChosen() {
+  KillTimer(Handle(), kAutoTuningTimer);
+  ScheduleGrid& shown = Shown();
+  ScheduleGrid& other = &shown == eibi_.get() ? static_cast<ScheduleGrid&>(*hfcc_) : *eibi_;
+  other.ClearMarks();
+  ShowTexts();
+  Refresh(false);
+  Realign();
+  shown.Control().Show(true);
+  other.Control().Show(false);
+  if (panel_->ShowsHfcc()) TellOfProblem();
+}
+
+void TmxWindow::ArchiveChosen(TmyMenuItem& item) {
+  currentFile_ = item.Text();
+  menuFcc_ = nullptr;
+  TmyMenu& menu = menu_.HfccDatabases();
+  for (uint32_t i = 0; i < menu.ItemCount(); ++i) menu.Item(i).Check(&menu.Item(i) == &item);
+  {
+    const WaitCursor wait;
+    hfccProblem_ = hfcc_->Load(DataFolder() + "\\" + currentFile_);
+  }
+  panel_->ChooseDatabase(true);
+  DatabaseChosen();
+}
+
+// What the last load of an archive had to say, once, when its grid is looked at.
+void TmxWindow::TellOfProblem() {
+  const HfccLoad problem = std::exchange(hfccProblem_, HfccLoad::kRead);
+  if (problem != HfccLoad::kRead) RunBox(*new TmyMsgBox(this, kProductCaption, HfccLoadText(problem), {"OK"}));
 }
 
 void TmxWindow::Timer(uintptr_t id) {
@@ -120,7 +184,7 @@ void TmxWindow::Timer(uintptr_t id) {
     if (panel_->FollowsClock() && !IsClicking()) Refresh(true);
   } else if (id == kAutoTuningTimer) {
     KillTimer(Handle(), kAutoTuningTimer);
-    if (panel_->IsAutoTuning()) TuneTo(eibi_->Control().CurrentRow());
+    if (panel_->IsAutoTuning()) TuneTo(Shown().Control().CurrentRow());
   }
 }
 
@@ -131,12 +195,15 @@ void TmxWindow::Realign() {
   const int statusHeight = status_->PreferredHeight();
   const int gridHeight = std::max(0, ClientHeight() - panelHeight - statusHeight);
   panel_->SetBounds(0, 0, width, panelHeight);
-  eibi_->Control().SetBounds(0, panelHeight, width, gridHeight);
+  for (ScheduleGrid* grid : std::initializer_list<ScheduleGrid*>{eibi_.get(), hfcc_.get()}) {
+    grid->Control().SetBounds(0, panelHeight, width, gridHeight);
+  }
   status_->SetBounds(0, panelHeight + gridHeight, width, statusHeight);
 }
 
 void TmxWindow::ThemeChanged() {
   eibi_->ScaleWidths();
+  hfcc_->ScaleWidths();
   TmyComponent::ThemeChanged();
 }
 
@@ -149,11 +216,11 @@ void TmxWindow::ConstrainBounds(int&, int&, int& width, int& height) {
 
 // The window itself has nothing to type at: the keyboard starts in the grid.
 void TmxWindow::FocusChanged(bool focused) {
-  if (focused && isReady_) eibi_->Control().TakeFocus();
+  if (focused && isReady_) Shown().Control().TakeFocus();
 }
 
 void TmxWindow::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
-  TmyStringGrid& grid = eibi_->Control();
+  TmyStringGrid& grid = Shown().Control();
   if (source != &grid) grid.MouseWheel(keysAndNotches, &grid);  // what the grid cannot use comes back with it as source
 }
 
@@ -169,8 +236,13 @@ void TmxWindow::Refresh(bool changedOnly) {
   choices.utcShown = utc_;
   choices.localOffset = Clock::LocalOffsetSeconds();
   choices.utcNow = SecondsOfDay(Clock::Utc());
-  eibi_->Refresh(BuildFilterRecord(choices), {utc_, choices.localOffset}, changedOnly);
-  status_->SetCounts(eibi_->ShownCount(), eibi_->RecordCount());
+  ScheduleGrid& grid = Shown();
+  grid.Refresh(BuildFilterRecord(choices), Zone(), changedOnly);
+  status_->SetCounts(grid.ShownCount(), grid.RecordCount());
+}
+
+ShownZone TmxWindow::Zone() const {
+  return {utc_, Clock::LocalOffsetSeconds()};
 }
 
 void TmxWindow::AutoTuningChanged() {
@@ -201,8 +273,10 @@ void TmxWindow::RowActivated(uint32_t row) {
 // Rows may move while the menu is open: it is for the record that was clicked.
 void TmxWindow::RowContext(uint32_t row, int x, int y) {
   KillTimer(Handle(), kAutoTuningTimer);
-  if (!eibi_->ShowsRecord(row)) return;
-  menuTarget_ = eibi_->TargetOf(row);
+  if (!Shown().ShowsRecord(row)) return;
+  menuTarget_ = Shown().TargetOf(row);
+  menuEibi_ = panel_->ShowsHfcc() ? nullptr : eibi_->ItemOf(row);
+  menuFcc_ = panel_->ShowsHfcc() ? hfcc_->ItemOf(row) : nullptr;
   contextMenu_.Popup(*this, x, y);
 }
 
@@ -211,9 +285,38 @@ void TmxWindow::TuneFromMenu(TmyMenuItem&) {
 }
 
 void TmxWindow::TuneTo(uint32_t row) {
-  if (!eibi_->ShowsRecord(row)) return;
-  const TuneTarget target = eibi_->TargetOf(row);
+  if (!Shown().ShowsRecord(row)) return;
+  const TuneTarget target = Shown().TargetOf(row);
   link_.Tune(target.frequencyHz, target.mode);
+}
+
+void TmxWindow::ShowDetails(TmyMenuItem&) {
+  if (menuFcc_) (new FccDetailDialog(*this, *menuFcc_, hfcc_->Database(), Zone()))->Show(true);
+  if (menuEibi_) (new EibiDetailDialog(*this, *menuEibi_, Zone()))->Show(true);
+}
+
+void TmxWindow::ExportItems(TmyMenuItem&) {
+  const ModulePin pin;  // the dialog runs a loop of its own
+  const TmyString path = AskForCsvFile(Handle(), exportFolder_);
+  if (!IsAlive() || path.IsEmpty()) return;
+  exportFolder_ = path.FilePath();
+  DWORD error = ERROR_SUCCESS;
+  {
+    const WaitCursor wait;
+    error = WriteCsv(Shown(), path);
+  }
+  if (error == ERROR_SUCCESS) return;
+  const TmyString text = path + "\ncould not be written: " + SystemErrorText(error);
+  RunBox(*new TmyMsgBox(this, kProductCaption, text, {"OK"}));
+}
+
+void TmxWindow::ChooseColumns(TmyMenuItem&) {
+  std::vector<ColumnField> fields;
+  for (const FccColumn& column : FccColumns()) fields.push_back({static_cast<uint32_t>(column.field), column.title});
+  std::vector<uint32_t> selected = hfcc_->Fields();
+  if (!TmxOptionsDialog::Choose(*this, fields, selected) || !IsAlive()) return;
+  hfcc_->SetFields(selected.data(), static_cast<uint32_t>(selected.size()));
+  if (panel_->ShowsHfcc()) Refresh(false);
 }
 
 // Posted: the menu's message is over when the window goes.

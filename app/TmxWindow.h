@@ -8,9 +8,11 @@
 #include <memory>
 
 #include "app/EibiGrid.h"
+#include "app/FccGrid.h"
 #include "app/FilterPanel.h"
 #include "app/HelpLibrary.h"
 #include "app/MainMenu.h"
+#include "app/ScheduleFiles.h"
 #include "app/StatusBar.h"
 #include "plugin/HostInfo.h"
 #include "plugin/HostLink.h"
@@ -38,7 +40,12 @@ class TmxWindow : public TmyComponent, public PluginInstance {
 
  private:
   void BindCommands();
-  void LoadEibiFile();
+  void LoadDatabases();
+  void ListArchives(const ScheduleFiles& files);
+  void ShowTexts();
+  void TellOfProblem();
+  [[nodiscard]] ScheduleGrid& Shown() noexcept;  // the grid of the database chosen
+  [[nodiscard]] ShownZone Zone() const;
 
   // Commands
   void Exit(TmyMenuItem& item);
@@ -46,10 +53,15 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ShowHelp(TmyMenuItem& item);
   void ShowAbout(TmyMenuItem& item);
   void TuneFromMenu(TmyMenuItem& item);
+  void ShowDetails(TmyMenuItem& item);
+  void ExportItems(TmyMenuItem& item);
+  void ChooseColumns(TmyMenuItem& item);
+  void ArchiveChosen(TmyMenuItem& item);
   // Runs a message box; its result, 0 when this window is gone.
   int RunBox(TmyMsgBox& box);
 
   // Panel and grid
+  void DatabaseChosen();
   void FilterChanged(bool changedOnly);
   void AutoTuningChanged();
   void RowClicked(uint32_t row);
@@ -70,10 +82,16 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   GridMenu gridMenu_;
   FilterPanel* panel_;  // the children belong to their windows
   std::unique_ptr<EibiGrid> eibi_;
+  std::unique_ptr<FccGrid> hfcc_;
   StatusBar* status_;
-  TmyMsgBox* about_ = nullptr;  // while it is shown
-  TuneTarget menuTarget_ = {};  // what the context menu was opened for
-  uint32_t lastClick_ = 0;      // ticks
+  TmyMsgBox* about_ = nullptr;          // while it is shown
+  TuneTarget menuTarget_ = {};          // what the context menu was opened for, and the one record of the two
+  const EibiItem* menuEibi_ = nullptr;  // its database owns it; reset when it is loaded anew
+  const FccItem* menuFcc_ = nullptr;
+  TmyString currentFile_;                   // name of the HFCC archive last shown
+  TmyString exportFolder_;                  // last used for a CSV file
+  HfccLoad hfccProblem_ = HfccLoad::kRead;  // not told yet
+  uint32_t lastClick_ = 0;                  // ticks
   bool hasClick_ = false;
   bool utc_ = false;      // times are shown in UTC
   bool isReady_ = false;  // all children exist

@@ -35,8 +35,8 @@ class BenchGrid {
   // As the filter panel wants them after a load.
   void CollectTexts() const {
     for (uint32_t filter = 0; filter < FilterPanel::kTextFilters; ++filter) {
-      TmyStringList texts;
-      texts = grid_.FilterTexts(filter);
+      const std::vector<FilterText> texts = grid_.FilterTexts(filter);
+      static_cast<void>(texts);
     }
   }
   void Show(bool visible) {

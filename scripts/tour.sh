@@ -70,16 +70,30 @@ tell 'waitfor "TuneFourth(0x902) a=5000"'
 shoot 6-tuned
 click 330 183 3
 shoot_screen 7-context-menu
+key d
+shoot 8-eibi-details
 key Escape
 click 150 99
-shoot_screen 8-choices
+shoot_screen 9-choices
 key Escape
 key alt+h && key a
-shoot_screen 9-about
+shoot_screen 10-about
 key Escape
 xdotool windowsize --sync "$window" 560 520
-shoot 10-narrow
+shoot 11-narrow
 xdotool windowsize --sync "$window" 800 600
+
+# The other database, where the archive's folder has one: without the frequency filter.
+click 338 37
+click 122 37
+shoot 12-hfcc
+click 330 183 3
+key d
+shoot 13-hfcc-details
+key Escape
+key alt+o && key s
+shoot_screen 14-hfcc-columns
+key Escape
 
 tell close 7
 tell waitfor InstanceGone

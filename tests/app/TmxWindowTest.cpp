@@ -9,6 +9,7 @@
 #include "foundation/Clock.h"
 #include "plugin/DataFolders.h"
 #include "tests/support/FreshDocumentsFolder.h"
+#include "tests/support/SeasonArchive.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -21,6 +22,15 @@ uint32_t __stdcall Host(uint32_t, uint32_t code, uint32_t a, uint32_t, uint32_t)
 }
 
 TmxWindow* closing = nullptr;
+std::string* box = nullptr;  // takes note of a message box
+
+void CALLBACK CloseBox(HWND, UINT, UINT_PTR id, DWORD) {
+  const HWND shown = GetActiveWindow();
+  if (shown == nullptr || GetWindow(shown, GW_OWNER) == nullptr) return;
+  KillTimer(nullptr, id);
+  *box = "a box";
+  SendMessageA(shown, WM_CLOSE, 0, 0);
+}
 
 // Closes the plug-in as soon as it says that it has started.
 uint32_t __stdcall ClosingHost(uint32_t, uint32_t code, uint32_t a, uint32_t, uint32_t) {
@@ -59,7 +69,7 @@ class TmxWindowTest : public testing::Test {
     window_->Start(7, Host);
     for (TmyComponent* child = window_->NextChild(nullptr); child; child = window_->NextChild(child)) {
       if (auto* panel = dynamic_cast<FilterPanel*>(child)) panel_ = panel;
-      if (auto* grid = dynamic_cast<TmyStringGrid*>(child)) grid_ = grid;
+      if (auto* grid = dynamic_cast<TmyStringGrid*>(child); grid && !grid_) grid_ = grid;
       if (auto* status = dynamic_cast<StatusBar*>(child)) status_ = status;
     }
     ASSERT_TRUE(panel_ && grid_ && status_);
@@ -222,6 +232,48 @@ TEST_F(TmxWindowTest, SortingKeepsTheCurrentRecordAndRefilteringKeepsTheOrder) {
   ClickBox("Time");  // 14:30: two broadcasts, still from the highest frequency down
   EXPECT_EQ(TunedBy(1), "9420000");
   EXPECT_EQ(TunedBy(2), "7325500");
+}
+
+class HfccWindowTest : public TmxWindowTest {
+ protected:
+  void SetUp() override {
+    const std::string season = SeasonArchive();
+    for (const char* name : {"a26all00.zip", "b25all00.zip"}) {
+      CreateFolders(documents_.DataFolder().c_str());
+      CopyFileA(season.c_str(), (documents_.DataFolder() + "\\" + name).c_str(), FALSE);
+    }
+    ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\c.zip", "not an archive"));
+    TmxWindowTest::SetUp();
+  }
+  HMENU Archives() const { return GetSubMenu(GetSubMenu(GetMenu(window_->Handle()), 0), 1); }
+  bool IsChecked(int item) const { return (GetMenuState(Archives(), item, MF_BYPOSITION) & MF_CHECKED) != 0; }
+};
+
+TEST_F(HfccWindowTest, TheNewestSeasonIsLoadedAndShownWhenItsDatabaseIsChosen) {
+  ASSERT_EQ(GetMenuItemCount(Archives()), 3);
+  EXPECT_TRUE(IsChecked(0));
+  ClickOption("HFCC database");
+  HfccDatabase season;
+  ASSERT_EQ(season.LoadHfcc(SeasonArchive().c_str()), HfccLoad::kRead);
+  const std::string rows = std::to_string(season.Items().Count());
+  EXPECT_EQ(Counts(), rows + " of " + rows + " broadcasts");
+  ClickBox("Admin");  // under its new name; nothing is chosen
+  EXPECT_EQ(Counts(), rows + " of " + rows + " broadcasts");
+  ClickOption("EiBi database");
+  EXPECT_EQ(Counts(), "5 of 5 broadcasts");
+}
+
+TEST_F(HfccWindowTest, ChoosingAnArchiveShowsItAndABadOneSaysWhy) {
+  SendMessageA(window_->Handle(), WM_COMMAND, GetMenuItemID(Archives(), 1), 0);
+  EXPECT_TRUE(IsChecked(1));
+  EXPECT_FALSE(IsChecked(0));
+  EXPECT_TRUE(panel_->ShowsHfcc());
+  std::string said;
+  box = &said;
+  SetTimer(nullptr, 0, 50, CloseBox);
+  SendMessageA(window_->Handle(), WM_COMMAND, GetMenuItemID(Archives(), 2), 0);
+  EXPECT_EQ(said, "a box");
+  EXPECT_EQ(Counts(), "0 of 0 broadcasts");
 }
 
 TEST_F(TmxWindowTest, AWheelOverThePanelEndsWhereNothingScrolls) {

@@ -1,0 +1,21 @@
+// Writes what the HFCC grid shows of an archive, as the export command does: csv-of-archive ARCHIVE.ZIP OUT.CSV
+#include <cstdio>
+
+#include "app/CsvExport.h"
+#include "app/FccGrid.h"
+
+int main(int argc, char** argv) {
+  if (argc != 3) return 2;
+  auto* window = new TmyComponent("", WS_POPUP, 0, 0, 0, 300, 200, nullptr);  // deleted by its window
+  DWORD error = ERROR_SUCCESS;
+  {
+    FccGrid grid(*window);
+    const HfccLoad result = grid.Load(argv[1]);
+    if (result != HfccLoad::kRead) std::fprintf(stderr, "%s\n", HfccLoadText(result));
+    grid.Refresh(FilterRecord{}, {true, 0}, false);
+    error = WriteCsv(grid, argv[2]);
+    std::printf("%u rows\n", grid.ShownCount());
+    window->Destroy();
+  }
+  return error == ERROR_SUCCESS ? 0 : 1;
+}
