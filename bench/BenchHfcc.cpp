@@ -57,10 +57,10 @@ std::string ScheduleText(const std::string& path) {
   return {};
 }
 
-double PrivateMegabytes() {
-  PROCESS_MEMORY_COUNTERS_EX memory = {};
-  GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-  return static_cast<double>(memory.PrivateUsage) / (1024 * 1024);
+double WorkingSet() {  // in megabytes
+  PROCESS_MEMORY_COUNTERS counters = {};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return static_cast<double>(counters.WorkingSetSize) / (1024.0 * 1024.0);
 }
 
 // Of many, for the heap fills a single one into what unzipping has left.
@@ -68,10 +68,10 @@ void BenchMemory(const std::string& path) {
   constexpr uint32_t kDatabases = 32;
   std::vector<HfccDatabase> databases(kDatabases);
   databases[0].LoadHfcc(path.c_str());
-  const double before = PrivateMegabytes();
+  const double before = WorkingSet();
   for (HfccDatabase& database : databases) database.LoadHfcc(path.c_str());
   const uint32_t rows = databases[0].Items().Count();
-  Bench::PrintMegabytes("HFCC memory of a database", rows, (PrivateMegabytes() - before) / (kDatabases - 1));
+  Bench::PrintMegabytes("HFCC memory of a database", rows, (WorkingSet() - before) / (kDatabases - 1));
 }
 
 void BenchFilter(const char* what, const HfccDatabase& database, const FilterChoices& choices) {

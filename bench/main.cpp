@@ -1,4 +1,5 @@
-// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc], where DIR holds an eibi.txt.
+// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc], where DIR holds an
+// eibi.txt.
 
 #include <cstring>
 
