@@ -62,19 +62,15 @@ TEST(FccColumns, ShowTheTextsOfARecord) {
 
 TEST(FccColumns, ShowTimesInTheZone) {
   const struct {
-    const char *start, *stop;
+    const char* stop;
     ShownZone zone;
-    const char *shownStart, *shownStop;
-  } kCases[] = {
-      {"0500", "2400", {true, 7200}, "05:00", "24:00"},  {"0500", "2400", {false, 0}, "05:00", "24:00"},
-      {"0500", "2400", {false, 7200}, "07:00", "02:00"}, {"0500", "2330", {false, -19800}, "23:30", "18:00"},
-      {nullptr, nullptr, {false, 7200}, "", ""},         {"9999", "0000", {false, 60}, "04:40", "00:01"},
-  };
-  const HfccDatabase empty;
+    const char* shown;
+  } kCases[] = {{"2400", {true, 7200}, "24:00"},   {"2400", {false, 0}, "24:00"},  {"2400", {false, 7200}, "02:00"},
+                {"0030", {false, -3600}, "23:30"}, {"9999", {false, 60}, "04:40"}, {nullptr, {false, 7200}, ""}};
   for (const auto& each : kCases) {
-    const FccItem item = ItemOf(each.start, each.stop);
-    EXPECT_EQ(Cell(empty, item, 1, each.zone), each.shownStart);
-    EXPECT_EQ(Cell(empty, item, 2, each.zone), each.shownStop);
+    const FccItem item = ItemOf(each.stop, each.stop);
+    EXPECT_EQ(Cell(HfccDatabase(), item, 1, each.zone), each.shown);
+    EXPECT_EQ(Cell(HfccDatabase(), item, 2, each.zone), each.shown);
   }
 }
 
@@ -99,10 +95,6 @@ TEST(FccColumns, OrderByWhatIsShown) {
     }
   }
   FccItem low, high;
-  low.frequency = 30000000;
   high.frequency = -1;
   EXPECT_TRUE(FccGreater(database, FccColumnOf(0), kUtc)(high, low)) << "unsigned";
-  low.language = "a";
-  high.language = "\xE9";
-  EXPECT_TRUE(FccGreater(database, FccColumnOf(13), kUtc)(high, low)) << "unsigned characters";
 }

@@ -110,22 +110,17 @@ TEST_F(FccGridTest, OffersFilterTextsThatPass) {
     EXPECT_GE(passed, grid_.RecordCount());
   }
   const auto shown = [](const FilterText& text) { return std::string(text.shown.Chars()); };
-  const std::vector<FilterText> sites = grid_.FilterTexts(1);
-  const auto name = [&](const FilterText& text) {
-    const size_t gap = shown(text).find("  ");
-    return gap == std::string::npos ? shown(text) : shown(text).substr(gap + 2);
-  };
-  EXPECT_TRUE(std::ranges::is_sorted(sites, {}, name));
+  const auto name = [&](const FilterText& text) { return shown(text).substr(shown(text).find("  ") + 2); };
+  std::vector<FilterText> sites = grid_.FilterTexts(1);
   EXPECT_EQ(std::ranges::count(sites, "MIR  Mirtos", shown), 1);
-  EXPECT_EQ(std::ranges::count(sites, "XYZ", shown), 1) << "a code without a name";
+  EXPECT_EQ(std::erase_if(sites, [&](const FilterText& text) { return shown(text) == "XYZ"; }), 1U) << "has no name";
+  EXPECT_TRUE(std::ranges::is_sorted(sites, {}, name));
 }
 
 TEST_F(FccGridTest, CountsTheMarkedRowsThatAreShown) {
-  EXPECT_EQ(grid_.MarkCount(), 0U);
   grid_.Control().rowClicked(TmyRowClick{2, false, true});
   grid_.Control().rowClicked(TmyRowClick{4, true, false});
   EXPECT_EQ(grid_.MarkCount(), 3U);
-  EXPECT_FALSE(grid_.IsRowMarked(0));
   EXPECT_FALSE(grid_.IsRowMarked(1));
   EXPECT_TRUE(grid_.IsRowMarked(4));
   FilterChoices choices;
