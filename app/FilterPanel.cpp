@@ -11,8 +11,10 @@ enum OptionGroup : uint32_t { kDatabaseGroup = 1, kFrequencyGroup, kTimeGroup };
 using Captions = const char * [FilterPanel::kTextFilters];
 constexpr Captions kEibiCaptions = {"Station", "Language", "Target", "CIRAF zone"};
 constexpr Captions kHfccCaptions = {"Admin", "Location", "Broadcaster", "CIRAF zone"};
-constexpr int kTextWidths[FilterPanel::kTextFilters] = {186, 82, 82, 82};  // at 96 dpi
-constexpr int64_t kFirstCentre = 6000000;                                  // Hz
+using Widths = int[FilterPanel::kTextFilters];  // at 96 dpi
+constexpr Widths kEibiWidths = {186, 82, 82, 82};
+constexpr Widths kHfccWidths = {120, 112, 112, 66};  // names of countries and places
+constexpr int64_t kFirstCentre = 6000000;            // Hz
 constexpr int64_t kFirstSpan = 200000;
 constexpr int32_t kLastSecond = 86399;
 
@@ -112,10 +114,11 @@ void FilterPanel::BuildGroups() {
   AddMember(time, *from_, timeWidth, step);
   AddMember(time, timeLabel_, timeLabel_.PreferredWidth(), step);
   AddMember(time, *to_, timeWidth, step);
+  const Widths& widths = ShowsHfcc() ? kHfccWidths : kEibiWidths;
   for (uint32_t i = 0; i < kTextFilters; ++i) {
     Group& text = AddGroup(i == 0);
     AddMember(text, texts_[i]->box, texts_[i]->box.PreferredWidth(), 0);
-    AddMember(text, *texts_[i]->list, Theme().Scaled(kTextWidths[i]), step / 2);
+    AddMember(text, *texts_[i]->list, Theme().Scaled(widths[i]), step / 2);
   }
 }
 
