@@ -23,7 +23,7 @@ constexpr CodeFilter kCodeFilters[] = {
 
 FilterText CodeText(std::string_view code, std::string_view name) {
   const TmyString value(code);
-  return {code == name ? value : value + "  " + TmyString(name), value};
+  return {code == name ? value : TmyString(name) + " (" + value + ")", value};
 }
 
 }  // namespace

@@ -38,6 +38,7 @@ LAYERS = {
 # Tests see what they test, what that one sees, and what tests share.
 TEST_LAYERS = {name: (name, "tests") + below for name, below in LAYERS.items() if "/" not in name}
 TEST_LAYERS["support"] = ("tests", "foundation")
+TEST_LAYERS["tools"] = ("tests", "app") + LAYERS["app"]
 TEST_LAYERS["system"] = ("tests",)  # only through the module's entry points
 
 HEADER_START = re.compile(r"// Marlux (3|host)\. \S.*")

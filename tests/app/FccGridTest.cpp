@@ -110,10 +110,10 @@ TEST_F(FccGridTest, OffersFilterTextsThatPass) {
     EXPECT_GE(passed, grid_.RecordCount());
   }
   const auto shown = [](const FilterText& text) { return std::string(text.shown.Chars()); };
-  const auto name = [&](const FilterText& text) { return shown(text).substr(shown(text).find("  ") + 2); };
   std::vector<FilterText> sites = grid_.FilterTexts(1);
-  EXPECT_EQ(std::ranges::count(sites, "MIR  Mirtos", shown), 1);
+  EXPECT_EQ(std::ranges::count(sites, "Mirtos (MIR)", shown), 1);
   EXPECT_EQ(std::erase_if(sites, [&](const FilterText& text) { return shown(text) == "XYZ"; }), 1U) << "has no name";
+  const auto name = [&](const FilterText& text) { return shown(text).substr(0, shown(text).rfind(" (")); };
   EXPECT_TRUE(std::ranges::is_sorted(sites, {}, name));
 }
 
