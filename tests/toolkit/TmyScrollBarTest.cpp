@@ -50,16 +50,6 @@ TEST_F(ScrollBarTest, PagesInTheTrackUntilTheThumbIsUnderTheCursor) {
   EXPECT_EQ(GetFocus(), window_->Handle());  // it leaves the focus to its owner
 }
 
-TEST_F(ScrollBarTest, WheelMovesByTheUsersLinesWithinTheRange) {
-  bar_->SetLine(10);
-  Input::Wheel(*bar_, -2);
-  EXPECT_EQ(bar_->Position(), 2 * 10 * Input::WheelLines());
-  Input::Wheel(*bar_, 100);
-  Input::Wheel(*bar_, 1);
-  EXPECT_EQ(bar_->Position(), 0);
-  EXPECT_EQ(events_, 2);  // nothing moved, nothing told
-}
-
 TEST_F(ScrollBarTest, MayBeDestroyedByWhatItTells) {
   destroyInEvent_ = true;
   Input::Mouse(*bar_, WM_LBUTTONDOWN, 5, 150);
