@@ -1,7 +1,6 @@
 #include "tests/support/FakeHost.h"
 
 #include <algorithm>
-#include <cstring>
 #include <ostream>
 #include <utility>
 
@@ -19,10 +18,6 @@ std::string ClassOf(HWND window) {
 BOOL CALLBACK Collect(HWND window, LPARAM to) {
   reinterpret_cast<std::vector<HWND>*>(to)->push_back(window);
   return TRUE;
-}
-
-bool IsMainWindow(HWND window) {
-  return TextOf(window) == "Marlux 3" && GetMenu(window);
 }
 
 }  // namespace
@@ -89,18 +84,15 @@ bool FakeHost::IsModuleInMemory() {
   return GetModuleHandleA("marlux3.dll") != nullptr;
 }
 
-template <class Function>
-Function FakeHost::Export(const char* name) const {
+template <class Result, class... Arguments>
+Result FakeHost::Call(const char* name, Arguments... arguments) const {
+  using Function = Result(__stdcall*)(Arguments...);
   const FARPROC found = module_ ? GetProcAddress(module_, name) : nullptr;
-  Function function = nullptr;
-  static_assert(sizeof function == sizeof found);
-  std::memcpy(&function, &found, sizeof function);
-  return function;
+  return found ? reinterpret_cast<Function>(reinterpret_cast<void*>(found))(arguments...) : Result();
 }
 
 void FakeHost::Init(char* name, uint32_t size) {
-  using Function = uint32_t(__stdcall*)(uint32_t, uint32_t, char*, uint32_t);
-  if (const auto init = Export<Function>("zqnPluginInit")) init(0, 0, name, size);
+  Call<uint32_t>("zqnPluginInit", 0u, 0u, name, size);
 }
 
 uint32_t FakeHost::Start(uint32_t handle) {
@@ -108,26 +100,21 @@ uint32_t FakeHost::Start(uint32_t handle) {
 }
 
 uint32_t FakeHost::Start(uint32_t handle, const void* block) {
-  using Function = uint32_t(__stdcall*)(uint32_t, uint32_t, decltype(&Callback), const void*);
-  const auto start = Export<Function>("zqnPluginStart");
-  if (!start) return 0;
   const std::vector<HWND> before = TopWindows();
-  const uint32_t instance = start(handle, 0, &Callback, block);
+  const auto instance = Call<uint32_t>("zqnPluginStart", handle, 0u, &Callback, block);
   for (const HWND window : TopWindows()) {
-    if (std::find(before.begin(), before.end(), window) != before.end()) continue;
-    if (IsMainWindow(window)) windows_[handle] = window;
+    const bool isNew = std::find(before.begin(), before.end(), window) == before.end();
+    if (isNew && TextOf(window) == "Marlux 3" && GetMenu(window)) windows_[handle] = window;
   }
   return instance;
 }
 
 void FakeHost::Notify(uint32_t handle, uint32_t code, const void* c) {
-  using Function = void(__stdcall*)(uint32_t, uint32_t, uint32_t, uint32_t, const void*);
-  if (const auto notify = Export<Function>("zqnPluginNotify")) notify(handle, code, 0, 0, c);
+  Call<void>("zqnPluginNotify", handle, code, 0u, 0u, c);
 }
 
 void FakeHost::Done() {
-  using Function = void(__stdcall*)();
-  if (const auto done = Export<Function>("zqnPluginDone")) done();
+  Call<void>("zqnPluginDone");
 }
 
 uint32_t __stdcall FakeHost::Callback(uint32_t instance, uint32_t code, uint32_t a, uint32_t b, uint32_t c) {
@@ -147,8 +134,7 @@ void FakeHost::During(uint32_t code, std::function<void()> action) {
 }
 
 HWND FakeHost::WindowOf(uint32_t handle) const {
-  const auto found = windows_.find(handle);
-  return found == windows_.end() ? nullptr : found->second;
+  return windows_.contains(handle) ? windows_.at(handle) : nullptr;
 }
 
 void FakeHost::DispatchAll() {

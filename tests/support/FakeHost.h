@@ -39,7 +39,8 @@ class FakeHost {
 
   [[nodiscard]] static std::string ModulePath();
   bool Load();
-  void Unload();  // without closing anything first
+  [[nodiscard]] bool IsLoaded() const { return module_ != nullptr; }  // by this host
+  void Unload();                                                      // without closing anything first
   [[nodiscard]] static bool IsModuleInMemory();
 
   void Init(char* name, uint32_t size);
@@ -76,8 +77,8 @@ class FakeHost {
   static uint32_t __stdcall Callback(uint32_t instance, uint32_t code, uint32_t a, uint32_t b, uint32_t c);
   static void CALLBACK Tick(HWND window, UINT message, UINT_PTR id, DWORD time);
   void DispatchAll();
-  template <class Function>
-  [[nodiscard]] Function Export(const char* name) const;
+  template <class Result, class... Arguments>
+  Result Call(const char* name, Arguments... arguments) const;  // Result() while the module is not loaded
 
   HMODULE module_ = nullptr;
   std::vector<HostCall> calls_;

@@ -2,21 +2,10 @@
 
 #include <windows.h>
 
-#include <filesystem>
-
 namespace {
 
 constexpr char kKey[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
 constexpr char kValue[] = "Personal";
-
-std::string TemporaryFolder() {
-  char temp[MAX_PATH];
-  GetTempPathA(MAX_PATH, temp);
-  LARGE_INTEGER ticks;
-  QueryPerformanceCounter(&ticks);
-  return std::string(temp) + "marlux-test-" + std::to_string(GetCurrentProcessId()) + "-" +
-         std::to_string(ticks.QuadPart);
-}
 
 std::string Setting() {
   char text[MAX_PATH] = "";
@@ -35,15 +24,10 @@ void SetSetting(const std::string& text) {
 
 }  // namespace
 
-FreshDocumentsFolder::FreshDocumentsFolder() : FreshDocumentsFolder(TemporaryFolder()) {}
-
-FreshDocumentsFolder::FreshDocumentsFolder(const std::string& path) : path_(path), before_(Setting()) {
-  std::filesystem::create_directories(path_);
-  SetSetting(path_);
+FreshDocumentsFolder::FreshDocumentsFolder() : before_(Setting()) {
+  SetSetting(Path());
 }
 
 FreshDocumentsFolder::~FreshDocumentsFolder() {
   SetSetting(before_);
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
 }

@@ -4,76 +4,49 @@
 #include <winver.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "tests/support/FakeHost.h"
-#include "tests/support/TestEnvironment.h"
 
 namespace {
 
-// The file as it lies on the disk; addresses are those that its headers speak of.
-class ModuleFile {
- public:
-  ModuleFile() : bytes_(ReadFileBytes(FakeHost::ModulePath())) {}
-
-  [[nodiscard]] IMAGE_NT_HEADERS32 Headers() const {
-    return Read<IMAGE_NT_HEADERS32>(static_cast<size_t>(Read<IMAGE_DOS_HEADER>(0).e_lfanew));
+// The file as it lies in memory; addresses count from its start.
+class ModuleFile : public testing::Test {
+ protected:
+  template <class Record>
+  [[nodiscard]] const Record& At(uint32_t address) const {
+    return *reinterpret_cast<const Record*>(reinterpret_cast<const char*>(GetModuleHandleA("marlux3.dll")) + address);
   }
-  [[nodiscard]] IMAGE_DATA_DIRECTORY Directory(uint32_t index) const {
+  [[nodiscard]] std::string TextAt(uint32_t address) const { return &At<char>(address); }
+  [[nodiscard]] const IMAGE_NT_HEADERS32& Headers() const {
+    return At<IMAGE_NT_HEADERS32>(static_cast<uint32_t>(At<IMAGE_DOS_HEADER>(0).e_lfanew));
+  }
+  [[nodiscard]] const IMAGE_DATA_DIRECTORY& Directory(uint32_t index) const {
     return Headers().OptionalHeader.DataDirectory[index];
   }
-  template <class Record>
-  [[nodiscard]] Record At(uint32_t address) const {
-    return Read<Record>(OffsetOf(address));
-  }
-  [[nodiscard]] std::string TextAt(uint32_t address) const {
-    const size_t offset = OffsetOf(address);
-    return offset < bytes_.size() ? bytes_.c_str() + offset : "";
-  }
 
- private:
-  template <class Record>
-  [[nodiscard]] Record Read(size_t offset) const {
-    Record record = {};
-    if (offset + sizeof record <= bytes_.size()) std::memcpy(&record, bytes_.data() + offset, sizeof record);
-    return record;
-  }
-  [[nodiscard]] size_t OffsetOf(uint32_t address) const {
-    const IMAGE_NT_HEADERS32 headers = Headers();
-    const size_t first = static_cast<size_t>(Read<IMAGE_DOS_HEADER>(0).e_lfanew) + sizeof headers;
-    for (size_t i = 0; i < headers.FileHeader.NumberOfSections; ++i) {
-      const auto section = Read<IMAGE_SECTION_HEADER>(first + i * sizeof(IMAGE_SECTION_HEADER));
-      const uint32_t inside = address - section.VirtualAddress;
-      if (inside < section.SizeOfRawData) return section.PointerToRawData + inside;
-    }
-    return bytes_.size();
-  }
-
-  std::string bytes_;
+  FakeHost host_;
 };
 
 }  // namespace
 
-TEST(ModuleFile, ExportsFourUndecoratedNames) {
-  const ModuleFile file;
-  const auto exports = file.At<IMAGE_EXPORT_DIRECTORY>(file.Directory(IMAGE_DIRECTORY_ENTRY_EXPORT).VirtualAddress);
+TEST_F(ModuleFile, ExportsFourUndecoratedNames) {
+  const auto& exports = At<IMAGE_EXPORT_DIRECTORY>(Directory(IMAGE_DIRECTORY_ENTRY_EXPORT).VirtualAddress);
   EXPECT_EQ(exports.NumberOfFunctions, 4u);
-  EXPECT_EQ(file.TextAt(exports.Name), "marlux3.dll");
+  EXPECT_EQ(TextAt(exports.Name), "marlux3.dll");
   std::vector<std::string> names;
   for (uint32_t i = 0; i < exports.NumberOfNames; ++i) {
-    names.push_back(file.TextAt(file.At<uint32_t>(exports.AddressOfNames + i * 4)));
+    names.push_back(TextAt(At<uint32_t>(exports.AddressOfNames + i * 4)));
   }
   EXPECT_THAT(names, testing::ElementsAre("zqnPluginDone", "zqnPluginInit", "zqnPluginNotify", "zqnPluginStart"));
 }
 
-TEST(ModuleFile, NeedsNothingThatABareWindowsLacks) {
-  const ModuleFile file;
+TEST_F(ModuleFile, NeedsNothingThatABareWindowsLacks) {
   std::vector<std::string> names;
-  uint32_t at = file.Directory(IMAGE_DIRECTORY_ENTRY_IMPORT).VirtualAddress;
+  uint32_t at = Directory(IMAGE_DIRECTORY_ENTRY_IMPORT).VirtualAddress;
   for (;; at += sizeof(IMAGE_IMPORT_DESCRIPTOR)) {
-    const auto import = file.At<IMAGE_IMPORT_DESCRIPTOR>(at);
+    const auto& import = At<IMAGE_IMPORT_DESCRIPTOR>(at);
     if (import.Name == 0) break;
-    std::string name = file.TextAt(import.Name);
+    std::string name = TextAt(import.Name);
     std::transform(name.begin(), name.end(), name.begin(), [](char c) { return static_cast<char>(std::toupper(c)); });
     names.push_back(name);
   }
@@ -84,17 +57,16 @@ TEST(ModuleFile, NeedsNothingThatABareWindowsLacks) {
   EXPECT_THAT(names, testing::IsSupersetOf({"KERNEL32.DLL", "USER32.DLL"}));
 }
 
-TEST(ModuleFile, MayBeMovedAndHasNoCodeInItsData) {
-  const ModuleFile file;
-  const IMAGE_NT_HEADERS32 headers = file.Headers();
+TEST_F(ModuleFile, MayBeMovedAndHasNoCodeInItsData) {
+  const IMAGE_NT_HEADERS32& headers = Headers();
   EXPECT_EQ(headers.FileHeader.Machine, IMAGE_FILE_MACHINE_I386);
   constexpr WORD kWanted = IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
   EXPECT_EQ(headers.OptionalHeader.DllCharacteristics & kWanted, kWanted);
   EXPECT_EQ(headers.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED, 0);
-  EXPECT_GT(file.Directory(IMAGE_DIRECTORY_ENTRY_BASERELOC).Size, 0u);
+  EXPECT_GT(Directory(IMAGE_DIRECTORY_ENTRY_BASERELOC).Size, 0u);
 }
 
-TEST(ModuleFile, SaysItsVersion) {
+TEST_F(ModuleFile, SaysItsVersion) {
   DWORD ignored = 0;
   const std::string path = FakeHost::ModulePath();
   std::string block(GetFileVersionInfoSizeA(path.c_str(), &ignored), '\0');

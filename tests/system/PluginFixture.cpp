@@ -2,8 +2,6 @@
 
 #include <filesystem>
 
-#include "tests/support/TestEnvironment.h"
-
 namespace {
 
 // A crash ends the program at once and says where; no debugger, no box that waits for somebody.

@@ -7,7 +7,7 @@
 #include "tests/support/FreshDocumentsFolder.h"
 
 class PluginFixture : public testing::Test {
- protected:
+ public:  // tables of functions reach in
   PluginFixture();
 
   void WriteSchedule(const std::string& content);
