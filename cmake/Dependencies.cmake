@@ -1,5 +1,6 @@
 # zlib comes as a package of the cross toolchain. minizip does not: scripts/setup.sh leaves the distribution's source,
 # checked against its checksum, in build/third_party/minizip, unless MINIZIP_SOURCE_DIR names another place.
+set(ZLIB_USE_STATIC_LIBS ON)  # the module is one file
 find_package(ZLIB REQUIRED)
 set(MINIZIP_SOURCE_DIR "${CMAKE_SOURCE_DIR}/build/third_party/minizip" CACHE PATH "unpacked minizip source")
 if(NOT EXISTS "${MINIZIP_SOURCE_DIR}/unzip.c")

@@ -39,10 +39,10 @@ class Menus : public PluginFixture {
 TEST_F(Menus, BarHoldsEveryCommandAndMarksUtcTime) {
   const HWND window = StartPlugin();
   for (const char* utc : {"&UTC time", "+&UTC time", "&UTC time"}) {
-    EXPECT_THAT(Texts(GetMenu(window)),
-                ElementsAre("&File", "-&Check for DB updates", "-HFCC &databases", "-&Export items to CSV", "E&xit",
-                            "&Options", utc, "-HFCC &settings", "&Scheduler", "-&View scheduler", "-&New task", "&Help",
-                            "&Help", "&About"));
+    EXPECT_THAT(
+        Texts(GetMenu(window)),
+        ElementsAre("&File", "-&Check for DB updates", "-HFCC &databases", "&Export items to CSV", "E&xit", "&Options",
+                    utc, "HFCC &settings", "&Scheduler", "-&View scheduler", "-&New task", "&Help", "&Help", "&About"));
     Choose(window, "&UTC time");
   }
 }
@@ -54,7 +54,7 @@ TEST_F(Menus, GridMenuOpensByKeyboardAndMouseAndTunesTheCurrentRow) {
   RECT place;
   GetWindowRect(grid, &place);
   const LPARAM firstRow = MAKELPARAM(place.left + 30, place.top + 30);
-  const auto expected = ElementsAre("-Show &details", "&Tune to this frequency", "-Start &recording this station",
+  const auto expected = ElementsAre("Show &details", "&Tune to this frequency", "-Start &recording this station",
                                     "-&Schedule this station");
   EXPECT_THAT(ContextMenu(window, -1, WM_CANCELMODE), expected);
   EXPECT_TRUE(host_.Calls().empty());
