@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/CsvExport.h"
 #include "app/EibiDetailDialog.h"
 #include "app/FccDetailDialog.h"
+#include "app/GridExport.h"
 #include "app/TmxOptionsDialog.h"
 #include "app/WaitCursor.h"
 #include "foundation/Clock.h"
@@ -48,6 +48,7 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
   if (!IsAlive()) return;
   SetDoubleBuffered(true);
   SetNewestInstance(this);
+  exportFolder_ = DocumentsFolder();
   const HICON icon = LoadIconA(TmyApplication::Get().Module(), MAKEINTRESOURCEA(kIcon));
   SendMessageA(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
   menu_.AttachTo(Handle());
@@ -66,7 +67,7 @@ void TmxWindow::BindCommands() {
   menu_.help.chosen.Bind<&TmxWindow::ShowHelp>(this);
   menu_.about.chosen.Bind<&TmxWindow::ShowAbout>(this);
   gridMenu_.tune.chosen.Bind<&TmxWindow::TuneFromMenu>(this);
-  menu_.exportItems.chosen.Bind<&TmxWindow::ExportItems>(this);
+  menu_.exportItems.chosen.Bind<&TmxWindow::ExportCsv>(this);
   menu_.hfccSettings.chosen.Bind<&TmxWindow::ChooseColumns>(this);
   gridMenu_.showDetails.chosen.Bind<&TmxWindow::ShowDetails>(this);
   panel_->databaseChanged.Bind<&TmxWindow::DatabaseChosen>(this);
@@ -124,6 +125,7 @@ ScheduleGrid& TmxWindow::Shown() noexcept {
 }
 
 void TmxWindow::LoadDatabases() {
+  const WaitCursor wait;
   const TmyString folder = DataFolder();
   const ScheduleFiles files = ListScheduleFiles(folder);
   currentFile_ = NewestArchive(files.archives);
@@ -295,7 +297,7 @@ void TmxWindow::ShowDetails(TmyMenuItem&) {
   if (menuEibi_) (new EibiDetailDialog(*this, *menuEibi_, Zone()))->Show(true);
 }
 
-void TmxWindow::ExportItems(TmyMenuItem&) {
+void TmxWindow::ExportCsv(TmyMenuItem&) {
   const ModulePin pin;  // the dialog runs a loop of its own
   const TmyString path = AskForCsvFile(Handle(), exportFolder_);
   if (!IsAlive() || path.IsEmpty()) return;

@@ -54,7 +54,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ShowAbout(TmyMenuItem& item);
   void TuneFromMenu(TmyMenuItem& item);
   void ShowDetails(TmyMenuItem& item);
-  void ExportItems(TmyMenuItem& item);
+  void ExportCsv(TmyMenuItem& item);
   void ChooseColumns(TmyMenuItem& item);
   void ArchiveChosen(TmyMenuItem& item);
   // Runs a message box; its result, 0 when this window is gone.

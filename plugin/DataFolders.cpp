@@ -8,8 +8,6 @@
 
 #include "foundation/TmyRegistry.h"
 
-namespace {
-
 TmyString DocumentsFolder() {
   // A documents folder that does not exist counts as a failure at first; it is made with the rest of the path.
   for (const int flags : {0, CSIDL_FLAG_DONT_VERIFY}) {
@@ -20,6 +18,8 @@ TmyString DocumentsFolder() {
   }
   return {};
 }
+
+namespace {
 
 TmyString Environment(const char* name) {
   std::string value;

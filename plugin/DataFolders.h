@@ -4,6 +4,7 @@
 
 #include "foundation/TmyString.h"
 
+[[nodiscard]] TmyString DocumentsFolder();   // the user's own; empty when the system has none
 [[nodiscard]] TmyString DataFolder();        // schedules, tasks; made when it is not there
 [[nodiscard]] TmyString RecordingsFolder();  // below the data folder; made when it is not there
 

@@ -1,7 +1,7 @@
 // Writes what the HFCC grid shows of an archive, as the export command does: csv-of-archive ARCHIVE.ZIP OUT.CSV
 #include <cstdio>
 
-#include "app/CsvExport.h"
+#include "app/GridExport.h"
 #include "app/FccGrid.h"
 
 int main(int argc, char** argv) {

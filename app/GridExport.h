@@ -1,5 +1,4 @@
-// Marlux 3. Writing what a grid shows as comma-separated text: a title line, then a line a row, every cell in double
-// quotes, lines ended with CR LF.
+// Marlux 3. Which rows of a grid an export writes, and the question where to.
 #pragma once
 
 #include <windows.h>
@@ -8,8 +7,8 @@
 
 [[nodiscard]] TmyString MakeCsvLine(const ScheduleGrid& grid, uint32_t row);  // row 0: the titles
 
-// The marked rows in the grid's order; when none is marked every row. The file appears whole or not at all: it is
-// written aside and swapped in. Returns the system's error code, ERROR_SUCCESS when all went well.
+// The titles and the marked rows in the grid's order; when none is marked every row. Returns the system's error code,
+// ERROR_SUCCESS when all went well.
 [[nodiscard]] DWORD WriteCsv(const ScheduleGrid& grid, const TmyString& path);
 
 // The system's save dialog. Empty when cancelled.

@@ -1,5 +1,5 @@
 // What an export writes, and what it leaves behind when it fails.
-#include "app/CsvExport.h"
+#include "app/GridExport.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-class CsvExportTest : public testing::Test {
+class GridExportTest : public testing::Test {
  protected:
   void SetUp() override {
     std::string text;
@@ -39,14 +39,14 @@ class CsvExportTest : public testing::Test {
 constexpr char kTitles[] = R"("Freq","Start","Stop","Days","Station","Language","Target","Remarks")"
                            "\r\n";
 
-TEST_F(CsvExportTest, WritesTheGridsTextsCellByCell) {
+TEST_F(GridExportTest, WritesTheGridsTextsCellByCell) {
   EXPECT_EQ(Exported(), std::string(kTitles) +
                             "\"6005\",\"06:00\",\"08:00\",\"All days\",\"Say \"\"Hello\"\"\",\"E\",\"Eu\",\"x\"\r\n"
                             "\"9420\",\"22:00\",\"01:00\",\"Monday\",\"Second\",\"F\",\"Eu\",\"\"\r\n"
                             "\"11780\",\"-\",\"-\",\"All days\",\"Third\",\"F\",\"Eu\",\"y\"\r\n");
 }
 
-TEST_F(CsvExportTest, MarkedRowsAloneAreWrittenAndTheTitlesAlways) {
+TEST_F(GridExportTest, MarkedRowsAloneAreWrittenAndTheTitlesAlways) {
   BYTE keys[256] = {};
   keys[VK_CONTROL] = 0x80;
   SetKeyboardState(keys);
@@ -62,7 +62,7 @@ TEST_F(CsvExportTest, MarkedRowsAloneAreWrittenAndTheTitlesAlways) {
   EXPECT_EQ(Exported(), kTitles);
 }
 
-TEST_F(CsvExportTest, AFailureLeavesWhatWasThereAndNothingElse) {
+TEST_F(GridExportTest, AFailureLeavesWhatWasThereAndNothingElse) {
   EXPECT_EQ(WriteCsv(grid_, (folder_.File("none\\out.csv")).c_str()), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), "before"));
   SetFileAttributesA(path_.Chars(), FILE_ATTRIBUTE_READONLY);

@@ -1,0 +1,69 @@
+#include "schedule/CsvExport.h"
+
+namespace {
+constexpr uint32_t kChunk = 64 * 1024;  // bytes gathered before a write
+}
+
+CsvExport::CsvExport(const TmyString& path) : path_(path), aside_(path + ".part") {
+  // Swapping in would ask for the folder's rights only.
+  const DWORD before = GetFileAttributesA(path_.Chars());
+  if (before != INVALID_FILE_ATTRIBUTES && (before & FILE_ATTRIBUTE_READONLY) != 0) {
+    error_ = ERROR_ACCESS_DENIED;
+  } else {
+    Open();
+  }
+}
+
+CsvExport::~CsvExport() {
+  if (!file_) return;
+  CloseFile();
+  DeleteFileA(aside_.Chars());
+}
+
+void CsvExport::Open() {
+  const HANDLE opened =
+      CreateFileA(aside_.Chars(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (opened == INVALID_HANDLE_VALUE) {
+    error_ = GetLastError();
+  } else {
+    file_ = opened;
+  }
+}
+
+TmyString CsvExport::LineOf(const TmyStringList& cells) {
+  return cells.GetCommaText() + "\r\n";
+}
+
+void CsvExport::AddLine(const TmyStringList& cells) {
+  if (error_ != ERROR_SUCCESS) return;
+  pending_.append(LineOf(cells).View());
+  if (pending_.size() >= kChunk) Flush();
+}
+
+void CsvExport::Flush() {
+  if (error_ != ERROR_SUCCESS) return;
+  DWORD written = 0;
+  const auto size = static_cast<DWORD>(pending_.size());
+  if (!WriteFile(file_, pending_.data(), size, &written, nullptr)) {
+    error_ = GetLastError();
+  } else if (written != size) {
+    error_ = ERROR_DISK_FULL;
+  }
+  pending_.clear();
+}
+
+void CsvExport::CloseFile() noexcept {
+  CloseHandle(file_);
+  file_ = nullptr;
+}
+
+DWORD CsvExport::Finish() {
+  if (!file_) return error_;
+  Flush();
+  CloseFile();
+  if (error_ == ERROR_SUCCESS && !MoveFileExA(aside_.Chars(), path_.Chars(), MOVEFILE_REPLACE_EXISTING)) {
+    error_ = GetLastError();
+  }
+  if (error_ != ERROR_SUCCESS) DeleteFileA(aside_.Chars());
+  return error_;
+}
