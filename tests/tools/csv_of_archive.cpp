@@ -1,8 +1,8 @@
 // Writes what the HFCC grid shows of an archive, as the export command does: csv-of-archive ARCHIVE.ZIP OUT.CSV
 #include <cstdio>
 
-#include "app/GridExport.h"
 #include "app/FccGrid.h"
+#include "app/GridExport.h"
 
 int main(int argc, char** argv) {
   if (argc != 3) return 2;
