@@ -174,15 +174,23 @@ void FilterPanel::Paint(HDC dc) {
 
 void FilterPanel::SetTexts(uint32_t filter, std::vector<FilterText> texts) {
   TmyComboBox2& list = *texts_[filter]->list;
-  const TmyString selected = list.SelectedText();
-  texts_[filter]->choices = std::move(texts);
+  std::vector<FilterText>& choices = texts_[filter]->choices;
+  const int32_t before = list.Selection();
+  const TmyString selected = before < 0 ? TmyString() : choices[static_cast<size_t>(before)].value;
+  choices = std::move(texts);
   list.Clear();
-  for (const FilterText& text : texts_[filter]->choices) list.Add(text.shown);
-  list.SetSelection(selected.IsEmpty() ? -1 : list.FindText(selected));
+  int32_t selection = -1;
+  for (const FilterText& text : choices) {
+    if (before >= 0 && text.value == selected) selection = static_cast<int32_t>(list.Count());
+    list.Add(text.shown);
+  }
+  list.SetSelection(selection);
 }
 
 void FilterPanel::ChooseDatabase(bool hfcc) {
   (hfcc ? hfcc_ : eibi_).SetChecked(true);
+  if (hfcc != namedForHfcc_) ForgetTexts();  // one database's texts mean nothing in the other
+  namedForHfcc_ = hfcc;
   const auto& captions = hfcc ? kHfccCaptions : kEibiCaptions;
   for (uint32_t i = 0; i < kTextFilters; ++i) texts_[i]->box.SetCaption(captions[i]);
   // EiBi's records keep an ITU country code where HFCC's keep a set of zones.
@@ -190,6 +198,14 @@ void FilterPanel::ChooseDatabase(bool hfcc) {
   texts_[3]->list->SetToolTip(hfcc ? "" : "ITU country codes");
   BuildGroups();
   Realign();
+}
+
+void FilterPanel::ForgetTexts() {
+  for (const auto& text : texts_) {
+    text->box.SetChecked(false);
+    text->list->Clear();
+    text->choices.clear();
+  }
 }
 
 FilterChoices FilterPanel::Choices() const {

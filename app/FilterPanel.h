@@ -78,6 +78,7 @@ class FilterPanel : public TmyPanel {
   void EditCommitted(TmyEdit& edit);
   void TextChosen(TmyComboBox2& list);
   void SwitchFrequencies(bool around);
+  void ForgetTexts();
 
   // In the order in which Tab walks through them.
   Tmy_OptionButton eibi_;
@@ -98,4 +99,5 @@ class FilterPanel : public TmyPanel {
   TmyTimeEdit* to_;
   std::array<std::unique_ptr<TextFilter>, kTextFilters> texts_;
   std::vector<Group> groups_;
+  bool namedForHfcc_ = false;  // the database that the text filters are named for
 };

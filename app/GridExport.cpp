@@ -1,5 +1,6 @@
 #include "app/GridExport.h"
 
+#include <cderr.h>
 #include <commdlg.h>
 
 #include "schedule/CsvExport.h"
@@ -22,9 +23,14 @@ DWORD WriteCsv(const ScheduleGrid& grid, const TmyString& path) {
   return file.Finish();
 }
 
+namespace {
+constexpr char kFileName[] = "\\mx_export.csv";
+}
+
 TmyString AskForCsvFile(HWND owner, const TmyString& folder) {
   char file[MAX_PATH] = {};
-  CopyText(file, (folder + "\\mx_export.csv").View());
+  const TmyString proposed = folder + kFileName;
+  CopyText(file, proposed.Length() < sizeof(file) ? proposed.View() : std::string_view(kFileName + 1));
   OPENFILENAMEA dialog = {};
   dialog.lStructSize = sizeof(dialog);
   dialog.hwndOwner = owner;
@@ -34,5 +40,10 @@ TmyString AskForCsvFile(HWND owner, const TmyString& folder) {
   dialog.nMaxFile = sizeof(file);
   dialog.lpstrTitle = "Export to CSV";
   dialog.Flags = OFN_OVERWRITEPROMPT | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST | OFN_NOREADONLYRETURN;
-  return GetSaveFileNameA(&dialog) ? TmyString(file) : TmyString();
+  BOOL chosen = GetSaveFileNameA(&dialog);
+  if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+    CopyText(file, kFileName + 1);  // the folder of last time is none any more
+    chosen = GetSaveFileNameA(&dialog);
+  }
+  return chosen ? TmyString(file) : TmyString();
 }

@@ -1,6 +1,7 @@
 #include "app/RowMarks.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -31,6 +32,15 @@ bool RowMarks::Click(const TmyList& shown, uint32_t row, ClickKind kind) {
 void RowMarks::Clear() noexcept {
   marked_.Clear();
   SetAnchor(nullptr, kNoRow);
+}
+
+void RowMarks::KeepOnly(const TmyList& shown) {
+  if (marked_.Count() == 0) return;
+  PointerSet kept;
+  for (uint32_t i = 0; i < shown.Count(); ++i) {
+    if (marked_.Contains(shown.Get(i))) kept.Insert(shown.Get(i));
+  }
+  marked_ = std::move(kept);
 }
 
 void RowMarks::SetAnchor(const void* record, uint32_t row) noexcept {

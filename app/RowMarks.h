@@ -20,6 +20,8 @@ class RowMarks {
   bool Click(const TmyList& shown, uint32_t row, ClickKind kind);
 
   void Clear() noexcept;  // marks and anchor
+  // Unmarks what is not in the list: what the user sees marked is all that is.
+  void KeepOnly(const TmyList& shown);
   [[nodiscard]] bool IsMarked(const void* record) const noexcept { return marked_.Contains(record); }
   [[nodiscard]] uint32_t Count() const noexcept { return marked_.Count(); }
   [[nodiscard]] const void* AnchorRecord() const noexcept { return anchor_; }  // null without an anchor

@@ -93,6 +93,7 @@ void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bo
     filter_ = filter;
     isFiltered_ = true;
     RunFilter(filter_, shown_);
+    marks_.KeepOnly(shown_);
   }
   // A pass leaves the order of the database behind, so it sorts again, whatever asked for it.
   const bool sorts = wanted_.column >= 0 && (filters || !(wanted_ == applied_));

@@ -283,13 +283,17 @@ void TmxWindow::RowContext(uint32_t row, int x, int y) {
 }
 
 void TmxWindow::TuneFromMenu(TmyMenuItem&) {
-  link_.Tune(menuTarget_.frequencyHz, menuTarget_.mode);
+  Tune(menuTarget_);
+}
+
+// A record without a readable frequency is nothing to tune to.
+void TmxWindow::Tune(const TuneTarget& target) {
+  if (static_cast<int32_t>(target.frequencyHz) > 0) link_.Tune(target.frequencyHz, target.mode);
 }
 
 void TmxWindow::TuneTo(uint32_t row) {
   if (!Shown().ShowsRecord(row)) return;
-  const TuneTarget target = Shown().TargetOf(row);
-  link_.Tune(target.frequencyHz, target.mode);
+  Tune(Shown().TargetOf(row));
 }
 
 void TmxWindow::ShowDetails(TmyMenuItem&) {

@@ -71,6 +71,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void SortChanged();
   void Refresh(bool changedOnly);
   void TuneTo(uint32_t row);
+  void Tune(const TuneTarget& target);
   [[nodiscard]] bool IsClicking() const;  // a button is down, or a second click may still come
 
   HostInfo hostInfo_;

@@ -4,7 +4,7 @@ namespace {
 constexpr uint32_t kChunk = 64 * 1024;  // bytes gathered before a write
 }
 
-CsvExport::CsvExport(const TmyString& path) : path_(path), aside_(path + ".part") {
+CsvExport::CsvExport(const TmyString& path) : path_(path) {
   // Swapping in would ask for the folder's rights only.
   const DWORD before = GetFileAttributesA(path_.Chars());
   if (before != INVALID_FILE_ATTRIBUTES && (before & FILE_ATTRIBUTE_READONLY) != 0) {
@@ -20,7 +20,14 @@ CsvExport::~CsvExport() {
   DeleteFileA(aside_.Chars());
 }
 
+// In the same folder, where the swap is one step, under a name that nobody has.
 void CsvExport::Open() {
+  char aside[MAX_PATH];
+  if (!GetTempFileNameA((path_.FilePath() + "\\").Chars(), "csv", 0, aside)) {
+    error_ = GetLastError();
+    return;
+  }
+  aside_ = aside;
   const HANDLE opened =
       CreateFileA(aside_.Chars(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (opened == INVALID_HANDLE_VALUE) {

@@ -1,6 +1,7 @@
 #include "schedule/HfccDatabase.h"
 
 #include <cstring>
+#include <new>
 
 #include "schedule/CGZip.h"
 
@@ -71,8 +72,18 @@ void HfccDatabase::Clear() noexcept {
   for (ColumnTable* table : {&administrations_, &broadcasters_, &organisations_, &sites_, &schedule_}) table->Clear();
 }
 
+// An archive for which memory is too short is like one that cannot be opened.
 HfccLoad HfccDatabase::LoadHfcc(const TmyString& archivePath) {
   Clear();
+  try {
+    return LoadArchive(archivePath);
+  } catch (const std::bad_alloc&) {
+    Clear();
+    return HfccLoad::kNotOpened;
+  }
+}
+
+HfccLoad HfccDatabase::LoadArchive(const TmyString& archivePath) {
   {
     zlib::CGZip archive;
     if (!archive.Open(archivePath.Chars())) return HfccLoad::kNotOpened;

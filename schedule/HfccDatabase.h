@@ -54,6 +54,7 @@ class HfccDatabase {
   [[nodiscard]] const char* OrganisationName(const FccItem& item) const noexcept;
 
  private:
+  HfccLoad LoadArchive(const TmyString& archivePath);
   void LoadMembers(zlib::CGZip& archive, int32_t count, std::string_view season);
   void LoadMember(const char* name, std::string_view season, const char* data, uint32_t size);
   [[nodiscard]] bool IsComplete() const noexcept;

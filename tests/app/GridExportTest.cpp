@@ -63,13 +63,14 @@ TEST_F(GridExportTest, MarkedRowsAloneAreWrittenAndTheTitlesAlways) {
 }
 
 TEST_F(GridExportTest, AFailureLeavesWhatWasThereAndNothingElse) {
-  EXPECT_EQ(WriteCsv(grid_, (folder_.File("none\\out.csv")).c_str()), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
+  EXPECT_EQ(WriteCsv(grid_, (folder_.File("none\\out.csv")).c_str()), static_cast<DWORD>(ERROR_DIRECTORY));
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), "before"));
   SetFileAttributesA(path_.Chars(), FILE_ATTRIBUTE_READONLY);
   EXPECT_NE(WriteCsv(grid_, path_), static_cast<DWORD>(ERROR_SUCCESS));
   SetFileAttributesA(path_.Chars(), FILE_ATTRIBUTE_NORMAL);
   EXPECT_EQ(ReadFileBytes(path_.Chars()), "before");
-  EXPECT_EQ(GetFileAttributesA((path_ + ".part").Chars()), INVALID_FILE_ATTRIBUTES);
+  WIN32_FIND_DATAA entry;
+  EXPECT_EQ(FindFirstFileA(folder_.File("*.tmp").c_str(), &entry), INVALID_HANDLE_VALUE) << entry.cFileName;
 }
 
 }  // namespace

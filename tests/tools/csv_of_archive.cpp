@@ -1,5 +1,7 @@
-// Writes what the HFCC grid shows of an archive, as the export command does: csv-of-archive ARCHIVE.ZIP OUT.CSV
+// Writes what the HFCC grid shows of an archive, all fields, as the export command does: csv-of-archive ARCHIVE.ZIP
+// OUT.CSV
 #include <cstdio>
+#include <vector>
 
 #include "app/FccGrid.h"
 #include "app/GridExport.h"
@@ -12,6 +14,9 @@ int main(int argc, char** argv) {
     FccGrid grid(*window);
     const HfccLoad result = grid.Load(argv[1]);
     if (result != HfccLoad::kRead) std::fprintf(stderr, "%s\n", HfccLoadText(result));
+    std::vector<uint32_t> all;
+    for (const FccColumn& column : FccColumns()) all.push_back(static_cast<uint32_t>(column.field));
+    grid.SetFields(all.data(), static_cast<uint32_t>(all.size()));
     grid.Refresh(FilterRecord{}, {true, 0}, false);
     error = WriteCsv(grid, argv[2]);
     std::printf("%u rows\n", grid.ShownCount());

@@ -9,8 +9,13 @@ import tempfile
 import zipfile
 
 # Where the columns begin; a column ends where the next one begins.
-STARTS = [0, 6, 11, 16, 47, 52, 56, 64, 72, 80, 87, 94, 96, 102, 113, 117, 121, 125]
-TITLES = ["Freq", "Start", "Stop", "CIRAF zones", "Location", "From", "Language", "Admin", "Broadcaster", "FMO"]
+STARTS = [0, 6, 11, 16, 47, 52, 56, 64, 72, 80, 87, 94, 96, 102, 113, 117, 121, 125, 131, 133, 139, 145, 151, None]
+TITLES = ["Freq", "Start", "Stop", "CIRAF zones", "Location", "Power", "Azimuth", "Latitude", "Days", "From", "To", "Mode",
+          "Longitude", "Language", "Admin", "Broadcaster", "FMO", "Old", "Alt 1", "Alt 2", "Alt 3", "Notes"]
+DAYS = ["Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"]  # "1" to "7"
+MODES = {"D": "Double sideband AM", "N": "Digital (DRM)", "S": "Single sideband", "T": "Single sideband, reduced carrier"}
+REAL_ROWS = {"a26allx2.zip": 3305}
+FEWEST_ROWS = 300
 
 
 def lines_of(archive, member):
@@ -31,6 +36,8 @@ def expected_csv(path):
             "admin": names_of(archive, "admin.txt", 55),
             "broadcaster": names_of(archive, "broadcas.txt", None),
             "organisation": names_of(archive, "fmorg.txt", None),
+            "latitude": {line[0:4].strip(): line[39:45].strip() for line in lines_of(archive, "site.txt")},
+            "longitude": {line[0:4].strip(): line[45:].strip() for line in lines_of(archive, "site.txt")},
         }
         rows = [TITLES] + [row_of(line, tables) for line in lines_of(archive, schedule)]
     quoted = [",".join('"' + cell.replace('"', '""') + '"' for cell in row) + "\r\n" for row in rows]
@@ -49,8 +56,15 @@ def row_of(line, tables):
     def name(table, code):
         return tables[table].get(code) or code
 
-    return [cells[0], time(cells[1]), time(cells[2]), cells[3], name("site", cells[4]), date(cells[9]), cells[13],
-            name("admin", cells[14]), name("broadcaster", cells[15]), name("organisation", cells[16])]
+    def days(text):
+        named = {"1234567": "All days", "23456": "Workdays", "17": "Weekend"}
+        digits = "".join(sorted(set(text)))
+        return DAYS[int(digits) - 1] if len(digits) == 1 else named.get(digits, text)
+
+    return [cells[0], time(cells[1]), time(cells[2]), cells[3], name("site", cells[4]), cells[5], cells[6],
+            tables["latitude"].get(cells[4], ""), days(cells[8]), date(cells[9]), date(cells[10]),
+            MODES.get(cells[11][:1], cells[11]), tables["longitude"].get(cells[4], ""), cells[13],
+            name("admin", cells[14]), name("broadcaster", cells[15]), name("organisation", cells[16])] + cells[18:23]
 
 
 def main():
@@ -64,6 +78,9 @@ def main():
             written = file.read()
     expected = expected_csv(archive)
     print(os.path.basename(archive), done.stdout.decode().strip())
+    rows = expected.count(b"\r\n") - 1
+    if rows < FEWEST_ROWS or rows != REAL_ROWS.get(os.path.basename(archive), rows):
+        sys.exit(f"the archive has {rows} rows")
     if done.returncode != 0:
         sys.exit("the program failed")
     if written != expected:
