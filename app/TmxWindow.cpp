@@ -22,7 +22,6 @@ constexpr UINT_PTR kAutoTuningTimer = 2;
 constexpr UINT kAutoTuningMilliseconds = 400;  // a selection that moves by keyboard tunes when it rests this long
 constexpr int kFirstWidth = 800;
 constexpr int kFirstHeight = 600;
-constexpr WORD kIcon = 1;
 
 int32_t SecondsOfDay(const SYSTEMTIME& time) noexcept {
   return (time.wHour * 60 + time.wMinute) * 60 + time.wSecond;
@@ -49,8 +48,6 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
   SetDoubleBuffered(true);
   SetNewestInstance(this);
   exportFolder_ = DocumentsFolder();
-  const HICON icon = LoadIconA(TmyApplication::Get().Module(), MAKEINTRESOURCEA(kIcon));
-  SendMessageA(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
   menu_.AttachTo(Handle());
   BindCommands();
   isReady_ = true;

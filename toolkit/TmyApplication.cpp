@@ -13,6 +13,7 @@
 namespace {
 
 constexpr size_t kLogBufferSize = 160000;
+constexpr WORD kModuleIcon = 1;  // the first icon of the module's resources; none is no harm
 
 std::unique_ptr<TmyApplication> theApplication;  // one of the three process-wide things; see Get and Shutdown
 bool terminating = false;
@@ -93,6 +94,7 @@ void TmyApplication::RegisterWindowClass() {
   windowClass.hInstance = module_;
   windowClass.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
   windowClass.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
+  windowClass.hIcon = LoadIconA(module_, MAKEINTRESOURCEA(kModuleIcon));
   windowClass.lpszClassName = className_;
   atom_ = RegisterClassExA(&windowClass);
 }
