@@ -283,9 +283,12 @@ void TmxWindow::TuneFromMenu(TmyMenuItem&) {
   Tune(menuTarget_);
 }
 
-// A record without a readable frequency is nothing to tune to.
+// A record without a readable frequency is nothing to tune to. The host may run a loop of its own inside, a box say: a
+// click that tunes must not keep the mouse from it.
 void TmxWindow::Tune(const TuneTarget& target) {
-  if (static_cast<int32_t>(target.frequencyHz) > 0) link_.Tune(target.frequencyHz, target.mode);
+  if (static_cast<int32_t>(target.frequencyHz) <= 0) return;
+  ReleaseCapture();
+  link_.Tune(target.frequencyHz, target.mode);
 }
 
 void TmxWindow::TuneTo(uint32_t row) {

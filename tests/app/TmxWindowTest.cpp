@@ -18,6 +18,7 @@ std::vector<uint32_t> tuned;  // what the host was told, in Hz
 
 uint32_t __stdcall Host(uint32_t, uint32_t code, uint32_t a, uint32_t, uint32_t) {
   if (code == HostCode::kTuneFrequency) tuned.push_back(a);
+  EXPECT_EQ(GetCapture(), nullptr) << "the host could not be used with the mouse";
   return 0;
 }
 
@@ -215,8 +216,9 @@ TEST_F(TmxWindowTest, KeyboardMovesTuneOnceTheyRestAndClicksAtOnce) {
   EXPECT_TRUE(tuned.empty());
   SendMessageA(window_->Handle(), WM_TIMER, 2, 0);
   EXPECT_EQ(tuned, std::vector<uint32_t>{9420000});
-  Key(VK_SPACE);  // a click
+  SendMessageA(grid_->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, grid_->Layout().titleHeight + 5));
   EXPECT_EQ(tuned.size(), 2u);
+  SendMessageA(grid_->Handle(), WM_LBUTTONUP, 0, MAKELPARAM(20, 30));
   ClickBox("Auto-tuning");
   Key(VK_HOME);
   SendMessageA(window_->Handle(), WM_TIMER, 2, 0);
