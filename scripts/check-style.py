@@ -29,11 +29,13 @@ LAYERS = {
     "toolkit": ("foundation",),
     "schedule": ("foundation",),
     "plugin": ("foundation",),
-    "app": ("foundation", "toolkit", "schedule", "plugin"),
-    "plugin/Exports": ("foundation", "toolkit", "schedule", "plugin", "app"),
+    "scheduler": ("foundation", "toolkit", "schedule", "plugin"),
+    "download": ("foundation", "toolkit", "schedule"),
+    "app": ("foundation", "toolkit", "schedule", "plugin", "scheduler", "download"),
+    "plugin/Exports": ("foundation", "toolkit", "schedule", "plugin", "scheduler", "download", "app"),
     "host": (),
-    "bench": ("foundation", "toolkit", "schedule", "plugin", "app", "tests"),  # for what tests share
-    "fuzz": ("foundation", "schedule", "app"),
+    "bench": ("foundation", "toolkit", "schedule", "plugin", "scheduler", "download", "app", "tests"),  # for what tests share
+    "fuzz": ("foundation", "schedule", "scheduler", "download", "plugin", "app"),
 }
 # Tests see what they test, what that one sees, and what tests share.
 TEST_LAYERS = {name: (name, "tests") + below for name, below in LAYERS.items() if "/" not in name}

@@ -1,0 +1,40 @@
+// Marlux 3. Replaces a file as a whole or not at all: the new content is written beside it and swapped in when all of
+// it is on the disk. A full disk, a crash or a kill in between leaves the old file as it was.
+//
+//   SwapFile file(folder + "\\tasks.mxt");
+//   file.Write(&record, sizeof record);
+//   if (!file.Commit()) ...   // the old content is still there
+#pragma once
+
+#include <optional>
+
+#include "foundation/TmyFile.h"
+
+class SwapFile {
+ public:
+  static constexpr char kEnding[] = ".new";  // added to the name while the content grows
+
+  explicit SwapFile(const TmyString& name);
+  SwapFile(const SwapFile&) = delete;
+  SwapFile& operator=(const SwapFile&) = delete;
+  ~SwapFile();  // without Commit the new content is dropped
+
+  // Once one write failed all later ones do, and Commit, too.
+  bool Write(const void* data, uint32_t length);
+  // False when a write failed, when the disk did not take the content or when the file could not be replaced.
+  [[nodiscard]] bool Commit();
+
+ private:
+  void Drop();
+
+  class FlushedFile : public TmyFile {
+   public:
+    using TmyFile::TmyFile;
+    bool Flush() { return IsOpen() && FlushFileBuffers(Handle()); }
+  };
+
+  TmyString name_;
+  TmyString aside_;
+  std::optional<FlushedFile> file_;
+  bool whole_;
+};

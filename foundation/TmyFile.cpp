@@ -1,0 +1,73 @@
+#include "foundation/TmyFile.h"
+
+#include <winioctl.h>
+
+#include "foundation/Trace.h"
+
+namespace {
+constexpr std::string_view kRawDisk = "\\\\.\\PHYSICALDRIVE";
+}
+
+TmyFile::TmyFile(const TmyString& name, DWORD access, DWORD disposition, DWORD share, DWORD flags) : name_(name) {
+  Open(access, disposition, share, flags);
+}
+
+TmyFile::~TmyFile() {
+  Close();
+}
+
+bool TmyFile::Open(DWORD access, DWORD disposition, DWORD share, DWORD flags) {
+  Close();
+  constexpr DWORD kWriteRights = GENERIC_WRITE | GENERIC_ALL | FILE_WRITE_DATA | FILE_APPEND_DATA;
+  if (disposition == OPEN_ALWAYS && (access & kWriteRights) == 0) disposition = OPEN_EXISTING;
+  const HANDLE handle = CreateFileA(name_.Chars(), access, share, nullptr, disposition, flags, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    Trace::Line("File not opened, err=%d", static_cast<int>(GetLastError()));
+    return false;
+  }
+  handle_ = handle;
+  return true;
+}
+
+void TmyFile::Close() noexcept {
+  if (handle_) CloseHandle(handle_);
+  handle_ = nullptr;
+}
+
+bool TmyFile::IsRawDisk() const noexcept {
+  return name_.View().starts_with(kRawDisk);
+}
+
+uint64_t TmyFile::Size() const {
+  if (!handle_) return 0;
+  if (IsRawDisk()) {
+    GET_LENGTH_INFORMATION length = {};
+    DWORD got = 0;
+    const BOOL told =
+        DeviceIoControl(handle_, IOCTL_DISK_GET_LENGTH_INFO, nullptr, 0, &length, sizeof length, &got, nullptr);
+    return told ? static_cast<uint64_t>(length.Length.QuadPart) : 0;
+  }
+  LARGE_INTEGER size = {};
+  return GetFileSizeEx(handle_, &size) ? static_cast<uint64_t>(size.QuadPart) : 0;
+}
+
+uint64_t TmyFile::Position() const {
+  LARGE_INTEGER position = {};
+  if (!handle_ || !SetFilePointerEx(handle_, {}, &position, FILE_CURRENT)) return 0;
+  return static_cast<uint64_t>(position.QuadPart);
+}
+
+bool TmyFile::Write(const void* data, uint32_t length) {
+  DWORD written = 0;
+  return handle_ && WriteFile(handle_, data, length, &written, nullptr) && written == length;
+}
+
+bool TmyFile::Read(void* data, uint32_t length) {
+  DWORD got = 0;
+  return handle_ && ReadFile(handle_, data, length, &got, nullptr);
+}
+
+uint32_t TmyFile::ReadSome(void* data, uint32_t length) {
+  DWORD got = 0;
+  return handle_ && ReadFile(handle_, data, length, &got, nullptr) ? got : 0;
+}

@@ -1,0 +1,45 @@
+// Marlux 3. A plain file: opened once, read and written one piece after another, closed by its destruction.
+//
+//   TmyFile file(name, GENERIC_READ, OPEN_EXISTING);
+//   while (file.Position() < file.Size()) file.ReadSome(&record, sizeof record);
+//
+// A file that cannot be opened only leaves a line in the trace; every operation on it then fails, sizes are 0.
+#pragma once
+
+#include <windows.h>
+
+#include "foundation/TmyObject.h"
+#include "foundation/TmyString.h"
+
+class TmyFile : public TmyObject {
+ public:
+  static constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
+
+  // The arguments are those of CreateFileA. OPEN_ALWAYS without the right to write means OPEN_EXISTING: who only reads
+  // makes no files. A name that begins "\\.\PHYSICALDRIVE" opens a raw disk.
+  TmyFile(const TmyString& name, DWORD access, DWORD disposition, DWORD share = kShareAll,
+          DWORD flags = FILE_ATTRIBUTE_NORMAL);
+  ~TmyFile() override;
+
+  [[nodiscard]] virtual uint64_t Size() const;            // bytes; that of the device for a raw disk
+  [[nodiscard]] virtual uint64_t Position() const;        // bytes from the start
+  virtual bool Write(const void* data, uint32_t length);  // false when not all of it went out
+  virtual bool Read(void* data, uint32_t length);         // true also at the end of the file, with fewer bytes
+
+  // Returns how many bytes came: fewer at the end of the file, 0 behind it and on failure.
+  uint32_t ReadSome(void* data, uint32_t length);
+  [[nodiscard]] bool IsOpen() const noexcept { return handle_ != nullptr; }
+  [[nodiscard]] const TmyString& Name() const noexcept { return name_; }
+
+ protected:
+  [[nodiscard]] HANDLE Handle() const noexcept { return handle_; }  // null when not open
+  void Close() noexcept;
+  // Closes first. The error of a failure is in the trace only.
+  bool Open(DWORD access, DWORD disposition, DWORD share, DWORD flags);
+
+ private:
+  [[nodiscard]] bool IsRawDisk() const noexcept;
+
+  TmyString name_;
+  HANDLE handle_ = nullptr;
+};

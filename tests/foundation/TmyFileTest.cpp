@@ -1,0 +1,67 @@
+#include "foundation/TmyFile.h"
+
+#include <gtest/gtest.h>
+
+#include "foundation/SwapFile.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+TEST(TmyFileTest, WhoOnlyReadsMakesNoFileAndAnUnopenedOneFailsQuietly) {
+  const TemporaryFolder folder;
+  const std::string name = folder.File("a");
+  TmyFile absent(name.c_str(), GENERIC_READ, OPEN_ALWAYS);
+  char byte = 0;
+  EXPECT_FALSE(absent.IsOpen());
+  EXPECT_FALSE(absent.Read(&byte, 1));
+  EXPECT_FALSE(absent.Write(&byte, 1));
+  EXPECT_EQ(absent.Size(), 0U);
+  EXPECT_EQ(GetFileAttributesA(name.c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST(TmyFileTest, ReadsUpToTheEnd) {
+  const TemporaryFolder folder;
+  const std::string name = folder.File("a");
+  EXPECT_TRUE(TmyFile(name.c_str(), GENERIC_WRITE, OPEN_ALWAYS).Write("12345", 5));
+  TmyFile file(name.c_str(), GENERIC_READ, OPEN_EXISTING);
+  char bytes[4] = {};
+  EXPECT_EQ(file.Size(), 5U);
+  EXPECT_EQ(file.ReadSome(bytes, 4), 4U);
+  EXPECT_EQ(file.Position(), 4U);
+  EXPECT_EQ(file.ReadSome(bytes, 4), 1U);
+  EXPECT_EQ(std::string(bytes, 4), "5234");
+  EXPECT_EQ(file.ReadSome(bytes, 4), 0U);
+}
+
+TEST(SwapFileTest, ReplacesWholeOrNotAtAll) {
+  const TemporaryFolder folder;
+  const std::string name = folder.File("a");
+  ASSERT_TRUE(WriteFileBytes(name, "old"));
+  {
+    SwapFile dropped(name.c_str());
+    EXPECT_TRUE(dropped.Write("new", 3));
+    EXPECT_EQ(ReadFileBytes(name), "old");
+  }
+  EXPECT_EQ(ReadFileBytes(name), "old");
+  SwapFile kept(name.c_str());
+  EXPECT_TRUE(kept.Write("newer", 5));
+  EXPECT_TRUE(kept.Commit());
+  EXPECT_FALSE(kept.Write("x", 1));
+  EXPECT_EQ(ReadFileBytes(name), "newer");
+  EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST(SwapFileTest, AFileThatCannotBeReplacedStays) {
+  const TemporaryFolder folder;
+  const std::string name = folder.File("a");
+  ASSERT_TRUE(WriteFileBytes(name, "old"));
+  const HANDLE holder = CreateFileA(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  SwapFile file(name.c_str());
+  EXPECT_TRUE(file.Write("new", 3));
+  EXPECT_FALSE(file.Commit());
+  CloseHandle(holder);
+  EXPECT_EQ(ReadFileBytes(name), "old");
+  EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+}  // namespace
