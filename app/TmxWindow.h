@@ -43,6 +43,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void LoadDatabases();
   void ListArchives(const ScheduleFiles& files);
   void ShowTexts();
+  [[nodiscard]] int PanelHeight(int width, int shared) const;
   void TellOfProblem();
   [[nodiscard]] ScheduleGrid& Shown() noexcept;  // the grid of the database chosen
   [[nodiscard]] ShownZone Zone() const;
