@@ -1,5 +1,7 @@
 #include "toolkit/TmyUpDown.h"
 
+#include <windowsx.h>
+
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -106,7 +108,13 @@ void TmyUpDown::SetHot(Half half) {
   Repaint();
 }
 
+// A click does not take the focus to the parent first: the field would be left, and committed, at each one.
 LRESULT TmyUpDown::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_MOUSELEAVE) SetHot(Half::kNone);
+  if (message == WM_LBUTTONDOWN && IsAlive()) {
+    SetCapture(Handle());
+    MouseDown(static_cast<uint32_t>(wParam), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+    return 0;
+  }
   return TmyPanel::WndProc(message, wParam, lParam);
 }
