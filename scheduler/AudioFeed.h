@@ -11,12 +11,12 @@
 
 #include "scheduler/AudioBlock.h"
 #include "scheduler/TmyMediaPlayer.h"
+#include "scheduler/TmyWaveFilePCM.h"
 
 class AudioFeed {
  public:
-  static constexpr uint64_t kLargestData = 0xFFFFFFFFull - 48;  // bytes; a file's header tells sizes in 32 bits
-
-  explicit AudioFeed(TmyMediaPlayer& recorder, uint64_t largestData = kLargestData) noexcept
+  // A file's data stays within `largestData` bytes.
+  explicit AudioFeed(TmyMediaPlayer& recorder, uint64_t largestData = TmyWaveFilePCM::kLargestData) noexcept
       : recorder_(recorder), largestData_(largestData) {}
 
   TmyEvent<const TmyString&> fileFull;  // the recording goes on in this file
