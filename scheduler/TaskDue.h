@@ -12,9 +12,9 @@
 #include "scheduler/TmxTask.h"
 
 struct TaskMoment {
-  uint64_t day;      // whole days since the start of 1601
-  uint32_t seconds;  // of the day
-  uint32_t weekday;  // 0 is Sunday
+  uint64_t midnight;  // when the day began, as TaskDate counts
+  uint32_t seconds;   // of the day
+  uint32_t weekday;   // 0 is Sunday
 };
 
 [[nodiscard]] TaskMoment MomentOf(TaskDate utc) noexcept;
