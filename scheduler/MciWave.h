@@ -5,12 +5,14 @@
 //   if (device.Open("C:\\x.wav")) device.Play();
 //   ... device.Position() ...      // until it is device.Length()
 //
-// Functions that return false failed; the device stays open then, as it was.
+// Functions that return false or nothing failed; the device stays open then, as it was.
 #pragma once
 
 #include <windows.h>
 
 #include <mmsystem.h>
+
+#include <optional>
 
 #include "foundation/TmyString.h"
 
@@ -30,12 +32,12 @@ class MciWave {
   bool Resume() noexcept;
   void Stop() noexcept;
   bool Seek(uint32_t position) noexcept;
-  [[nodiscard]] uint32_t Position() const noexcept;
-  [[nodiscard]] uint32_t Length() const noexcept;
+  [[nodiscard]] std::optional<uint32_t> Position() const noexcept;
+  [[nodiscard]] std::optional<uint32_t> Length() const noexcept;
 
  private:
-  [[nodiscard]] bool Send(UINT command, DWORD_PTR flags, void* parameters = nullptr) const noexcept;
-  [[nodiscard]] uint32_t Status(DWORD item) const noexcept;
+  bool Send(UINT command, DWORD_PTR flags, void* parameters = nullptr) const noexcept;
+  [[nodiscard]] std::optional<uint32_t> Status(DWORD item) const noexcept;
 
   MCIDEVICEID id_ = 0;  // 0: none
 };

@@ -47,7 +47,7 @@ class TmyFileDirect : public TmyFile {
     void operator()(uint8_t* pages) const noexcept { VirtualFree(pages, 0, MEM_RELEASE); }
   };
   using Pages = std::unique_ptr<uint8_t[], PageDeleter>;
-  [[nodiscard]] static Pages MakePages(uint64_t bytes) noexcept;  // null when there is no memory
+  [[nodiscard]] static Pages MakePages(uint32_t bytes) noexcept;  // null when there is no memory
 
   // Refuses what is longer than tail and staging buffer take together, and everything while a transfer is under way.
   virtual Appended Append(uint32_t length, const void* data);
@@ -62,20 +62,18 @@ class TmyFileDirect : public TmyFile {
   bool CloseDirect();
 
   [[nodiscard]] uint64_t AlignedBase() const noexcept { return base_; }  // bytes in whole blocks, all on the disk
-  [[nodiscard]] bool IsTransferring() const noexcept { return transferring_; }
   [[nodiscard]] uint8_t* Staging() noexcept { return memory_.get() + blockSize_; }  // at least 2 blocks
 
  private:
-  enum class Direction { kRead, kWrite };
-
   bool Prepare(uint32_t bufferSize);
   bool ReadTail(uint32_t length);
   bool WriteTail();
   bool AppendPiece(const void* data, uint32_t length);
   uint32_t ReadPiece(uint8_t* data, uint32_t length);
-  bool BeginTransfer(uint64_t offset, const void* buffer, uint32_t length, Direction direction);
+  bool BeginTransfer(uint64_t offset, const void* buffer, uint32_t length);
   [[nodiscard]] bool IsAligned(uint64_t offset, const void* buffer, uint32_t length) const noexcept;
-  int32_t CountWritten(uint32_t bytes);
+  bool TransferStarted(bool started) noexcept;
+  int32_t CountWritten(uint32_t bytes, uint32_t staged);
   [[nodiscard]] uint64_t LogicalEnd() const noexcept { return base_ + tailUsed_; }
   [[nodiscard]] uint8_t* Tail() noexcept { return memory_.get(); }
 
@@ -85,15 +83,14 @@ class TmyFileDirect : public TmyFile {
 
   uint32_t blockSize_ = 0;
   uint32_t stagingCapacity_ = 0;
-  uint32_t tailUsed_ = 0;      // always less than a block
-  uint32_t appended_ = 0;      // bytes that the write under way takes from the staging buffer
-  uint32_t appendedTail_ = 0;  // bytes behind them, the tail of the time when all went well
-  uint64_t base_ = 0;          // offset of the tail's first byte, a multiple of the block
+  uint32_t tailUsed_ = 0;    // always less than a block
+  uint32_t staged_ = 0;      // bytes that the write under way takes from the staging buffer, 0 for other transfers
+  uint32_t stagedTail_ = 0;  // bytes behind them, which become the tail when all goes well
+  uint64_t base_ = 0;        // offset of the tail's first byte, a multiple of the block
   uint64_t readAt_ = 0;
   Pages memory_;  // the tail, one block, and behind it the staging buffer
   std::unique_ptr<void, HandleCloser> event_;
   OVERLAPPED overlapped_ = {};
-  Direction direction_ = Direction::kRead;
   bool transferring_ = false;
   bool writtenTo_ = false;
   bool hangs_ = false;  // a transfer had to be cancelled

@@ -83,8 +83,15 @@ class TmyMediaPlayer : public TmyPanel {
   void ShowPlayback(int64_t position);
   void ShowTime(int64_t first, int64_t second);  // milliseconds; a negative second one is not shown
   void UpdateButtons();
+  [[nodiscard]] bool Does(Button button) const;  // whether pressing it does anything now
   void SetFile(const TmyString& fileName);
   void MoveFocus(int direction);
+  void KeepFocus();
+  void RepaintDot();
+  [[nodiscard]] RECT DotArea() const;
+  [[nodiscard]] int ButtonsWidth() const;  // pixels
+  [[nodiscard]] int TimeWidth() const;
+  [[nodiscard]] bool IsOneRow(int width) const;
   [[nodiscard]] bool IsRecordingState() const noexcept { return state_ == kRecording || state_ == kRecordingPaused; }
 
   std::array<Tmy_Btn2, kButtonCount> buttons_;
@@ -94,7 +101,7 @@ class TmyMediaPlayer : public TmyPanel {
   std::unique_ptr<TmyWaveFilePCM> file_;
   TmyString fileName_;
   State state_ = kIdle;
-  int64_t shownFirst_ = 0;  // seconds that the label shows; -1: none
-  int64_t shownSecond_ = 0;
-  bool choosing_ = false;  // the open dialog is up
+  int64_t shownFirst_ = 0;   // seconds that the label shows
+  int64_t shownSecond_ = 0;  // negative: not shown
+  bool choosing_ = false;    // the open dialog is up
 };

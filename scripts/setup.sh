@@ -12,8 +12,9 @@ PACKAGES=(
   googletest python3 xz-utils clang-format clang-tidy
   xvfb xdotool openbox imagemagick fonts-open-sans x11-utils
 )
-# Both architectures of Wine must come out of one release, or their shared libraries differ in version.
-WINE_PACKAGES=(wine wine32:i386)
+# Both architectures of Wine must come out of one release, or their shared libraries differ in version; pulseaudio, which
+# the tests play sound to, shares some of them.
+WINE_PACKAGES=(wine wine32:i386 pulseaudio)
 
 # minizip: the distribution's source package, compiled here with the cross compiler.
 MINIZIP_FILE=minizip_1.1.orig.tar.xz
