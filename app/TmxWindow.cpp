@@ -44,13 +44,15 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       eibi_(std::make_unique<EibiGrid>(*this)),
       hfcc_(std::make_unique<FccGrid>(*this)),
       status_(new StatusBar(*this)),
-      recorder_(*this, link_, *status_, utc_) {
+      recorder_(*this, link_, *status_, utc_),
+      scheduler_(recorder_.Session()) {
   if (!IsAlive()) return;
   SetDoubleBuffered(true);
   SetNewestInstance(this);
   exportFolder_ = DocumentsFolder();
   menu_.AttachTo(Handle());
   BindCommands();
+  scheduler_.LoadTasks();
   isReady_ = true;
   Shown().Control().Show(true);
   LoadDatabases();
@@ -119,6 +121,7 @@ void TmxWindow::Destroying() {
   EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
+  if (isReady_) scheduler_.SaveTasks();
   recorder_.End();
   Instances().Remove(*this);
   link_.TellClosed();
@@ -187,7 +190,10 @@ void TmxWindow::TellOfProblem() {
   if (problem != HfccLoad::kRead) RunBox(*new TmyMsgBox(this, kProductCaption, HfccLoadText(problem), {"OK"}));
 }
 
+// Scheduled recordings come first, whichever timer it is.
 void TmxWindow::Timer(uintptr_t id) {
+  scheduler_.Tick();
+  if (!IsAlive()) return;
   if (id == kTickTimer) {
     if (panel_->FollowsClock() && !IsClicking()) Refresh(true);
   } else if (id == kAutoTuningTimer) {

@@ -13,6 +13,7 @@
 #include "app/HelpLibrary.h"
 #include "app/MainMenu.h"
 #include "app/MainRecorder.h"
+#include "app/MainScheduler.h"
 #include "app/ScheduleFiles.h"
 #include "app/StatusBar.h"
 #include "plugin/HostInfo.h"
@@ -87,6 +88,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   std::unique_ptr<FccGrid> hfcc_;
   StatusBar* status_;
   MainRecorder recorder_;
+  MainScheduler scheduler_;
   TmyMsgBox* about_ = nullptr;          // while it is shown
   TuneTarget menuTarget_ = {};          // what the context menu was opened for, and the one record of the two
   const EibiItem* menuEibi_ = nullptr;  // its database owns it; reset when it is loaded anew

@@ -40,15 +40,6 @@ TEST_F(TaskFileTest, RoundTripsEveryByte) {
     ASSERT_TRUE(Save());
     EXPECT_EQ(ReadFileBytes(path_.Chars()), bytes);
   }
-  EXPECT_EQ(*tasks_.Get(0), (TmxTask{0x0807060504030201,
-                                     0x0C0B0A09,
-                                     0x100F0E0D,
-                                     {0x14131211, 0x18171615},
-                                     {0x1C1B1A19, 0x201F1E1D},
-                                     0x24232221,
-                                     0x28272625,
-                                     0x2C2B2A29,
-                                     0x302F2E2D}));
 }
 
 TEST_F(TaskFileTest, CompletesAShortRecord) {
