@@ -105,7 +105,7 @@ SIZE TmxSchedulerWindow::LeastSize() const {
     buttons += button->PreferredWidth() + Theme().Step();
   }
   const GridGeometry::Layout& grid = grid_->Layout();
-  const int rows = grid.titleHeight + static_cast<int>(kLeastRows) * grid.rowHeight;
+  const int rows = grid.titleHeight + static_cast<int>(kLeastRows) * grid.rowHeight + TmyScrollBar::Thickness();
   return {std::max({kLeastWidth, grid_->ColumnsRight() + besideColumns,
                     buttons + 2 * Theme().Step() + static_cast<int>(frame.cx)}),
           std::max(kLeastHeight, rows + StripHeight() + static_cast<int>(frame.cy))};
