@@ -45,13 +45,17 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       eibi_(std::make_unique<EibiGrid>(*this)),
       hfcc_(std::make_unique<FccGrid>(*this)),
       status_(new StatusBar(*this)),
-      recorder_(*this, link_, *status_, utc_) {
+      recorder_(*this, link_, *status_, utc_),
+      scheduler_(recorder_.Session()),
+      desk_(*this, scheduler_, link_, hostInfo_, utc_) {
   if (!IsAlive()) return;
   SetDoubleBuffered(true);
   SetNewestInstance(this);
   exportFolder_ = DocumentsFolder();
   menu_.AttachTo(Handle());
   BindCommands();
+  scheduler_.LoadTasks();
+  desk_.TasksLoaded();
   isReady_ = true;
   Shown().Control().Show(true);
   LoadDatabases();
@@ -67,6 +71,9 @@ void TmxWindow::BindCommands() {
   menu_.about.chosen.Bind<&TmxWindow::ShowAbout>(this);
   gridMenu_.tune.chosen.Bind<&TmxWindow::TuneFromMenu>(this);
   gridMenu_.record.chosen.Bind<&TmxWindow::RecordFromMenu>(this);
+  gridMenu_.schedule.chosen.Bind<&TmxWindow::ScheduleFromMenu>(this);
+  menu_.viewScheduler.chosen.Bind<&TmxWindow::ViewScheduler>(this);
+  menu_.newTask.chosen.Bind<&TmxWindow::NewTask>(this);
   menu_.exportItems.chosen.Bind<&TmxWindow::ExportCsv>(this);
   menu_.hfccSettings.chosen.Bind<&TmxWindow::ChooseColumns>(this);
   gridMenu_.showDetails.chosen.Bind<&TmxWindow::ShowDetails>(this);
@@ -120,6 +127,7 @@ void TmxWindow::Destroying() {
   EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
+  if (isReady_) scheduler_.SaveTasks();
   recorder_.End();
   Instances().Remove(*this);
   link_.TellClosed();
@@ -188,7 +196,11 @@ void TmxWindow::TellOfProblem() {
   if (problem != HfccLoad::kRead) RunBox(*new TmyMsgBox(this, kProductCaption, HfccLoadText(problem), {"OK"}));
 }
 
+// Scheduled recordings come first, whichever timer it is.
 void TmxWindow::Timer(uintptr_t id) {
+  scheduler_.Tick();
+  if (!IsAlive()) return;
+  desk_.Ticked();
   if (id == kTickTimer) {
     if (panel_->FollowsClock() && !IsClicking()) Refresh(true);
   } else if (id == kAutoTuningTimer) {
@@ -302,6 +314,16 @@ void TmxWindow::RecordFromMenu(TmyMenuItem&) {
   recorder_.RecordStation(menuTarget_);
 }
 
+void TmxWindow::ScheduleFromMenu(TmyMenuItem&) {
+  desk_.Schedule(menuTarget_);
+}
+void TmxWindow::ViewScheduler(TmyMenuItem&) {
+  desk_.View();
+}
+void TmxWindow::NewTask(TmyMenuItem&) {
+  desk_.NewTask();
+}
+
 void TmxWindow::TuneTo(uint32_t row) {
   if (Shown().ShowsRecord(row)) recorder_.TuneStation(Shown().TargetOf(row));
 }
@@ -343,6 +365,7 @@ void TmxWindow::Exit(TmyMenuItem&) {
 void TmxWindow::ToggleUtc(TmyMenuItem& item) {
   utc_ = !utc_;
   item.Check(utc_);
+  desk_.ZoneChanged();
   Refresh(false);
 }
 
