@@ -50,8 +50,9 @@ class HttpResponse {
   uint32_t Body(std::string_view waiting);
   uint32_t Fail() noexcept;
   void ReadField(const TmyString& line);
-  void ReadChunkSize(std::string_view line);
-  [[nodiscard]] bool Expect(uint64_t size) noexcept;
+  template <class Ends>
+  size_t FindEnd(std::string_view waiting, size_t first, Ends ends) noexcept;
+  [[nodiscard]] uint32_t Room() const noexcept;  // bytes that the body may still grow by
 
   TmyBuffer& body_;
   TmyStringList headerLines_{1024, 0x40000};

@@ -58,6 +58,7 @@ class TmyHttpSocket : public TmyClientSocket {
   void Complete();
 
   uint32_t timeout_;
+  bool isTimed_ = false;  // the timer runs
   TmyString host_;
   TmyString path_;
   TmyStream body_{4096, kBodyLimit};
