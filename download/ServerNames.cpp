@@ -11,3 +11,7 @@ const char* ServerNames::HfccHost() noexcept {
 uint16_t ServerNames::Port() noexcept {
   return 80;
 }
+
+uint32_t ServerNames::TimeOut() noexcept {
+  return 30000;
+}

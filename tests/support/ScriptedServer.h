@@ -40,7 +40,7 @@ class ScriptedServer {
  private:
   void Listen();
   void Serve(SOCKET client);
-  [[nodiscard]] bool IsReadable(SOCKET socket) const;  // false: the server ends
+  [[nodiscard]] bool IsReady(SOCKET socket, bool toWrite = false) const;  // false: the server ends
   bool Send(SOCKET client, const Reply& reply) const;
 
   WSADATA winsock_;
