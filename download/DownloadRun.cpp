@@ -37,7 +37,7 @@ DownloadRun::DownloadRun(DownloadDesk& desk, const TmyString& folder)
 
 void DownloadRun::Start() {
   site_ = DownloadSite::kEibi;
-  hasEibi_ = reachedHfcc_ = isConnected_ = false;
+  hasEibi_ = reachedHfcc_ = false;
   desk_.ShowWorking(true);
   Say("Retrieving the EiBi web page...", "");
   desk_.Request(site_, TmyString(kEibiFolder) + kEibiFile);
@@ -54,7 +54,7 @@ void DownloadRun::StartHfcc() {
 }
 
 void DownloadRun::RequestHfcc(const TmyString& path) {
-  reachedHfcc_ = isConnected_ = false;
+  reachedHfcc_ = false;
   Say(pendingFiles_.Count() == 0 ? TmyString("Retrieving the HFCC web page...")
                                  : "Downloading HFCC " + CountOf(downloadedFiles_.Count() + 1,
                                                                  downloadedFiles_.Count() + pendingFiles_.Count()),
@@ -67,8 +67,6 @@ void DownloadRun::RequestFirstPending() {
 }
 
 void DownloadRun::Connected() {
-  isConnected_ = true;
-  desk_.ShowProgress(0, 0);
   if (site_ == DownloadSite::kEibi) {
     Say("Downloading EiBi database...", "Waiting for EiBi data...");
   } else {
@@ -79,8 +77,8 @@ void DownloadRun::Connected() {
 // In chunks only the rest of the current one is known: the text tells it, the bar does not trust it.
 void DownloadRun::Progress(uint32_t received, uint32_t stillExpected, bool isWholeKnown) {
   const TmyString name = site_ == DownloadSite::kEibi ? "Downloaded EiBi " : "Downloaded HFCC ";
-  desk_.ShowProgress(received, isWholeKnown ? received + stillExpected : 0);
-  SayBelow(name + CountOf(received, received + stillExpected));
+  const uint32_t expected = received + stillExpected;
+  desk_.ShowProgress(received, isWholeKnown ? expected : 0, name + CountOf(received, expected));
 }
 
 void DownloadRun::Finished(const DownloadedDocument& document) {
@@ -101,7 +99,7 @@ void DownloadRun::EibiFinished(const DownloadedDocument& document) {
 
 void DownloadRun::IndexFinished(const DownloadedDocument& document) {
   const std::string_view page(reinterpret_cast<const char*>(document.body), document.length);
-  if (!IndexPage::ListNewArchives(page, knownFiles_, pendingFiles_)) {
+  if (!IndexPage::FindArchives(page, knownFiles_, pendingFiles_)) {
     SayBelow("Incorrect HFCC web page format!");
     End();
   } else if (pendingFiles_.Count() > 0) {
@@ -136,15 +134,14 @@ void DownloadRun::TimedOut() {
   if (wasEibi) StartHfcc();
 }
 
-// The end of a connection says nothing of an HFCC document: it was finished before, or its time-out tells. One that was
-// never made has no time-out any more.
+// What is whole was told before, and another request took its place: an HFCC document that ends here never comes.
 void DownloadRun::Closed() {
-  if (site_ == DownloadSite::kEibi) {
-    Say("", hasEibi_ ? "EiBi database download successful." : "EiBi database download failed.");
-    StartHfcc();
-  } else if (!isConnected_) {
+  if (site_ == DownloadSite::kHfcc) {
     TimedOut();
+    return;
   }
+  Say("", hasEibi_ ? "EiBi database download successful." : "EiBi database download failed.");
+  StartHfcc();
 }
 
 bool DownloadRun::Save(const TmyString& name, const DownloadedDocument& document) const {
@@ -163,14 +160,15 @@ bool DownloadRun::KeepFormerEibi(const DownloadedDocument& document) const {
 void DownloadRun::ShowSummary() {
   const uint32_t count = downloadedFiles_.Count();
   const TmyString eibi = hasEibi_ ? "EiBi database file downloaded. " : "No EiBi database file downloaded. ";
-  const TmyString hfcc =
-      count == 0 ? TmyString("No HFCC database file")
-                 : TmyString::FromDecimal(count) + " HFCC database " + (count == 1 ? "file" : "files");
+  const TmyString hfcc = count == 0
+                             ? TmyString("No HFCC database file")
+                             : TmyString::FromDecimal(count) + " HFCC database " + (count == 1 ? "file" : "files");
   const char* const missing = hasEibi_ ? "HFCC" : reachedHfcc_ ? "EiBi" : "any";
   const bool isAllThere = hasEibi_ && reachedHfcc_;
-  Say(eibi + hfcc + " downloaded.", isAllThere ? TmyString()
-                                               : TmyString("Unable to connect to ") + missing +
-                                                     " web page.\r\nPlease check your Internet connection and try again.");
+  Say(eibi + hfcc + " downloaded.", isAllThere
+                                        ? TmyString()
+                                        : TmyString("Unable to connect to ") + missing +
+                                              " web page.\r\nPlease check your Internet connection and try again.");
 }
 
 void DownloadRun::End() {

@@ -21,13 +21,12 @@ class DownloadDesk {
   DownloadDesk& operator=(const DownloadDesk&) = delete;
 
   virtual void ShowStatus(const TmyString& line1, const TmyString& line2) = 0;
-  // Bytes; an expected count of 0 is unknown.
-  virtual void ShowProgress(uint32_t received, uint32_t expected) = 0;
+  // Of the document, in bytes; an expected count of 0 is unknown. Only the lower line changes.
+  virtual void ShowProgress(uint32_t received, uint32_t expected, const TmyString& line2) = 0;
   virtual void ShowWorking(bool working) = 0;  // false: the run has ended, or it seemed so
   // In place of the one before, of which nothing is heard any more.
   virtual void Request(DownloadSite site, const TmyString& path) = 0;
   virtual void DropRequest() = 0;
-  virtual void ExpectTimeOut() = 0;  // the request is dead, its time-out comes all the same
 
  protected:
   ~DownloadDesk() = default;
@@ -64,7 +63,7 @@ class DownloadRun {
   void ArchiveFinished(const DownloadedDocument& document);
   void ListKnownFiles();
   [[nodiscard]] bool Save(const TmyString& name, const DownloadedDocument& document) const;
-  void KeepFormerEibi(const DownloadedDocument& document) const;
+  [[nodiscard]] bool KeepFormerEibi(const DownloadedDocument& document) const;
   void ShowSummary();
   void End();
   void Say(const TmyString& line1, const TmyString& line2);
@@ -79,5 +78,4 @@ class DownloadRun {
   TmyStringList knownFiles_;       // base names of the files that the folder had
   bool hasEibi_ = false;
   bool reachedHfcc_ = false;
-  bool isConnected_ = false;  // the last request was
 };

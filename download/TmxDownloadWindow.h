@@ -42,23 +42,23 @@ class TmxDownloadWindow : public TmyComponent, private DownloadDesk {
 
  private:
   void ShowStatus(const TmyString& line1, const TmyString& line2) override;
-  void ShowProgress(uint32_t received, uint32_t expected) override;
+  void ShowProgress(uint32_t received, uint32_t expected, const TmyString& line2) override;
   void ShowWorking(bool working) override;
   void Request(DownloadSite site, const TmyString& path) override;
   void DropRequest() override;
 
   // From the sockets
-  void Connected(TmySocket& socket);
-  void Progress(TmySocket& socket);
-  void Finished(TmySocket& socket);
-  void TimedOut(TmySocket& socket);
+  void Connected(TmyHttpSocket& socket);
+  void Progress(TmyHttpSocket& socket);
+  void Finished(TmyHttpSocket& socket);
+  void TimedOut(TmyHttpSocket& socket);
   void Closed(TmySocket& socket, int error);
 
+  void PaintNow();
   void PlaceOver(const TmyComponent& owner);
   void TakeIconOf(const TmyComponent& owner);
   void ButtonClicked(Tmy_Btn& button);
 
-  TmyComponent& owner_;
   Tmy_Label line1_;
   Tmy_Label line2_;
   ProgressBar* bar_;  // belongs to its window
