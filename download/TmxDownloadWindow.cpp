@@ -14,7 +14,6 @@ constexpr DWORD kExtendedStyle = WS_EX_WINDOWEDGE | WS_EX_NOPARENTNOTIFY;
 static_assert(kStyle == 0x86C80000 && kExtendedStyle == 0x104);
 constexpr int kWidth = 400;  // pixels, frame included
 constexpr int kHeight = 100;
-constexpr uint32_t kTimeOut = 30000;     // ms without data
 constexpr int kButtonPressed = 1;        // what ShowModal returns
 constexpr uint32_t kPaintInterval = 50;  // ms
 
@@ -170,7 +169,7 @@ void TmxDownloadWindow::ShowWorking(bool working) {
 
 void TmxDownloadWindow::Request(DownloadSite site, const TmyString& path) {
   bar_->SetRange(0);
-  request_ = std::make_unique<TmyHttpSocket>(kTimeOut);
+  request_ = std::make_unique<TmyHttpSocket>(ServerNames::TimeOut());
   request_->connected.Bind<&TmxDownloadWindow::Connected>(this);
   request_->progress.Bind<&TmxDownloadWindow::Progress>(this);
   request_->finished.Bind<&TmxDownloadWindow::Finished>(this);
