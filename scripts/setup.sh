@@ -14,8 +14,9 @@ PACKAGES=(
 )
 # The web server of the download tests. A program of ours starts it, never the system: see install_web_server.
 WEB_SERVER=(nginx-light curl)
-# Both architectures of Wine must come out of one release, or their shared libraries differ in version.
-WINE_PACKAGES=(wine wine32:i386)
+# Both architectures of Wine must come out of one release, or their shared libraries differ in version; pulseaudio, which
+# the tests play sound to, shares some of them.
+WINE_PACKAGES=(wine wine32:i386 pulseaudio)
 
 # minizip: the distribution's source package, compiled here with the cross compiler.
 MINIZIP_FILE=minizip_1.1.orig.tar.xz

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs a command on a screen of its own: Xvfb with a window manager, both ended afterwards.
+# Runs a command on a screen of its own, Xvfb with a window manager, and with a sound card that is none: a pulseaudio
+# server that plays into nothing, in real time. All are ended afterwards.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
@@ -9,6 +10,15 @@ screen=${MARLUX_SCREEN:-1280x900x24}
 work=$(mktemp -d)
 Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
 server=$!
+# The options keep it off everything of the user's: no configuration files, no pid file, its socket in our folder.
+mkdir -p "$work/sound"
+HOME=$work XDG_CONFIG_HOME=$work XDG_RUNTIME_DIR=$work PULSE_RUNTIME_PATH=$work/sound PULSE_STATE_PATH=$work/sound \
+  pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 --disable-shm=yes --realtime=no \
+  --high-priority=no --log-target=stderr \
+  -L "module-native-protocol-unix socket=$work/sound/native auth-anonymous=1" \
+  -L "module-null-sink sink_name=nowhere" </dev/null >"$work/sound.log" 2>&1 &
+sound=$!
+export PULSE_SERVER=unix:$work/sound/native PULSE_COOKIE=$work/sound/cookie
 manager=
 keeper=
 # The desktop of Wine's prefix hangs on this screen: it must not outlive it.
@@ -20,7 +30,7 @@ end() {
   end_wine
   [ -z "$keeper" ] || pkill -P "$keeper" 2>/dev/null || true
   [ -z "$manager" ] || kill "$manager" 2>/dev/null || true
-  kill "$server" 2>/dev/null || true
+  kill "$server" "$sound" 2>/dev/null || true
   rm -rf "$work"
 }
 trap end EXIT
@@ -32,6 +42,12 @@ done
 [ -s "$work/display" ] || { echo "error: Xvfb did not start" >&2; exit 1; }
 DISPLAY=:$(cat "$work/display")
 export DISPLAY
+for _ in $(seq 100); do
+  [ -S "$work/sound/native" ] || ! kill -0 "$sound" 2>/dev/null && break
+  sleep 0.1
+done
+[ -S "$work/sound/native" ] && kill -0 "$sound" 2>/dev/null ||
+  { echo "error: pulseaudio did not start:" >&2; cat "$work/sound.log" >&2; exit 1; }
 # A configuration of its own kind is not needed, but its cache must not land in the user's home.
 XDG_CACHE_HOME=$work XDG_CONFIG_HOME=$work openbox --sm-disable >/dev/null 2>&1 &
 manager=$!

@@ -1,0 +1,38 @@
+#include "scheduler/AudioBlock.h"
+
+#include <algorithm>
+#include <cstring>
+
+AudioBlock::AudioBlock(const void* hostBlock) noexcept {
+  if (!hostBlock) return;
+  std::memcpy(&header_, hostBlock, sizeof header_);  // it may lie at any address
+  samples_ = static_cast<const uint8_t*>(hostBlock) + sizeof header_;
+}
+
+uint64_t AudioBlock::Bytes() const noexcept {
+  const uint64_t values = uint64_t{header_.channels} * header_.count;
+  return std::min(values, kMostBytes) * 2;
+}
+
+bool AudioBlock::IsUsable() const noexcept {
+  return samples_ != nullptr && header_.sampleRate != 0 && Channels() != 0 && Bytes() <= kMostBytes;
+}
+
+void AudioBlock::ConvertFloats(std::span<uint8_t> to) const noexcept {
+  const uint8_t* from = samples_;
+  uint8_t* at = to.data();
+  for (uint32_t i = 0; i < header_.count; ++i, from += sizeof(float), at += sizeof(int16_t)) {
+    float value;
+    std::memcpy(&value, from, sizeof value);
+    const int16_t sample = SampleOfFloat(value);
+    std::memcpy(at, &sample, sizeof sample);
+  }
+  std::fill(at, to.data() + to.size(), uint8_t{0});
+}
+
+int16_t SampleOfFloat(float value) noexcept {
+  constexpr double kPastHighest = 2147483648.0;
+  const double scaled = static_cast<double>(value) * 32767.0;
+  const bool fits = scaled > -kPastHighest - 1 && scaled < kPastHighest;  // not for a NaN
+  return fits ? static_cast<int16_t>(static_cast<int32_t>(scaled)) : int16_t{0};
+}

@@ -1,0 +1,40 @@
+// Marlux 3. The recording that the plug-in started itself, for a task or from the grid: names its file, tunes the
+// receiver, starts the media panel, and knows when it is over. The panel's own record button is served, too, but makes
+// no session: IsRecording stays false.
+//
+//   session.Start("rec", 9420000, 1, nullptr);    // "...\Recordings\rec_9420000_20260301_140509.wav"
+//   session.FrequencyChanged();                   // by the host: the recording is over
+//
+// Nothing is said when the file cannot be made.
+#pragma once
+
+#include "scheduler/RecordingOwner.h"
+#include "scheduler/TmyMediaPlayer.h"
+
+struct TmxTask;
+
+class RecordingSession {
+ public:
+  static constexpr char kTask[] = "task";
+  static constexpr char kFromGrid[] = "rec";
+
+  explicit RecordingSession(RecordingOwner& owner) noexcept : owner_(owner) {}
+
+  // The prefix begins the file's name. `task` is null for a recording from the grid, before which the one of a task
+  // ends. The host runs inside: false when it closed the plug-in there.
+  bool Start(const char* prefix, uint64_t frequencyHz, uint32_t mode, TmxTask* task);
+  void Stop();              // finishes the file of whatever the panel records; the task itself stays as it is
+  void FrequencyChanged();  // told by the host
+  void MediaStateChanged(int32_t state);
+  // For the panel's record button.
+  [[nodiscard]] RecordingParameters ButtonParameters();
+
+  [[nodiscard]] bool IsRecording() const noexcept { return isRecording_; }
+  // May still be set when the user has stopped the recording by hand: then it is not started again.
+  [[nodiscard]] TmxTask* CurrentTask() const noexcept { return task_; }
+
+ private:
+  RecordingOwner& owner_;
+  TmxTask* task_ = nullptr;  // the task list's; only compared with its entries, it may have been deleted
+  bool isRecording_ = false;
+};

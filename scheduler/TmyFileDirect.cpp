@@ -1,0 +1,236 @@
+#include "scheduler/TmyFileDirect.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cstring>
+#include <utility>
+
+#include "foundation/Trace.h"
+
+namespace {
+
+constexpr DWORD kOpenMs = 10000;
+// Longer than a sleeping drive needs to spin up, and the longest that a call keeps its thread.
+constexpr DWORD kTransferMs = 30000;
+constexpr uint32_t kUsualSector = 4096;  // a multiple of all usual sizes, for volumes that do not tell theirs
+constexpr uint32_t kLargestBuffer = 64U << 20;
+
+uint32_t BytesPerSector(const char* path) {
+  char root[MAX_PATH + 1] = "";
+  DWORD clusterSectors = 0;
+  DWORD bytes = 0;
+  DWORD freeClusters = 0;
+  DWORD clusters = 0;
+  const bool told = GetVolumePathNameA(path, root, sizeof root) &&
+                    GetDiskFreeSpaceA(root, &clusterSectors, &bytes, &freeClusters, &clusters);
+  return told && bytes != 0 ? bytes : kUsualSector;
+}
+
+}  // namespace
+
+TmyFileDirect::TmyFileDirect(const TmyString& name, bool readOnly, bool create, uint32_t bufferSize)
+    : TmyFile(name, readOnly ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE,
+              readOnly ? OPEN_EXISTING : (create ? CREATE_ALWAYS : OPEN_ALWAYS), FILE_SHARE_READ,
+              FILE_FLAG_NO_BUFFERING | FILE_FLAG_OVERLAPPED),
+      readOnly_(readOnly) {
+  const Trace::Scope scope("TmyFileDirect::TmyFileDirect");
+  if (IsOpen() && !Prepare(bufferSize)) Close();
+}
+
+TmyFileDirect::~TmyFileDirect() {
+  const Trace::Scope scope("TmyFileDirect::~TmyFileDirect");
+  CloseDirect();
+}
+
+TmyFileDirect::Pages TmyFileDirect::MakePages(uint32_t bytes) noexcept {
+  return Pages(static_cast<uint8_t*>(VirtualAlloc(nullptr, bytes, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE)));
+}
+
+bool TmyFileDirect::Prepare(uint32_t bufferSize) {
+  const uint32_t block = BlockSizeFor(BytesPerSector(Name().Chars()));
+  blockSize_ = block;
+  stagingCapacity_ = std::max(std::min(bufferSize, kLargestBuffer), 2 * block) + 2 * block;
+  memory_ = MakePages(block + stagingCapacity_);
+  event_.reset(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+  if (!memory_ || !event_) return false;
+  if (readOnly_) return true;
+  const uint64_t size = TmyFile::Size();
+  base_ = size - size % block;
+  return ReadTail(static_cast<uint32_t>(size % block));
+}
+
+bool TmyFileDirect::ReadTail(uint32_t length) {
+  if (length == 0) return true;
+  if (!StartRead(base_, Tail(), blockSize_)) return false;
+  if (WaitForTransfer(kOpenMs) < static_cast<int32_t>(length)) return false;
+  tailUsed_ = length;
+  return true;
+}
+
+uint64_t TmyFileDirect::Size() const {
+  return std::max(TmyFile::Size(), LogicalEnd());
+}
+
+uint64_t TmyFileDirect::Position() const {
+  return readOnly_ ? readAt_ : LogicalEnd();
+}
+
+uint32_t TmyFileDirect::LargestPiece() const noexcept {
+  return stagingCapacity_ - 3 * blockSize_;
+}
+
+bool TmyFileDirect::Write(const void* data, uint32_t length) {
+  const auto* rest = static_cast<const uint8_t*>(data);
+  if (!IsOpen() || readOnly_ || hangs_) return false;
+  while (length != 0) {
+    const uint32_t piece = std::min(length, LargestPiece());
+    if (!AppendPiece(rest, piece)) return false;
+    rest += piece;
+    length -= piece;
+  }
+  return true;
+}
+
+bool TmyFileDirect::AppendPiece(const void* data, uint32_t length) {
+  const Appended appended = Append(length, data);
+  return appended == Appended::kInTail || (appended == Appended::kStarted && WaitForTransfer(kTransferMs) > 0);
+}
+
+// The tail keeps its bytes until the write that takes a copy of them has ended well.
+TmyFileDirect::Appended TmyFileDirect::Append(uint32_t length, const void* data) {
+  if (!IsOpen() || readOnly_ || transferring_) return Appended::kRefused;
+  writtenTo_ = true;
+  const uint64_t all = uint64_t{tailUsed_} + length;
+  if (all < blockSize_) {
+    std::memcpy(Tail() + tailUsed_, data, length);
+    tailUsed_ += length;
+    return Appended::kInTail;
+  }
+  if (all > stagingCapacity_) return Appended::kRefused;
+  std::memcpy(Staging(), Tail(), tailUsed_);
+  std::memcpy(Staging() + tailUsed_, data, length);
+  stagedTail_ = static_cast<uint32_t>(all % blockSize_);
+  staged_ = static_cast<uint32_t>(all) - stagedTail_;
+  if (StartWrite(base_, Staging(), staged_)) return Appended::kStarted;
+  staged_ = 0;
+  return Appended::kRefused;
+}
+
+bool TmyFileDirect::StartRead(uint64_t offset, void* buffer, uint32_t length) {
+  if (!BeginTransfer(offset, buffer, length)) return false;
+  const BOOL started = ReadFile(Handle(), buffer, length, nullptr, &overlapped_);
+  return TransferStarted(started || GetLastError() == ERROR_IO_PENDING);
+}
+
+bool TmyFileDirect::StartWrite(uint64_t offset, const void* buffer, uint32_t length) {
+  if (!BeginTransfer(offset, buffer, length)) return false;
+  const BOOL started = WriteFile(Handle(), buffer, length, nullptr, &overlapped_);
+  return TransferStarted(started || GetLastError() == ERROR_IO_PENDING);
+}
+
+// What is not aligned is refused by some devices and taken by others: it must not depend on the device.
+bool TmyFileDirect::BeginTransfer(uint64_t offset, const void* buffer, uint32_t length) {
+  const bool aligned = IsAligned(offset, buffer, length);
+  assert(aligned && !transferring_);
+  if (!aligned || transferring_) {
+    SetLastError(ERROR_INVALID_PARAMETER);
+    return false;
+  }
+  overlapped_ = {};
+  overlapped_.Offset = static_cast<DWORD>(offset);
+  overlapped_.OffsetHigh = static_cast<DWORD>(offset >> 32);
+  overlapped_.hEvent = event_.get();
+  ResetEvent(event_.get());
+  return true;
+}
+
+bool TmyFileDirect::IsAligned(uint64_t offset, const void* buffer, uint32_t length) const noexcept {
+  const uint32_t addressUnit = blockSize_ & (0U - blockSize_);  // the largest power of two in it
+  return length != 0 && length % blockSize_ == 0 && offset % blockSize_ == 0 &&
+         reinterpret_cast<uintptr_t>(buffer) % addressUnit == 0;
+}
+
+bool TmyFileDirect::TransferStarted(bool started) noexcept {
+  if (!started) Trace::Line("FileDirect transfer not started, err=%d", static_cast<int>(GetLastError()));
+  transferring_ = started;
+  return started;
+}
+
+int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
+  if (!transferring_) return 0;
+  const bool late = WaitForSingleObject(event_.get(), timeout) != WAIT_OBJECT_0;
+  if (late) {
+    Trace::Line("FileDirect Wait timeout");
+    CancelIo(Handle());
+  }
+  DWORD count = 0;
+  // Waits for the cancellation to arrive, too: until then the system uses the buffer. Who was only just too late to be
+  // cancelled has done its work and counts.
+  const BOOL done = GetOverlappedResult(Handle(), &overlapped_, &count, TRUE);
+  transferring_ = false;
+  const uint32_t staged = std::exchange(staged_, 0);
+  if (!done) {
+    hangs_ = hangs_ || late;
+    if (!late) Trace::Line("FileDirect getOverlappedResult failed");
+    return late ? -1 : -2;
+  }
+  return staged == 0 ? static_cast<int32_t>(count) : CountWritten(count, staged);
+}
+
+// Of a write that was cut short the whole blocks stay; the tail that it began with is in the first of them.
+int32_t TmyFileDirect::CountWritten(uint32_t bytes, uint32_t staged) {
+  const uint32_t blocks = bytes - bytes % blockSize_;
+  base_ += blocks;
+  if (bytes >= staged) {
+    std::memcpy(Tail(), Staging() + staged, stagedTail_);
+    tailUsed_ = stagedTail_;
+    return static_cast<int32_t>(bytes);
+  }
+  if (blocks != 0) tailUsed_ = 0;
+  Trace::Line("FileDirect tmp=%d, AsyncBlockSize=%d, returning 0", static_cast<int>(bytes), static_cast<int>(staged));
+  return 0;
+}
+
+bool TmyFileDirect::Read(void* data, uint32_t length) {
+  if (!IsOpen() || !readOnly_) return false;
+  const uint64_t size = TmyFile::Size();
+  auto* to = static_cast<uint8_t*>(data);
+  auto rest = static_cast<uint32_t>(std::min<uint64_t>(length, size - std::min(size, readAt_)));
+  while (rest != 0) {
+    const uint32_t got = ReadPiece(to, rest);
+    if (got == 0) return false;
+    to += got;
+    rest -= got;
+  }
+  return true;
+}
+
+uint32_t TmyFileDirect::ReadPiece(uint8_t* data, uint32_t length) {
+  const auto skipped = static_cast<uint32_t>(readAt_ % blockSize_);
+  const uint32_t piece = std::min(length, LargestPiece());
+  const uint32_t blocks = (skipped + piece + blockSize_ - 1) / blockSize_ * blockSize_;
+  if (!StartRead(readAt_ - skipped, Staging(), blocks)) return 0;
+  if (WaitForTransfer(kTransferMs) < static_cast<int32_t>(skipped + piece)) return 0;
+  std::memcpy(data, Staging() + skipped, piece);
+  readAt_ += piece;
+  return piece;
+}
+
+bool TmyFileDirect::CloseDirect() {
+  if (transferring_) CancelIo(Handle());
+  WaitForTransfer(INFINITE);  // only for what was cancelled
+  const bool hasTail = IsOpen() && writtenTo_ && tailUsed_ != 0;
+  Close();
+  const bool whole = !hasTail || WriteTail();
+  if (!whole) Trace::Line("FileDirect tail not written, err=%d", static_cast<int>(GetLastError()));
+  Close();
+  return whole;
+}
+
+// An ordinary handle takes what is no whole block.
+bool TmyFileDirect::WriteTail() {
+  LARGE_INTEGER base = {};
+  base.QuadPart = static_cast<LONGLONG>(base_);
+  return Open(GENERIC_WRITE, OPEN_EXISTING, FILE_SHARE_READ, FILE_ATTRIBUTE_NORMAL) &&
+         SetFilePointerEx(Handle(), base, nullptr, FILE_BEGIN) && TmyFile::Write(Tail(), tailUsed_);
+}
