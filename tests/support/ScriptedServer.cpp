@@ -55,7 +55,7 @@ std::string ScriptedServer::Document(const std::string& body) {
 bool ScriptedServer::IsReady(SOCKET socket, bool toWrite) const {
   while (!ends_) {
     fd_set one = {1, {socket}};
-    const timeval pause = {0, 20000};
+    timeval pause = {0, 20000};
     if (select(0, toWrite ? nullptr : &one, toWrite ? &one : nullptr, nullptr, &pause) != 0) return true;
   }
   return false;

@@ -2,7 +2,7 @@
 // connections as it is told. Each connection has a thread.
 //
 //   ScriptedServer server;
-//   server.Answer("/dx/eibi.txt", {.bytes = "HTTP/1.1 200 OK\n\n", .slice = 1, .end = ScriptedServer::End::kStayOpen});
+//   server.Answer("/dx/eibi.txt", {"HTTP/1.1 200 OK\n\n", ScriptedServer::End::kStayOpen, 1});
 #pragma once
 
 #include <winsock2.h>
@@ -20,9 +20,9 @@ class ScriptedServer {
 
   struct Reply {
     std::string bytes;
+    End end = End::kClose;
     size_t slice = SIZE_MAX;  // bytes of one send
     uint32_t pause = 0;       // milliseconds before each
-    End end = End::kClose;
   };
 
   // Port 0 takes a free one. Listens at once.
