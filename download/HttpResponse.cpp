@@ -136,11 +136,21 @@ uint32_t HttpResponse::SizeLine(std::string_view waiting) {
   return static_cast<uint32_t>(size);
 }
 
+// Doubling again and again would copy many megabytes inside one message. The announced size cannot be had at once: a
+// buffer gives up what is more than eight times its size.
+void HttpResponse::MakeRoom(uint32_t needed) {
+  if (needed <= body_.Capacity()) return;
+  uint32_t room = body_.Size() + remaining_;
+  while (room / 8 >= needed) room /= 8;
+  body_.Reserve(room);
+}
+
 // With nothing expected, what comes is left where it is.
 uint32_t HttpResponse::Body(std::string_view waiting) {
   const uint32_t count = static_cast<uint32_t>(std::min<size_t>(waiting.size(), remaining_));
   if (count == 0) return 0;
   const uint32_t before = body_.Size();
+  MakeRoom(before + count);
   body_.SetSize(before + count);
   if (body_.Size() != before + count) return Fail();  // no memory
   std::memcpy(body_.Data() + before, waiting.data(), count);

@@ -50,6 +50,7 @@ class HttpResponse {
   uint32_t Body(std::string_view waiting);
   uint32_t Fail() noexcept;
   void ReadField(const TmyString& line);
+  void MakeRoom(uint32_t needed);
   template <class Ends>
   size_t FindEnd(std::string_view waiting, size_t first, Ends ends) noexcept;
   [[nodiscard]] uint32_t Room() const noexcept;  // bytes that the body may still grow by

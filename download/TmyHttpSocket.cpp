@@ -1,6 +1,7 @@
 #include "download/TmyHttpSocket.h"
 
 #include "download/ServerNames.h"
+#include "foundation/Clock.h"
 
 TmyHttpSocket::TmyHttpSocket(uint32_t timeout) : TmyClientSocket(SOCK_STREAM, IPPROTO_TCP), timeout_(timeout) {}
 
@@ -12,12 +13,15 @@ void TmyHttpSocket::Get(const TmyString& host, const TmyString& path) {
   Connect(host, ServerNames::Port());  // a host that is not found stays silent until the time-out
 }
 
+// Starting it anew for each arrival would cost more than the arrival: the system's timer runs on, and when it fires it
+// is seen how long the silence has been.
 void TmyHttpSocket::StartTimer() noexcept {
-  isTimed_ = SetTimer(Handle(), kTimer, timeout_, nullptr) != 0;
+  lastHeard_ = Clock::Ticks();
+  if (!isTimed_) isTimed_ = SetTimer(Handle(), kTimer, timeout_, nullptr) != 0;
 }
 
 void TmyHttpSocket::StopTimer() noexcept {
-  KillTimer(Handle(), kTimer);
+  if (isTimed_) KillTimer(Handle(), kTimer);
   isTimed_ = false;
 }
 
@@ -41,6 +45,11 @@ LRESULT TmyHttpSocket::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void TmyHttpSocket::Timer(uintptr_t id) {
   if (id != kTimer || !isTimed_) return;  // a tick that was under way when the timer was stopped
+  const uint32_t silence = Clock::Ticks() - lastHeard_;
+  if (silence < timeout_) {
+    SetTimer(Handle(), kTimer, timeout_ - silence, nullptr);
+    return;
+  }
   EndRequest();
   TimedOut();
 }
@@ -68,8 +77,10 @@ void TmyHttpSocket::Closed(int error) {
 }
 
 void TmyHttpSocket::DataReceived(int /*error*/) {
-  StopTimer();
-  if (Received().empty()) return;
+  if (Received().empty()) {
+    StopTimer();
+    return;
+  }
   TakeReceived(response_.Feed(Received()));
   if (response_.IsDone()) {
     Complete();

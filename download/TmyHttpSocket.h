@@ -58,7 +58,8 @@ class TmyHttpSocket : public TmyClientSocket {
   void Complete();
 
   uint32_t timeout_;
-  bool isTimed_ = false;  // the timer runs
+  bool isTimed_ = false;    // the timer runs
+  uint32_t lastHeard_ = 0;  // ticks
   TmyString host_;
   TmyString path_;
   TmyStream body_{4096, kBodyLimit};

@@ -5,6 +5,8 @@
 TmySocket::TmySocket(int type, int protocol)
     : TmyWindowBase("", WS_POPUP, 0, 0, 0, 0, 0, nullptr), socket_(socket(AF_INET, type, protocol)) {
   if (!IsValid()) return;
+  const int room = kBufferLimit;  // many small events cost more than a few large ones
+  setsockopt(Socket(), SOL_SOCKET, SO_RCVBUF, reinterpret_cast<const char*>(&room), sizeof room);
   const long events = FD_READ | FD_WRITE | FD_ACCEPT | FD_CONNECT | FD_CLOSE;
   if (WSAAsyncSelect(Socket(), Handle(), kEventMessage, events) != 0) CloseSocket();
 }

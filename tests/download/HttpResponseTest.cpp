@@ -9,37 +9,22 @@ namespace {
 
 constexpr uint32_t kBodyLimit = 0x1000000;
 
-// What became of an answer: state, header lines, body, bytes still expected.
-class Reading {
- public:
-  void Arrive(std::string_view slice) {
-    waiting_ += slice;
-    waiting_.erase(0, response_.Feed(waiting_));
-  }
-  [[nodiscard]] std::string Outcome() const {
-    const std::string state = response_.IsDone() ? "done" : response_.IsFailed() ? "failed" : "open";
-    return state + " " + std::to_string(response_.HeaderLines().Count()) + " " +
-           std::string(reinterpret_cast<const char*>(body_.Data()), body_.Size()) + " " +
-           std::to_string(response_.StillExpected());
-  }
-
- private:
-  TmyBuffer body_{4096, kBodyLimit};
-  HttpResponse response_{body_};
-  std::string waiting_;
-};
-
-// Slices end where `isCut` says so.
+// State, number of header lines, body and bytes still expected, when slices end where `isCut` says so.
 template <class IsCut>
 std::string InSlices(std::string_view answer, IsCut isCut) {
-  Reading reading;
-  size_t from = 0;
+  TmyBuffer body(4096, kBodyLimit);
+  HttpResponse response(body);
+  std::string waiting;
   for (size_t at = 1; at <= answer.size(); ++at) {
-    if (at < answer.size() && !isCut(at)) continue;
-    reading.Arrive(answer.substr(from, at - from));
-    from = at;
+    waiting += answer[at - 1];
+    if (at == answer.size() || isCut(at)) waiting.erase(0, response.Feed(waiting));
   }
-  return reading.Outcome();
+  return (response.IsDone()     ? "done "
+          : response.IsFailed() ? "failed "
+                                : "open ") +
+         std::to_string(response.HeaderLines().Count()) + " " +
+         std::string(reinterpret_cast<const char*>(body.Data()), body.Size()) + " " +
+         std::to_string(response.StillExpected());
 }
 
 const std::string kChunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: identity\r\n\r\n";
@@ -74,13 +59,10 @@ const struct {
 
 TEST(HttpResponseTest, EverySlicingOfAnAnswerGivesTheSame) {
   for (const auto& c : kCases) {
-    EXPECT_EQ(InSlices(c.answer, [](size_t) { return false; }), c.outcome) << c.answer;
     EXPECT_EQ(InSlices(c.answer, [](size_t) { return true; }), c.outcome) << c.answer;
-    for (size_t one = 1; one < c.answer.size(); ++one) {
-      for (size_t two = one; two < c.answer.size(); ++two) {
-        ASSERT_EQ(InSlices(c.answer, [=](size_t at) { return at == one || at == two; }), c.outcome)
-            << c.answer << one << " " << two;
-      }
+    for (size_t pair = 0, size = c.answer.size(); pair < size * size; ++pair) {
+      const auto isCut = [=](size_t at) { return at == pair / size || at == pair % size; };
+      ASSERT_EQ(InSlices(c.answer, isCut), c.outcome) << c.answer << pair;
     }
   }
 }

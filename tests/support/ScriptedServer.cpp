@@ -2,19 +2,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr std::string_view kHeaderEnd = "\r\n\r\n";
-
-void Close(SOCKET socket, bool reset) {
-  if (const linger hard = {1, 0}; reset) {
-    setsockopt(socket, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard), sizeof hard);
-  }
-  closesocket(socket);
-}
-
-}  // namespace
-
 ScriptedServer::ScriptedServer(const char* address, uint16_t port) {
   WSAStartup(MAKEWORD(2, 2), &winsock_);
   listener_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
@@ -22,8 +9,8 @@ ScriptedServer::ScriptedServer(const char* address, uint16_t port) {
   at.sin_family = AF_INET;
   at.sin_port = htons(port);
   at.sin_addr.s_addr = inet_addr(address);
-  int size = sizeof at;
   auto* place = reinterpret_cast<sockaddr*>(&at);
+  int size = sizeof at;
   if (bind(listener_, place, size) != 0 || listen(listener_, SOMAXCONN) != 0) return;
   getsockname(listener_, place, &size);
   port_ = ntohs(at.sin_port);
@@ -69,9 +56,9 @@ void ScriptedServer::Listen() {
 void ScriptedServer::Serve(SOCKET client) {
   std::string request;
   char bytes[4096];
-  while (!request.ends_with(kHeaderEnd) && IsReady(client)) {
+  while (!request.ends_with("\r\n\r\n") && IsReady(client)) {
     const int came = recv(client, bytes, sizeof bytes, 0);
-    if (came < 1) return Close(client, false);
+    if (came < 1) break;
     request.append(bytes, static_cast<size_t>(came));
   }
   Reply reply = {"HTTP/1.1 404 Not Found\r\nContent-Length: 7\r\n\r\nNothing"};
@@ -86,7 +73,9 @@ void ScriptedServer::Serve(SOCKET client) {
   }
   while (reply.end == End::kStayOpen && IsReady(client) && recv(client, bytes, sizeof bytes, 0) > 0) {
   }
-  Close(client, reply.end == End::kReset);
+  const linger hard = {reply.end == End::kReset, 0};
+  setsockopt(client, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard), sizeof hard);
+  closesocket(client);
 }
 
 bool ScriptedServer::Send(SOCKET client, const Reply& reply) const {

@@ -7,6 +7,7 @@
 
 #include <winsock2.h>
 
+#include <atomic>
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -46,7 +47,7 @@ class ScriptedServer {
   WSADATA winsock_;
   SOCKET listener_;
   uint16_t port_ = 0;
-  volatile bool ends_ = false;
+  std::atomic<bool> ends_ = false;
   std::mutex mutex_;
   std::map<std::string, Reply> replies_;
   std::vector<std::string> requests_;
