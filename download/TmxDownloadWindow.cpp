@@ -80,19 +80,18 @@ void TmxDownloadWindow::PlaceOver(const TmyComponent& owner) {
   Realign();
 }
 
-// The upper line has the whole width. The button stands in the lower right corner; beside it the lower line, of which
-// the second half is the bar's place while the run works.
+// The upper line has the whole width. The button stands in the lower right corner, the bar beside it while the run
+// works. The lower line is two lines when the run ends badly: the second has the bar's place.
 void TmxDownloadWindow::Realign() {
   const int step = Theme().Step();
   const int row = Theme().TextHeight();
   const int buttonWidth = std::max(button_.PreferredWidth(), Theme().Scaled(72));
   const int buttonTop = ClientHeight() - step - Theme().FieldHeight();
   const int left = ClientWidth() - step - buttonWidth;
-  const int below = step + row;
-  line1_.SetBounds(step, step / 2, ClientWidth() - 2 * step, row);
-  line2_.SetBounds(step, below, left - 2 * step, 2 * row);
-  bar_->SetBounds(step, buttonTop + (Theme().FieldHeight() - ProgressBar::PreferredHeight()) / 2, left - 2 * step,
-                  ProgressBar::PreferredHeight());
+  line1_.SetBounds(step, step, ClientWidth() - 2 * step, row);
+  line2_.SetBounds(step, step + row + step / 2, left - 2 * step, line2_.PreferredSize().cy);
+  const int barHeight = ProgressBar::PreferredHeight();
+  bar_->SetBounds(step, buttonTop + (Theme().FieldHeight() - barHeight) / 2, left - 2 * step, barHeight);
   button_.SetBounds(left, buttonTop, buttonWidth, Theme().FieldHeight());
 }
 
@@ -143,6 +142,7 @@ void TmxDownloadWindow::Closed(TmySocket&, int) {
 void TmxDownloadWindow::ShowStatus(const TmyString& line1, const TmyString& line2) {
   line1_.SetText(line1);
   line2_.SetText(line2);
+  Realign();
   bar_->SetCaption(line1 + "\r\n" + line2);
   PaintNow();
 }
