@@ -2,7 +2,7 @@
 # Builds and runs the measurements; one line a figure.
 #   ./bench.sh              on the sample schedule
 #   ./bench.sh --data DIR   on the eibi.txt of a folder of yours, which is only read
-#   --only start|window|schedule|tasks   for a part of them
+#   --only start|window|schedule|tasks|hfcc|download   for a part of them
 set -euo pipefail
 data=
 only=()
@@ -17,4 +17,5 @@ cd "$(dirname "$0")"
 . scripts/common.sh
 ./build.sh
 data=${data:-$BUILD_DIR/samples}
-scripts/with-display.sh scripts/wine-run.sh "$BUILD_DIR/bin/marlux-bench.exe" --data "$data" "${only[@]}"
+scripts/with-web-server.sh "$BUILD_DIR/web-bench" scripts/bench-download.sh \
+  scripts/with-display.sh scripts/wine-run.sh "$BUILD_DIR/bin/marlux-bench.exe" --data "$data" "${only[@]}"

@@ -16,7 +16,6 @@ MainMenu::MainMenu()
       help_(bar_.AddSubmenu("&Help")),
       help(help_.AddItem("&Help")),
       about(help_.AddItem("&About")) {
-  checkForUpdates.Enable(false);  // its window does not exist yet
   file_.EnableSubmenu(hfccDatabases_, false);
 }
 

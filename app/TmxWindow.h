@@ -7,14 +7,12 @@
 
 #include <memory>
 
-#include "app/EibiGrid.h"
-#include "app/FccGrid.h"
+#include "app/Databases.h"
 #include "app/FilterPanel.h"
 #include "app/HelpLibrary.h"
 #include "app/MainMenu.h"
 #include "app/MainRecorder.h"
 #include "app/MainScheduler.h"
-#include "app/ScheduleFiles.h"
 #include "app/SchedulerDesk.h"
 #include "app/StatusBar.h"
 #include "plugin/HostInfo.h"
@@ -22,6 +20,9 @@
 #include "plugin/InstanceList.h"
 #include "toolkit/TmyMsgBox.h"
 #include "toolkit/TmyPopupMenu.h"
+
+// Posted to the main window: opens the download window.
+constexpr UINT kMsgDownload = WM_USER + 1;
 
 class TmxWindow : public TmyComponent, public PluginInstance {
  public:
@@ -37,14 +38,14 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ConstrainBounds(int& x, int& y, int& width, int& height) override;
   void FocusChanged(bool focused) override;
   void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
+  void ShowChanged(bool visible) override;
+  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  protected:
   void Destroying() override;
 
  private:
   void BindCommands();
-  void LoadDatabases();
-  void ListArchives(const ScheduleFiles& files);
   void ShowTexts();
   [[nodiscard]] int PanelHeight(int width, int shared) const;
   void TellOfProblem();
@@ -62,6 +63,8 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ViewScheduler(TmyMenuItem& item);
   void NewTask(TmyMenuItem& item);
   void ShowDetails(TmyMenuItem& item);
+  void CheckForUpdates(TmyMenuItem& item);
+  void Download();
   void ExportCsv(TmyMenuItem& item);
   void ChooseColumns(TmyMenuItem& item);
   void ArchiveChosen(TmyMenuItem& item);
@@ -95,15 +98,16 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   MainRecorder recorder_;
   MainScheduler scheduler_;
   SchedulerDesk desk_;
+  Databases databases_;
   TmyMsgBox* about_ = nullptr;          // while it is shown
   TuneTarget menuTarget_ = {};          // what the context menu was opened for, and the one record of the two
   const EibiItem* menuEibi_ = nullptr;  // its database owns it; reset when it is loaded anew
   const FccItem* menuFcc_ = nullptr;
-  TmyString currentFile_;                   // name of the HFCC archive last shown
-  TmyString exportFolder_;                  // last used for a CSV file
-  HfccLoad hfccProblem_ = HfccLoad::kRead;  // not told yet
-  uint32_t lastClick_ = 0;                  // ticks
+  TmyString exportFolder_;  // last used for a CSV file
+  uint32_t lastClick_ = 0;  // ticks
   bool hasClick_ = false;
   bool utc_ = false;      // times are shown in UTC
   bool isReady_ = false;  // all children exist
+  bool isDatabaseQuestionAsked_ = false;
+  bool isDownloading_ = false;  // the download window is open
 };

@@ -1,6 +1,7 @@
-// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc], where DIR holds an
-// eibi.txt.
+// Measured runs, started through bench.sh: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|download]
+// [--server PORT --curl MS], where DIR holds an eibi.txt; without a server nothing is downloaded.
 
+#include <cstdlib>
 #include <cstring>
 
 #include "bench/Bench.h"
@@ -28,8 +29,12 @@ const char* Option(int argc, char** argv, const char* name) {
 int main(int argc, char** argv) {
   const char* folder = Option(argc, argv, "--data");
   const char* only = Option(argc, argv, "--only");
+  const char* server = Option(argc, argv, "--server");
+  const char* curl = Option(argc, argv, "--curl");
   if (!folder) {
-    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc]\n");
+    fprintf(stderr,
+            "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|download] "
+            "[--server PORT --curl MS]\n");
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));
@@ -44,5 +49,8 @@ int main(int argc, char** argv) {
     if (!only || strcmp(only, subject.name) == 0) subject.run(schedule);
   }
   if (!only || strcmp(only, "hfcc") == 0) BenchHfcc(folder);
+  if (server && curl && (!only || strcmp(only, "download") == 0)) {
+    BenchDownload(static_cast<uint16_t>(atoi(server)), atof(curl));
+  }
   return 0;
 }

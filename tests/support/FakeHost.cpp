@@ -20,6 +20,12 @@ BOOL CALLBACK Collect(HWND window, LPARAM to) {
   return TRUE;
 }
 
+// The build tells the path as its own system writes it; Wine's drive Z is that system's root.
+std::string WindowsPath(std::string path) {
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return path[0] == '\\' ? "Z:" + path : path;
+}
+
 }  // namespace
 
 std::string TextOf(HWND window) {
@@ -50,7 +56,7 @@ std::vector<uint32_t> HostBlockOfReceiver() {
   return block;
 }
 
-FakeHost::FakeHost() {
+FakeHost::FakeHost(std::string modulePath) : modulePath_(std::move(modulePath)) {
   theHost = this;
   Load();
 }
@@ -64,15 +70,16 @@ FakeHost::~FakeHost() {
   theHost = nullptr;
 }
 
-// The build tells the path as its own system writes it; Wine's drive Z is that system's root.
 std::string FakeHost::ModulePath() {
-  std::string path = MARLUX_MODULE;
-  std::replace(path.begin(), path.end(), '/', '\\');
-  return path[0] == '\\' ? "Z:" + path : path;
+  return WindowsPath(MARLUX_MODULE);
+}
+
+std::string FakeHost::LoopbackModulePath() {
+  return WindowsPath(MARLUX_LOOPBACK_MODULE);
 }
 
 bool FakeHost::Load() {
-  if (!module_) module_ = LoadLibraryA(ModulePath().c_str());
+  if (!module_) module_ = LoadLibraryA(modulePath_.c_str());
   return module_ != nullptr;
 }
 

@@ -32,12 +32,13 @@ class FakeHost {
  public:
   static constexpr char kClassPrefix[] = "TmyComponent ";
 
-  FakeHost();
+  explicit FakeHost(std::string modulePath = ModulePath());
   ~FakeHost();
   FakeHost(const FakeHost&) = delete;
   FakeHost& operator=(const FakeHost&) = delete;
 
   [[nodiscard]] static std::string ModulePath();
+  [[nodiscard]] static std::string LoopbackModulePath();  // the one whose servers are on this machine
   bool Load();
   [[nodiscard]] bool IsLoaded() const { return module_ != nullptr; }  // by this host
   void Unload();                                                      // without closing anything first
@@ -80,6 +81,7 @@ class FakeHost {
   template <class Result, class... Arguments>
   Result Call(const char* name, Arguments... arguments) const;  // Result() while the module is not loaded
 
+  std::string modulePath_;
   HMODULE module_ = nullptr;
   std::vector<HostCall> calls_;
   std::map<uint32_t, std::function<void()>> during_;

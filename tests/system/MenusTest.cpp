@@ -39,10 +39,10 @@ class Menus : public PluginFixture {
 TEST_F(Menus, BarHoldsEveryCommandAndMarksUtcTime) {
   const HWND window = StartPlugin();
   for (const char* utc : {"&UTC time", "+&UTC time", "&UTC time"}) {
-    EXPECT_THAT(
-        Texts(GetMenu(window)),
-        ElementsAre("&File", "-&Check for DB updates", "-HFCC &databases", "&Export items to CSV", "E&xit", "&Options",
-                    utc, "HFCC &settings", "&Scheduler", "&View scheduler", "&New task", "&Help", "&Help", "&About"));
+    EXPECT_THAT(Texts(GetMenu(window)),
+                ElementsAre("&File", "&Check for DB updates", "HFCC &databases", "+none.zip", "&Export items to CSV",
+                            "E&xit", "&Options", utc, "HFCC &settings", "&Scheduler", "&View scheduler", "&New task",
+                            "&Help", "&Help", "&About"));
     Choose(window, "&UTC time");
   }
 }

@@ -15,10 +15,11 @@ LONG WINAPI ReportCrash(EXCEPTION_POINTERS* what) {
 
 }  // namespace
 
-PluginFixture::PluginFixture() {
+PluginFixture::PluginFixture(const std::string& modulePath) : host_(modulePath) {
   SetUnhandledExceptionFilter(&ReportCrash);
   std::filesystem::create_directories(documents_.DataFolder());
   WriteSchedule(ThreeBroadcasts());
+  EXPECT_TRUE(WriteFileBytes(ArchiveFile(), ""));
 }
 
 void PluginFixture::WriteSchedule(const std::string& content) {

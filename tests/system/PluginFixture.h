@@ -8,13 +8,16 @@
 
 class PluginFixture : public testing::Test {
  public:  // tables of functions reach in
-  PluginFixture();
+  explicit PluginFixture(const std::string& modulePath = FakeHost::ModulePath());
 
   void WriteSchedule(const std::string& content);
   // Header lines, then one broadcast each: 9420, 6005 and 15770.5 kHz, in this order.
   static std::string ThreeBroadcasts();
   static std::string Header();  // 17 lines
   static std::string Line(const std::string& khz, const std::string& station);
+
+  // The folder holds the three broadcasts and this archive, which is none: nothing is asked at the start.
+  [[nodiscard]] std::string ArchiveFile() const { return documents_.DataFolder() + "\\none.zip"; }
 
   // Starts an instance and waits until it has painted.
   HWND StartPlugin(uint32_t handle = 7);

@@ -1,0 +1,116 @@
+#include "download/TmyHttpSocket.h"
+
+#include "download/ServerNames.h"
+#include "foundation/Clock.h"
+
+TmyHttpSocket::TmyHttpSocket(uint32_t timeout) : TmyClientSocket(SOCK_STREAM, IPPROTO_TCP), timeout_(timeout) {}
+
+void TmyHttpSocket::Get(const TmyString& host, const TmyString& path) {
+  host_ = host;
+  path_ = path;
+  response_.Restart();
+  StartTimer();
+  Connect(host, ServerNames::Port());  // a host that is not found stays silent until the time-out
+}
+
+// Starting it anew for each arrival would cost more than the arrival: the system's timer runs on, and when it fires it
+// is seen how long the silence has been.
+void TmyHttpSocket::StartTimer() noexcept {
+  lastHeard_ = Clock::Ticks();
+  if (!isTimed_) isTimed_ = SetTimer(Handle(), kTimer, timeout_, nullptr) != 0;
+}
+
+void TmyHttpSocket::StopTimer() noexcept {
+  if (isTimed_) KillTimer(Handle(), kTimer);
+  isTimed_ = false;
+}
+
+// Neither the server nor the clock is heard any more.
+void TmyHttpSocket::EndRequest() noexcept {
+  StopTimer();
+  CloseSocket();
+}
+
+LRESULT TmyHttpSocket::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_TIMER) {
+    Timer(wParam);
+    return 0;
+  }
+  if (message == kReportClosed) {
+    Closed(0);
+    return 0;
+  }
+  return TmyClientSocket::WndProc(message, wParam, lParam);
+}
+
+void TmyHttpSocket::Timer(uintptr_t id) {
+  if (id != kTimer || !isTimed_) return;  // a tick that was under way when the timer was stopped
+  const uint32_t silence = Clock::Ticks() - lastHeard_;
+  if (silence < timeout_) {
+    SetTimer(Handle(), kTimer, timeout_ - silence, nullptr);
+    return;
+  }
+  EndRequest();
+  TimedOut();
+}
+
+void TmyHttpSocket::Connected(int error) {
+  StopTimer();
+  if (error != 0) {
+    Closed(error);
+    return;
+  }
+  const Presence presence(*this);
+  connected(*this);
+  if (!presence.IsThere() || !IsValid()) return;
+  response_.Restart();
+  body_.Clear();
+  StartTimer();
+  Send(Formatted("GET %s HTTP/1.1\r\nHost: %s\r\nConnection: close\r\nUser-Agent: Marlux 3.00\r\n\r\n", path_.Chars(),
+                 host_.Chars())
+           .View());
+}
+
+void TmyHttpSocket::Closed(int error) {
+  EndRequest();
+  TmyClientSocket::Closed(error);
+}
+
+void TmyHttpSocket::DataReceived(int /*error*/) {
+  if (Received().empty()) {
+    StopTimer();
+    return;
+  }
+  TakeReceived(response_.Feed(Received()));
+  if (response_.IsDone()) {
+    Complete();
+  } else if (response_.IsFailed()) {
+    EndRequest();
+    TimedOut();
+  } else {
+    StartTimer();
+    Progress();  // last: it may delete us
+  }
+}
+
+// The server may close first, later or never: we close, and our owner hears of it in any case, but not inside
+// Finished(), where it is busy with the document.
+void TmyHttpSocket::Complete() {
+  EndRequest();
+  const Presence presence(*this);
+  const HWND handle = Handle();
+  Finished();
+  if (presence.IsThere()) PostMessageA(handle, kReportClosed, 0, 0);
+}
+
+void TmyHttpSocket::Finished() {
+  finished(*this);
+}
+
+void TmyHttpSocket::TimedOut() {
+  timedOut(*this);
+}
+
+void TmyHttpSocket::Progress() {
+  progress(*this);
+}

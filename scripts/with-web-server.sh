@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Runs a command while a web server on this machine serves a folder: with-web-server.sh FOLDER COMMAND...
+# WEB_PORT and WEB_FOLDER tell the command of it. The paths /slow/... come at 8 MiB a second. All that the server writes lies in
+# FOLDER.server.
+set -euo pipefail
+folder=$(mkdir -p "$1" && cd "$1" && pwd)
+shift
+state=$folder.server
+mkdir -p "$state"
+WEB_PORT=$(python3 -c 'import socket; s = socket.socket(); s.bind(("127.0.0.1", 0)); print(s.getsockname()[1])')
+export WEB_PORT WEB_FOLDER=$folder
+cat >"$state/nginx.conf" <<CONF
+daemon off;
+master_process off;
+pid $state/pid;
+error_log $state/error.log;
+events {}
+http {
+  access_log off;
+  sendfile on;
+  client_body_temp_path $state/temp;
+  proxy_temp_path $state/temp;
+  fastcgi_temp_path $state/temp;
+  uwsgi_temp_path $state/temp;
+  scgi_temp_path $state/temp;
+  server {
+    listen 127.0.0.1:$WEB_PORT;
+    location / { root $folder; }
+    location /slow/ { alias $folder/; limit_rate 8m; }
+  }
+}
+CONF
+nginx=$(PATH=$PATH:/usr/sbin command -v nginx) || { echo "error: no nginx: run scripts/setup.sh" >&2; exit 1; }
+"$nginx" -p "$state" -e "$state/error.log" -c "$state/nginx.conf" &
+server=$!
+trap 'kill "$server" 2>/dev/null || true' EXIT
+for _ in $(seq 100); do
+  curl -s -o /dev/null "http://127.0.0.1:$WEB_PORT/" && break
+  sleep 0.05
+done
+"$@"

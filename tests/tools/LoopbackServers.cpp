@@ -1,0 +1,34 @@
+// The servers of the module that tests load: both on this machine, at the port that the test tells. The name look-up is
+// left out by giving numbers.
+#include <windows.h>
+
+#include <cstdlib>
+
+#include "download/ServerNames.h"
+
+namespace {
+
+uint32_t Setting(const char* name, uint32_t otherwise) noexcept {
+  char text[16] = "";
+  const DWORD length = GetEnvironmentVariableA(name, text, sizeof text);
+  if (length == 0 || length >= sizeof text) return otherwise;
+  return static_cast<uint32_t>(std::strtoul(text, nullptr, 10));
+}
+
+}  // namespace
+
+const char* ServerNames::EibiHost() noexcept {
+  return "127.0.0.1";
+}
+
+const char* ServerNames::HfccHost() noexcept {
+  return "127.0.0.2";
+}
+
+uint16_t ServerNames::Port() noexcept {
+  return static_cast<uint16_t>(Setting("MARLUX_LOOPBACK_PORT", 8080));
+}
+
+uint32_t ServerNames::TimeOut() noexcept {
+  return Setting("MARLUX_LOOPBACK_TIMEOUT", 30000);
+}
