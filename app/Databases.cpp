@@ -5,9 +5,8 @@
 #include "app/WaitCursor.h"
 #include "plugin/DataFolders.h"
 
-// Lists, and chooses an archive when none was chosen before.
-void Databases::ListFolder(const TmyString& folder) {
-  const ScheduleFiles files = ListScheduleFiles(folder);
+// Chooses an archive when none was chosen before.
+void Databases::List(const ScheduleFiles& files) {
   hasEibi_ = files.hasEibi;
   hasArchives_ = !files.archives.empty();
   if (currentFile_.IsEmpty()) currentFile_ = NewestArchive(files.archives);
@@ -19,7 +18,9 @@ void Databases::ListFolder(const TmyString& folder) {
 void Databases::Load() {
   const WaitCursor wait;
   const TmyString folder = DataFolder();
-  ListFolder(folder);
+  const ScheduleFiles files = ListScheduleFiles(folder);
+  currentFile_ = ArchiveNamed(files.archives, currentFile_);
+  List(files);
   eibi_.Load(folder);
   if (!currentFile_.IsEmpty()) problem_ = hfcc_.Load(folder + "\\" + currentFile_);
 }
@@ -28,7 +29,7 @@ bool Databases::Reload(bool hasNewEibi) {
   const WaitCursor wait;
   const TmyString folder = DataFolder();
   const bool hadArchive = !currentFile_.IsEmpty();
-  ListFolder(folder);
+  List(ListScheduleFiles(folder));
   const bool isOtherEibi = hasNewEibi && eibi_.Reload(folder);
   const bool isFirstArchive = !hadArchive && !currentFile_.IsEmpty();
   if (isFirstArchive) problem_ = hfcc_.Load(folder + "\\" + currentFile_);

@@ -22,7 +22,9 @@ class Databases {
 
   TmyEvent<TmyMenuItem&> archiveChosen;  // from the menu, which is made anew with each list
 
-  void Load();  // the EiBi schedule and the newest archive
+  // The archive to load at the start; a name that the folder does not have counts as none. Case does not.
+  void SetCurrentFile(const TmyString& name) { currentFile_ = name; }
+  void Load();  // the EiBi schedule and the current archive, without one the newest
   // After a download; true when a grid has other records now. A new EiBi file without records leaves the grid as it is;
   // the current archive stays, where there was none the newest is loaded.
   [[nodiscard]] bool Reload(bool hasNewEibi);
@@ -34,7 +36,7 @@ class Databases {
   [[nodiscard]] HfccLoad TakeProblem() noexcept;
 
  private:
-  void ListFolder(const TmyString& folder);
+  void List(const ScheduleFiles& files);
 
   EibiGrid& eibi_;
   FccGrid& hfcc_;

@@ -59,6 +59,11 @@ void FccGrid::SetFields(const uint32_t* fields, uint32_t count) {
   MoveSort(place == columns_.end() ? -1 : static_cast<int>(place - columns_.begin()));
 }
 
+void FccGrid::RestoreFields(const uint32_t* fields, uint32_t count) {
+  placesSeen_ = kFccFields;
+  SetFields(fields, count);
+}
+
 void FccGrid::ColumnMoved(uint32_t from, uint32_t to) {
   std::vector<uint32_t> fields = fields_;
   const uint32_t moved = fields[from];

@@ -18,6 +18,8 @@ class FccGrid : public ScheduleGrid {
   // never shown gets its field's own. (A dragged title takes its width along.) Sorting stays with the field, and ends
   // when the field is not shown any more.
   void SetFields(const uint32_t* fields, uint32_t count);
+  // As they were stored. Each place has a width then, which the caller sets.
+  void RestoreFields(const uint32_t* fields, uint32_t count);
   [[nodiscard]] const std::vector<uint32_t>& Fields() const noexcept { return fields_; }  // as they were set
   TmyEvent<> fieldsMoved;  // the user dragged a title: Fields() have another order; nothing needs a refresh
 

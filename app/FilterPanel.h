@@ -35,6 +35,7 @@ class FilterPanel : public TmyScrollPanel {
   [[nodiscard]] FilterChoices Choices() const;
   [[nodiscard]] bool FollowsClock() const;  // the time filter stands on the current time
   [[nodiscard]] bool IsAutoTuning() const { return autoTuning_.IsChecked(); }
+  void SetAutoTuning(bool on) { autoTuning_.SetChecked(on); }  // raises nothing
   [[nodiscard]] bool ShowsHfcc() const { return hfcc_.IsChecked(); }
   TmyEvent<> databaseChanged;      // by the user
   void ChooseDatabase(bool hfcc);  // raises nothing; names the text filters as the database does

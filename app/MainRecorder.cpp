@@ -48,16 +48,28 @@ void MainRecorder::End() {
   media_.StopRecording();
 }
 
-int MainRecorder::LayOut(int clientWidth, int clientHeight) {
-  const bool hasOwnRow = status_.HasNote();  // a note needs the whole width
-  const int statusWidth = hasOwnRow ? clientWidth : std::min(clientWidth, status_.PreferredWidth());
-  const int mediaWidth = hasOwnRow ? clientWidth : clientWidth - statusWidth;
-  const int mediaHeight = media_.PreferredHeight(mediaWidth);
-  const int statusHeight = hasOwnRow ? status_.PreferredHeight() : std::max(mediaHeight, status_.PreferredHeight());
-  const int height = hasOwnRow ? mediaHeight + statusHeight : statusHeight;
-  media_.SetBounds(0, clientHeight - height, mediaWidth, hasOwnRow ? mediaHeight : height);
-  status_.SetBounds(clientWidth - statusWidth, clientHeight - statusHeight, statusWidth, statusHeight);
-  return height;
+// A note needs the whole width, below the panel.
+int MainRecorder::MediaWidth(int width) const {
+  return status_.HasNote() ? width : width - std::min(width, status_.PreferredWidth());
+}
+
+MainRecorder::Heights MainRecorder::HeightsFor(int width) const {
+  const int media = MediaWidth(width), status = status_.PreferredHeight();
+  const int least = media_.PreferredHeight(media), most = media_.TwoRowHeight();
+  if (status_.HasNote()) return {least + status, most + status};
+  return {std::max(least, status), std::max(most, status)};
+}
+
+void MainRecorder::LayOut(const RECT& strip) {
+  const int width = strip.right - strip.left, height = strip.bottom - strip.top;
+  const int media = MediaWidth(width);
+  const int note = status_.HasNote() ? std::min(height, status_.PreferredHeight()) : 0;
+  media_.SetBounds(strip.left, strip.top, media, height - note);
+  if (note > 0) {
+    status_.SetBounds(strip.left, strip.bottom - note, width, note);
+  } else {
+    status_.SetBounds(strip.left + media, strip.top, width - media, height);
+  }
 }
 
 // The host may run a loop of its own inside, a box say: a click that tunes must not keep the mouse from it.

@@ -27,8 +27,11 @@ class MainRecorder : private RecordingOwner {
   void End();
 
   [[nodiscard]] RecordingSession& Session() noexcept { return session_; }
-  // Lays the panel and the counts out in the lowest part of a client area. Returns its height.
-  int LayOut(int clientWidth, int clientHeight);
+  struct Heights {
+    int least, most;  // pixels of the strip with panel and counts: with everything in one row, and in rows of its own
+  };
+  [[nodiscard]] Heights HeightsFor(int width) const;
+  void LayOut(const RECT& strip);
 
  private:
   bool Tune(uint32_t frequencyHz, uint32_t mode) override;
@@ -38,6 +41,7 @@ class MainRecorder : private RecordingOwner {
   TmyMediaPlayer& Media() override { return media_; }
   bool IsAlive() const override { return window_.IsAlive(); }
 
+  [[nodiscard]] int MediaWidth(int width) const;
   void NameRecording(RecordingParameters& parameters);
   void StateChanged(TmyMediaPlayer& media);
   void FileFull(const TmyString& next);

@@ -6,10 +6,17 @@
 #include "scheduler/TaskTime.h"
 
 void MainScheduler::LoadTasks() {
-  TaskFile::Load(DataFolder() + TaskFile::kName, tasks_, DateOfTime(Clock::Local()));
+  isFileMissed_ = !TaskFile::Load(DataFolder() + TaskFile::kName, tasks_, DateOfTime(Clock::Local()));
 }
 
-void MainScheduler::SaveTasks() const {
+// A file that still cannot be read is not replaced: there may be more in it than in the list.
+void MainScheduler::SaveTasks() {
+  if (isFileMissed_) {
+    TmyTypeList<TmxTask> missed;
+    if (!TaskFile::Load(DataFolder() + TaskFile::kName, missed, DateOfTime(Clock::Local()))) return;
+    isFileMissed_ = false;
+    for (uint32_t i = missed.Count(); i > 0; --i) tasks_.Insert(missed.Extract(i - 1), 0);
+  }
   TaskFile::Save(DataFolder() + TaskFile::kName, tasks_);
 }
 

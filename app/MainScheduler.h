@@ -12,7 +12,8 @@ class MainScheduler {
   explicit MainScheduler(RecordingSession& session) noexcept : session_(session), engine_(tasks_, session) {}
 
   void LoadTasks();  // appends those of the file
-  void SaveTasks() const;
+  // In place of the file. Tasks that were in it when it could not be read are put in front of the list.
+  void SaveTasks();
   void Tick() { engine_.Tick(); }
 
   [[nodiscard]] TmyTypeList<TmxTask>& Tasks() noexcept { return tasks_; }
@@ -23,4 +24,5 @@ class MainScheduler {
   RecordingSession& session_;
   TmyTypeList<TmxTask> tasks_;
   SchedulerEngine engine_;
+  bool isFileMissed_ = false;  // it was there and could not be read
 };

@@ -34,6 +34,12 @@ ScheduleFiles ListScheduleFiles(const TmyString& folder) {
   return files;
 }
 
+TmyString ArchiveNamed(const std::vector<TmyString>& archives, const TmyString& name) {
+  const TmyString lower = name.Lower();
+  const auto found = std::ranges::find_if(archives, [&](const TmyString& each) { return each.Lower() == lower; });
+  return found == archives.end() ? TmyString() : *found;
+}
+
 TmyString NewestArchive(const std::vector<TmyString>& archives) {
   const auto later = [](const TmyString& left, const TmyString& right) {
     const TmyString a = left.Lower();

@@ -29,6 +29,10 @@ int32_t SecondsOfDay(const SYSTEMTIME& time) noexcept {
   return (time.wHour * 60 + time.wMinute) * 60 + time.wSecond;
 }
 
+int LeastGridHeight() {
+  return kLeastGridRows * TmyApplication::Get().Theme().RowHeight();
+}
+
 bool FileExists(const TmyString& path) noexcept {
   const DWORD attributes = GetFileAttributesA(path.Chars());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
@@ -49,15 +53,14 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       recorder_(*this, link_, *status_, utc_),
       scheduler_(recorder_.Session()),
       desk_(*this, scheduler_, link_, hostInfo_, utc_),
+      splitter_(new TmySplitter(*this, SplitterGeometry::Keeps::kSecond)),
       databases_(*eibi_, *hfcc_, menu_) {
   if (!IsAlive()) return;
   SetDoubleBuffered(true);
   SetNewestInstance(this);
-  exportFolder_ = DocumentsFolder();
   menu_.AttachTo(Handle());
   BindCommands();
-  scheduler_.LoadTasks();
-  desk_.TasksLoaded();
+  settings_.Load({*this, menu_, *panel_, *eibi_, *hfcc_, databases_, scheduler_, desk_, utc_, exportFolder_});
   isReady_ = true;
   Shown().Control().Show(true);
   databases_.Load();
@@ -83,6 +86,7 @@ void TmxWindow::BindCommands() {
   menu_.exportItems.chosen.Bind<&TmxWindow::ExportCsv>(this);
   menu_.hfccSettings.chosen.Bind<&TmxWindow::ChooseColumns>(this);
   gridMenu_.showDetails.chosen.Bind<&TmxWindow::ShowDetails>(this);
+  splitter_->moved.Bind<&TmxWindow::SplitterMoved>(this);
   panel_->databaseChanged.Bind<&TmxWindow::DatabaseChosen>(this);
   panel_->changed.Bind<&TmxWindow::FilterChanged>(this);
   panel_->autoTuningChanged.Bind<&TmxWindow::AutoTuningChanged>(this);
@@ -133,7 +137,7 @@ void TmxWindow::Destroying() {
   EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
-  if (isReady_) scheduler_.SaveTasks();
+  settings_.Save();
   recorder_.End();
   Instances().Remove(*this);
   link_.TellClosed();
@@ -202,8 +206,10 @@ void TmxWindow::Download() {
   if (panel_->ShowsHfcc()) TellOfProblem();
 }
 
-// Asks once, whatever the answer is.
+// The question is asked once, whatever the answer is.
 void TmxWindow::ShowChanged(bool visible) {
+  if (visible && panel_->ShowsHfcc()) TellOfProblem();
+  if (!IsAlive()) return;
   if (!visible || isDatabaseQuestionAsked_ || !databases_.IsOneMissing()) return;
   isDatabaseQuestionAsked_ = true;
   const int answer = RunBox(
@@ -229,20 +235,26 @@ void TmxWindow::Timer(uintptr_t id) {
 
 void TmxWindow::Realign() {
   if (!isReady_) return;
-  const int width = ClientWidth();
-  const int below = recorder_.LayOut(width, ClientHeight());
-  const int panelHeight = PanelHeight(width, ClientHeight() - below);
-  const int gridHeight = std::max(0, ClientHeight() - panelHeight - below);
+  const int width = ClientWidth(), height = ClientHeight(), bar = TmySplitter::Thickness();
+  const MainRecorder::Heights strip = recorder_.HeightsFor(width);
+  const int panelHeight = PanelHeight(width, height - bar - std::clamp(splitter_->Length(), strip.least, strip.most));
   panel_->SetBounds(0, 0, width, panelHeight);
+  splitter_->SetLeast(std::max(LeastGridHeight(), height - panelHeight - bar - strip.most), strip.least);
+  splitter_->Place({0, panelHeight, width, std::max(height, panelHeight)});
+  recorder_.LayOut(splitter_->Second());
+  const RECT above = splitter_->First();
   for (ScheduleGrid* grid : std::initializer_list<ScheduleGrid*>{eibi_.get(), hfcc_.get()}) {
-    grid->Control().SetBounds(0, panelHeight, width, gridHeight);
+    grid->Control().SetBounds(0, above.top, width, above.bottom - above.top);
   }
 }
 
 // All its rows, unless some of the grid would no longer be seen: then the panel scrolls.
 int TmxWindow::PanelHeight(int width, int shared) const {
-  const int leastGrid = kLeastGridRows * TmyApplication::Get().Theme().RowHeight();
-  return std::min(panel_->ContentHeight(width), std::max(panel_->LeastHeight(), shared - leastGrid));
+  return std::min(panel_->ContentHeight(width), std::max(panel_->LeastHeight(), shared - LeastGridHeight()));
+}
+
+void TmxWindow::SplitterMoved(TmySplitter&) {
+  Realign();
 }
 
 void TmxWindow::ThemeChanged() {

@@ -13,6 +13,7 @@
 #include "app/MainMenu.h"
 #include "app/MainRecorder.h"
 #include "app/MainScheduler.h"
+#include "app/MainSettings.h"
 #include "app/SchedulerDesk.h"
 #include "app/StatusBar.h"
 #include "plugin/HostInfo.h"
@@ -20,6 +21,7 @@
 #include "plugin/InstanceList.h"
 #include "toolkit/TmyMsgBox.h"
 #include "toolkit/TmyPopupMenu.h"
+#include "toolkit/TmySplitter.h"
 
 // Posted to the main window: opens the download window.
 constexpr UINT kMsgDownload = WM_USER + 1;
@@ -48,6 +50,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void BindCommands();
   void ShowTexts();
   [[nodiscard]] int PanelHeight(int width, int shared) const;
+  void SplitterMoved(TmySplitter& splitter);
   void TellOfProblem();
   [[nodiscard]] ScheduleGrid& Shown() noexcept;  // the grid of the database chosen
   [[nodiscard]] ShownZone Zone() const;
@@ -98,7 +101,9 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   MainRecorder recorder_;
   MainScheduler scheduler_;
   SchedulerDesk desk_;
+  TmySplitter* splitter_;
   Databases databases_;
+  MainSettings settings_;
   TmyMsgBox* about_ = nullptr;          // while it is shown
   TuneTarget menuTarget_ = {};          // what the context menu was opened for, and the one record of the two
   const EibiItem* menuEibi_ = nullptr;  // its database owns it; reset when it is loaded anew

@@ -17,15 +17,17 @@ TmxTask TaskFile::TaskOf(std::span<const uint8_t> bytes, TaskDate localNow) noex
   return task;
 }
 
-void TaskFile::Load(const TmyString& path, TmyTypeList<TmxTask>& tasks, TaskDate localNow) {
+bool TaskFile::Load(const TmyString& path, TmyTypeList<TmxTask>& tasks, TaskDate localNow) {
   TmyFile file(path, GENERIC_READ, OPEN_EXISTING);
+  if (!file.IsOpen()) return GetFileAttributesA(path.Chars()) == INVALID_FILE_ATTRIBUTES;
   uint8_t bytes[kRecordsAtOnce * sizeof(TmxTask)];
   while (const uint32_t got = file.ReadSome(bytes, sizeof bytes)) {
     for (uint32_t at = 0; at < got; at += sizeof(TmxTask)) {
       std::unique_ptr<TmxTask> task(new (std::nothrow) TmxTask(TaskOf({bytes + at, bytes + got}, localNow)));
-      if (!task || !tasks.Add(std::move(task))) return;
+      if (!task || !tasks.Add(std::move(task))) return true;
     }
   }
+  return true;
 }
 
 bool TaskFile::Save(const TmyString& path, const TmyTypeList<TmxTask>& tasks) {

@@ -282,6 +282,7 @@ bool TmxSchedulerWindow::Closing() {
 }
 
 void TmxSchedulerWindow::Destroying() {
+  ending();
   if (editor_) std::exchange(editor_, nullptr)->Destroy();
   MSG message;  // tasks that nobody would free any more
   while (PeekMessageA(&message, Handle(), kMsgNewTask, kMsgNewTask, PM_REMOVE)) {

@@ -324,7 +324,7 @@ int TmyMediaPlayer::ButtonsWidth() const {
   return Theme().Step() + static_cast<int>(kButtonCount) * (buttons_[0].PreferredWidth() + gap) + gap;
 }
 
-bool TmyMediaPlayer::IsOneRow(int width) const {
+bool TmyMediaPlayer::FitsInOneRow(int width) const {
   const int step = Theme().Step();
   return width >= ButtonsWidth() + Theme().Scaled(kMinimumSlider) + TimeWidth() + 3 * step;
 }
@@ -333,23 +333,32 @@ int TmyMediaPlayer::TimeWidth() const {
   return Theme().Scaled(kDot) + Theme().Step() / 2 + Theme().TextWidth(kInitialTime) + 1;
 }
 
+int TmyMediaPlayer::OneRowHeight() const {
+  return static_cast<int>(buttons_[0].PreferredSize().cy) + 2 * Theme().Step();
+}
+
+int TmyMediaPlayer::TwoRowHeight() const {
+  return OneRowHeight() + TmySlider::PreferredHeight() + Theme().Step();
+}
+
 int TmyMediaPlayer::PreferredHeight(int width) const {
-  const int buttons = static_cast<int>(buttons_[0].PreferredSize().cy) + 2 * Theme().Step();
-  return IsOneRow(width) ? buttons : buttons + TmySlider::PreferredHeight() + Theme().Step();
+  return FitsInOneRow(width) ? OneRowHeight() : TwoRowHeight();
 }
 
 void TmyMediaPlayer::Realign() {
   const int step = Theme().Step();
   const SIZE button = buttons_[0].PreferredSize();
+  const bool isOneRow = FitsInOneRow(ClientWidth()) && ClientHeight() < TwoRowHeight();
+  const int upper = isOneRow ? std::max(step, (ClientHeight() - static_cast<int>(button.cy)) / 2) : step;
   int left = step;
   for (Tmy_Btn2& each : buttons_) {
-    each.SetBounds(left, step, button.cx, button.cy);
+    each.SetBounds(left, upper, button.cx, button.cy);
     left += button.cx + Theme().Scaled(kButtonGap);
   }
   buttons_[kRecord].SetGlyphColor(Theme().Color().record);  // the theme may be another one now
-  const bool isOneRow = IsOneRow(ClientWidth());
   const int height = TmySlider::PreferredHeight();
-  const int top = isOneRow ? step + (static_cast<int>(button.cy) - height) / 2 : 2 * step + static_cast<int>(button.cy);
+  const int top =
+      isOneRow ? upper + (static_cast<int>(button.cy) - height) / 2 : 2 * step + static_cast<int>(button.cy);
   const int begin = isOneRow ? ButtonsWidth() : step, end = ClientWidth() - step - TimeWidth();
   slider_->SetBounds(begin, top, std::max(0, end - step - begin), height);
   const int text = end + Theme().Scaled(kDot) + step / 2;

@@ -57,6 +57,7 @@ class TmyMediaPlayer : public TmyPanel {
 
   // Pixels for a width: the slider and the label get a row of their own when there is no room beside the buttons.
   [[nodiscard]] int PreferredHeight(int width) const;
+  [[nodiscard]] int TwoRowHeight() const;  // with that row; the panel uses it when it is that high
 
   void Realign() override;
   void Paint(HDC dc) override;
@@ -90,8 +91,9 @@ class TmyMediaPlayer : public TmyPanel {
   void RepaintDot();
   [[nodiscard]] RECT DotArea() const;
   [[nodiscard]] int ButtonsWidth() const;  // pixels
+  [[nodiscard]] int OneRowHeight() const;
   [[nodiscard]] int TimeWidth() const;
-  [[nodiscard]] bool IsOneRow(int width) const;
+  [[nodiscard]] bool FitsInOneRow(int width) const;
   [[nodiscard]] bool IsRecordingState() const noexcept { return state_ == kRecording || state_ == kRecordingPaused; }
 
   std::array<Tmy_Btn2, kButtonCount> buttons_;

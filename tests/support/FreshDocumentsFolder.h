@@ -1,10 +1,11 @@
-// Marlux 3. A documents folder of a test's own, for as long as the object lives.
+// Marlux 3. A documents folder and a registry of a test's own, for as long as the object lives.
 //
 //   FreshDocumentsFolder documents;   // SHGetFolderPathA(CSIDL_PERSONAL) leads to documents.Path() now
 //
 // The shell asks the registry at each call, so this works within the running process. Not for two programs at once.
 #pragma once
 
+#include "tests/support/FreshRegistry.h"
 #include "tests/support/TestEnvironment.h"
 
 class FreshDocumentsFolder {
@@ -12,12 +13,11 @@ class FreshDocumentsFolder {
   FreshDocumentsFolder();
   FreshDocumentsFolder(const FreshDocumentsFolder&) = delete;
   FreshDocumentsFolder& operator=(const FreshDocumentsFolder&) = delete;
-  ~FreshDocumentsFolder();
 
   [[nodiscard]] const std::string& Path() const { return folder_.Path(); }  // without a backslash at the end
   [[nodiscard]] std::string DataFolder() const { return Path() + "\\Corvane\\Marlux3"; }  // not made by this class
 
  private:
+  FreshRegistry registry_;  // which also tells where the folder is
   TemporaryFolder folder_;
-  std::string before_;  // the registry's text, empty when there was none
 };

@@ -83,6 +83,7 @@ TEST_F(CloseInside, EveryPlaceByCloseAndByUnload) {
   for (const auto& place : kPlaces) {
     for (const bool unload : {false, true}) {
       SCOPED_TRACE(std::string(place.name) + (unload ? ", unload" : ""));
+      ForgetSettings();
       const HWND window = StartPlugin();
       const auto action = [&] { unload ? CloseAndUnload() : host_.Close(7); };
       place.during == 0 ? host_.When(&IsLoopOpen, action) : host_.During(place.during, action);

@@ -202,7 +202,7 @@ TEST_F(Download, EndsInEveryPhaseInEveryWay) {
       EXPECT_EQ(File("x.zip"), phase.path[0] == '\0' ? "content of x" : "");
       EXPECT_FALSE(std::filesystem::exists(documents_.DataFolder() + "\\x.zip.new"));
       host_.Close(7);
-      host_.PumpFor(20);  // nothing that was on its way may arrive
+      host_.PumpFor(20);          // nothing that was on its way may arrive
       ASSERT_TRUE(host_.Load());  // an unload inside leaves a reference, which the next call gives back
       host_.Done();
       host_.Unload();

@@ -10,6 +10,7 @@ class PluginFixture : public testing::Test {
  public:  // tables of functions reach in
   explicit PluginFixture(const std::string& modulePath = FakeHost::ModulePath());
 
+  static void ForgetSettings() { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Corvane Communications"); }
   void WriteSchedule(const std::string& content);
   // Header lines, then one broadcast each: 9420, 6005 and 15770.5 kHz, in this order.
   static std::string ThreeBroadcasts();

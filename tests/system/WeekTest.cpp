@@ -152,6 +152,7 @@ void WeekTest::RunWeek(uint32_t set) {
   ASSERT_TRUE(WriteFileBytes(fileName, file));
   const std::string recordings = documents_.DataFolder() + "\\Recordings";
   std::filesystem::remove_all(recordings);
+  ForgetSettings();
   const HWND window = StartPlugin();
   KillTimer(window, 1);
   std::filesystem::remove(fileName);  // it is written again at the end

@@ -1,0 +1,78 @@
+#include "app/MainSettings.h"
+
+#include <algorithm>
+
+#include "plugin/DataFolders.h"
+
+namespace {
+
+template <class Array>
+void TakeWidths(const TmyStringGrid& grid, Array& widths) {
+  std::copy_n(grid.Widths(), widths.size(), widths.begin());
+}
+
+template <class Array>
+void GiveWidths(TmyStringGrid& grid, const Array& widths) {
+  grid.SetWidths(widths.data(), static_cast<uint32_t>(widths.size()));
+}
+
+}  // namespace
+
+void MainSettings::Load(const Owners& owners) {
+  TakeWidths(owners.eibi.Control(), settings_.eibiWidths);
+  TakeWidths(owners.hfcc.Control(), settings_.fccWidths);
+  TakeWidths(owners.desk.SchedulerWindow().Grid(), settings_.taskWidths);
+  SettingsStore::Load(settings_, DocumentsFolder());
+  owners.scheduler.LoadTasks();
+  owners.desk.TasksLoaded();
+  owners_.emplace(owners);
+  Apply();
+}
+
+void MainSettings::Apply() {
+  window_.Restore(owners_->window, settings_.window);
+  ApplyScheduler();
+  owners_->utc = settings_.isUtc;
+  owners_->menu.utcTime.Check(settings_.isUtc);
+  owners_->panel.SetAutoTuning(settings_.isAutoTuning);
+  owners_->panel.ChooseDatabase(settings_.database == kHfcc);
+  owners_->hfcc.RestoreFields(settings_.fccSlots.data(), settings_.fccCount);
+  GiveWidths(owners_->hfcc.Control(), settings_.fccWidths);
+  GiveWidths(owners_->eibi.Control(), settings_.eibiWidths);
+  owners_->databases.SetCurrentFile(settings_.currentFile);
+  owners_->exportFolder = settings_.exportFolder;
+}
+
+// The widths first: the window is never narrower than the columns.
+void MainSettings::ApplyScheduler() {
+  TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
+  GiveWidths(window.Grid(), settings_.taskWidths);
+  scheduler_.Restore(window, settings_.scheduler);
+  window.ending.Bind<&MainSettings::SchedulerEnds>(this);
+  hasScheduler_ = true;
+}
+
+void MainSettings::SchedulerEnds() {
+  TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
+  settings_.scheduler = scheduler_.Current(window);
+  TakeWidths(window.Grid(), settings_.taskWidths);
+  hasScheduler_ = false;
+}
+
+// What lies behind the shown fields stays as it was stored.
+void MainSettings::Save() {
+  if (!owners_) return;
+  if (hasScheduler_) SchedulerEnds();
+  settings_.window = window_.Current(owners_->window);
+  settings_.isUtc = owners_->utc;
+  settings_.isAutoTuning = owners_->panel.IsAutoTuning();
+  settings_.database = owners_->panel.ShowsHfcc() ? kHfcc : kEibi;
+  const std::vector<uint32_t>& fields = owners_->hfcc.Fields();
+  settings_.fccCount = static_cast<uint32_t>(fields.size());
+  std::ranges::copy(fields, settings_.fccSlots.begin());
+  TakeWidths(owners_->hfcc.Control(), settings_.fccWidths);
+  TakeWidths(owners_->eibi.Control(), settings_.eibiWidths);
+  settings_.currentFile = owners_->databases.CurrentFile();
+  settings_.exportFolder = owners_->exportFolder;
+  SettingsStore::Save(settings_, [this] { owners_->scheduler.SaveTasks(); });
+}
