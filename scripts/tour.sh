@@ -95,6 +95,21 @@ key alt+o && key s
 shoot_screen 14-hfcc-columns
 key Escape
 
+# A task for the station of a row. A new one is for now: it runs as soon as it is in the list.
+click 330 183 3
+key s
+wait_for 'xdotool search --onlyvisible --name "^New Task$" >/dev/null 2>&1'
+shoot 15-task
+key Tab F4
+shoot_screen 16-calendar
+key Escape Return
+tell 'waitfor "TuneFourth(0x902) a=5000"'
+xdotool search --onlyvisible --name "^Scheduler$" windowactivate --sync  # Wine leaves the focus to the window manager
+shoot 17-scheduler
+key Delete
+shoot_screen 18-delete-task
+key Escape Escape
+
 tell close 7
 tell waitfor InstanceGone
 tell quit
