@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW | WS_TABSTOP | WS_CLIPCHILDREN;
+// As a pop-up it is a dialog to window managers under Wine, which then give it the keyboard.
+constexpr DWORD kStyle = WS_POPUP | WS_OVERLAPPEDWINDOW | WS_TABSTOP | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
 constexpr int kLeastWidth = 429;  // pixels, frame included
 constexpr int kLeastHeight = 208;
@@ -252,8 +253,9 @@ bool TmxSchedulerWindow::IsConfirmed() {
 }
 
 void TmxSchedulerWindow::Open() {
-  ShowWindow(Handle(), IsIconic(Handle()) ? SW_RESTORE : SW_SHOW);
-  if (IsAlive()) SetForegroundWindow(OpenDialog() ? OpenDialog()->Handle() : Handle());
+  if (!IsVisible()) return Show(true);
+  if (IsIconic(Handle())) ShowWindow(Handle(), SW_RESTORE);
+  SetForegroundWindow(OpenDialog() ? OpenDialog()->Handle() : Handle());
 }
 
 void TmxSchedulerWindow::PostNewTask(std::unique_ptr<TmxTask> task) {

@@ -11,6 +11,8 @@ rm -f "$out"/*.png "$out"/host.log
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkfifo "$work/commands"
+# As at a first start, unless the prefix is the one in which a user works.
+[ -z "${MARLUX_WINE:-}" ] || wine reg delete 'HKCU\Software\Corvane Communications' /f >/dev/null 2>&1 || true
 
 wine "$BUILD_DIR/bin/marlux-host.exe" --dll "$BUILD_DIR/bin/marlux3.dll" --minimized --script - \
   --log "$(winepath -w "$out/host.log")" <"$work/commands" >"$work/output" 2>&1 &
@@ -112,6 +114,21 @@ key Tab space
 tell 'waitfor "MediaState(0x1101) a=1"'
 sleep 1
 shoot 16-playing
+
+# A task for the station of a row. A new one is for now: it runs as soon as it is in the list.
+click 330 183 3
+key s
+wait_for 'xdotool search --onlyvisible --name "^New Task$" >/dev/null 2>&1'
+shoot 17-task
+key Tab F4
+shoot_screen 18-calendar
+key Escape Return
+tell 'waitfor "TuneFourth(0x902) a=5000"'
+xdotool search --onlyvisible --name "^Scheduler$" windowactivate --sync  # Wine leaves the focus to the window manager
+shoot 19-scheduler
+key Delete
+shoot_screen 20-delete-task
+key Escape Escape
 
 tell close 7
 tell waitfor InstanceGone

@@ -6,19 +6,12 @@
 
 #include "scheduler/SchedulerOwner.h"
 #include "scheduler/TmxSchedulerWindow.h"
+#include "tests/support/FakeHost.h"
 #include "tests/toolkit/ControlFixture.h"
 
 class SchedulerFixture : public testing::Test, public SchedulerOwner {
  public:
   SchedulerFixture() {
-    static uint32_t block[128] = {sizeof block};
-    constexpr int32_t kModes[] = {4, 1, 9};
-    block[100] = 100, block[101] = 30000;  // kHz
-    for (int i = 0; i < 3; ++i) block[102 + 7 * i] = static_cast<uint32_t>(kModes[i]);
-    block[224 / 4] = reinterpret_cast<uintptr_t>(&block[100]);
-    block[228 / 4] = 3;
-    block[236 / 4] = reinterpret_cast<uintptr_t>(&block[102]);
-    host_ = HostInfo::Copy(block);
     scheduler_ = new TmxSchedulerWindow(*this);
     scheduler_->Open();
   }
@@ -54,7 +47,7 @@ class SchedulerFixture : public testing::Test, public SchedulerOwner {
   }
 
   TmyTypeList<TmxTask> tasks_;
-  HostInfo host_;
+  HostInfo host_ = HostInfo::Copy(HostBlockOfReceiver().data());  // up to 30 MHz, modes 1 and 9
   bool utc_ = true;
   TmyComponent* window_ = new TmyComponent("Owner", WS_POPUP | WS_VISIBLE, 0, 0, 0, 300, 200, nullptr);
   TmxSchedulerWindow* scheduler_;
