@@ -35,5 +35,5 @@ GridMenu::GridMenu(TmyMenu& menu)
       tune(menu.AddItem("&Tune to this frequency")),
       record(menu.AddItem("Start &recording this station")),
       schedule(menu.AddItem("&Schedule this station")) {
-  for (TmyMenuItem* item : {&record, &schedule}) item->Enable(false);
+  schedule.Enable(false);  // its window does not exist yet
 }

@@ -2,14 +2,37 @@
 
 #include "toolkit/TmyApplication.h"
 
+namespace {
+TmyString CountsText(uint32_t shown, uint32_t all) {
+  return Formatted("%u of %u broadcasts", shown, all);
+}
+}  // namespace
+
 StatusBar::StatusBar(TmyComponent& parent) : TmyPanel(parent, WS_VISIBLE) {}
 
 void StatusBar::SetCounts(uint32_t shown, uint32_t all) {
-  const TmyString next = Formatted("%u of %u broadcasts", shown, all);
+  const TmyString next = CountsText(shown, all);
   if (next == text_) return;
   text_ = next;
   SetCaption(text_);  // what automation and screen readers see
   Repaint();
+  const TmyString widest = CountsText(all, all);
+  if (widest == widest_) return;
+  widest_ = widest;
+  if (TmyComponent* const parent = GetParent()) parent->Realign();
+}
+
+void StatusBar::SetNote(const TmyString& note) {
+  if (note == note_) return;
+  note_ = note;
+  SetToolTip(note);  // whole, where the window is narrow
+  Repaint();
+  if (TmyComponent* const parent = GetParent()) parent->Realign();
+}
+
+int StatusBar::PreferredWidth() const {
+  const TmyTheme& theme = TmyApplication::Get().Theme();
+  return theme.TextWidth(widest_.View()) + 2 * theme.Step();
 }
 
 int StatusBar::PreferredHeight() const {
@@ -19,7 +42,10 @@ int StatusBar::PreferredHeight() const {
 
 void StatusBar::Paint(HDC dc) {
   const TmyTheme& theme = TmyApplication::Get().Theme();
+  const COLORREF color = theme.Color().secondary;
   ThemeDraw::Fill(dc, {0, 0, ClientWidth(), 1}, theme.Color().line);
-  const RECT area = {theme.Step(), 1, ClientWidth() - theme.Step(), ClientHeight()};
-  ThemeDraw::Text(dc, area, text_.View(), theme.Color().secondary, Font(), DT_RIGHT | DT_NOCLIP);
+  RECT area = {theme.Step(), 1, ClientWidth() - theme.Step(), ClientHeight()};
+  ThemeDraw::Text(dc, area, text_.View(), color, Font(), DT_RIGHT | DT_NOCLIP);
+  area.right -= theme.TextWidth(text_.View()) + 2 * theme.Step();
+  if (HasNote()) ThemeDraw::Text(dc, area, note_.View(), color, Font());
 }

@@ -45,7 +45,8 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       eibi_(std::make_unique<EibiGrid>(*this)),
       hfcc_(std::make_unique<FccGrid>(*this)),
       status_(new StatusBar(*this)),
-      databases_(*eibi_, *hfcc_, menu_) {
+      databases_(*eibi_, *hfcc_, menu_),
+      recorder_(*this, link_, *status_, utc_) {
   if (!IsAlive()) return;
   SetDoubleBuffered(true);
   SetNewestInstance(this);
@@ -70,6 +71,7 @@ void TmxWindow::BindCommands() {
   menu_.help.chosen.Bind<&TmxWindow::ShowHelp>(this);
   menu_.about.chosen.Bind<&TmxWindow::ShowAbout>(this);
   gridMenu_.tune.chosen.Bind<&TmxWindow::TuneFromMenu>(this);
+  gridMenu_.record.chosen.Bind<&TmxWindow::RecordFromMenu>(this);
   menu_.exportItems.chosen.Bind<&TmxWindow::ExportCsv>(this);
   menu_.hfccSettings.chosen.Bind<&TmxWindow::ChooseColumns>(this);
   gridMenu_.showDetails.chosen.Bind<&TmxWindow::ShowDetails>(this);
@@ -95,16 +97,22 @@ uint32_t TmxWindow::Start(uint32_t hostHandle, HostCallback callback) {
   return instance;
 }
 
-void TmxWindow::Notification(uint32_t code, uint32_t, uint32_t, uint32_t c) {
+// The host may be told of something inside and close the plug-in there: the window's object is held to the end.
+void TmxWindow::Notification(uint32_t code, uint32_t a, uint32_t, uint32_t c) {
+  const Hold hold;
   switch (code) {
     case HostNotification::kClose:
-      SendMessageA(Handle(), WM_CLOSE, 0, 0);  // this object is gone afterwards
+      SendMessageA(Handle(), WM_CLOSE, 0, 0);
       break;
     case HostNotification::kHostInfo:
       hostInfo_ = HostInfo::Copy(reinterpret_cast<const void*>(c));
       break;
-    case HostNotification::kFrequencyChanged:  // ends a recording; none can run
-    case HostNotification::kAudio:             // for a recording; none can run
+    case HostNotification::kFrequencyChanged:
+      recorder_.FrequencyChanged();
+      break;
+    case HostNotification::kAudio:
+      recorder_.Audio(a, reinterpret_cast<const void*>(c));
+      break;
     default:
       break;
   }
@@ -117,6 +125,7 @@ void TmxWindow::Destroying() {
   EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
+  recorder_.End();
   Instances().Remove(*this);
   link_.TellClosed();
   hostInfo_ = HostInfo();
@@ -209,13 +218,11 @@ void TmxWindow::Realign() {
   if (!isReady_) return;
   const int width = ClientWidth();
   const int panelHeight = panel_->HeightFor(width);
-  const int statusHeight = status_->PreferredHeight();
-  const int gridHeight = std::max(0, ClientHeight() - panelHeight - statusHeight);
+  const int gridHeight = std::max(0, ClientHeight() - panelHeight - recorder_.LayOut(width, ClientHeight()));
   panel_->SetBounds(0, 0, width, panelHeight);
   for (ScheduleGrid* grid : std::initializer_list<ScheduleGrid*>{eibi_.get(), hfcc_.get()}) {
     grid->Control().SetBounds(0, panelHeight, width, gridHeight);
   }
-  status_->SetBounds(0, panelHeight + gridHeight, width, statusHeight);
 }
 
 void TmxWindow::ThemeChanged() {
@@ -298,20 +305,15 @@ void TmxWindow::RowContext(uint32_t row, int x, int y) {
 }
 
 void TmxWindow::TuneFromMenu(TmyMenuItem&) {
-  Tune(menuTarget_);
+  recorder_.TuneStation(menuTarget_);
 }
 
-// A record without a readable frequency is nothing to tune to. The host may run a loop of its own inside, a box say: a
-// click that tunes must not keep the mouse from it.
-void TmxWindow::Tune(const TuneTarget& target) {
-  if (static_cast<int32_t>(target.frequencyHz) <= 0) return;
-  ReleaseCapture();
-  link_.Tune(target.frequencyHz, target.mode);
+void TmxWindow::RecordFromMenu(TmyMenuItem&) {
+  recorder_.RecordStation(menuTarget_);
 }
 
 void TmxWindow::TuneTo(uint32_t row) {
-  if (!Shown().ShowsRecord(row)) return;
-  Tune(Shown().TargetOf(row));
+  if (Shown().ShowsRecord(row)) recorder_.TuneStation(Shown().TargetOf(row));
 }
 
 void TmxWindow::ShowDetails(TmyMenuItem&) {

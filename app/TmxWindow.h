@@ -11,6 +11,7 @@
 #include "app/FilterPanel.h"
 #include "app/HelpLibrary.h"
 #include "app/MainMenu.h"
+#include "app/MainRecorder.h"
 #include "app/StatusBar.h"
 #include "plugin/HostInfo.h"
 #include "plugin/HostLink.h"
@@ -54,6 +55,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ShowHelp(TmyMenuItem& item);
   void ShowAbout(TmyMenuItem& item);
   void TuneFromMenu(TmyMenuItem& item);
+  void RecordFromMenu(TmyMenuItem& item);
   void ShowDetails(TmyMenuItem& item);
   void CheckForUpdates(TmyMenuItem& item);
   void Download();
@@ -74,7 +76,6 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void SortChanged();
   void Refresh(bool changedOnly);
   void TuneTo(uint32_t row);
-  void Tune(const TuneTarget& target);
   [[nodiscard]] bool IsClicking() const;  // a button is down, or a second click may still come
 
   HostInfo hostInfo_;
@@ -89,6 +90,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   std::unique_ptr<FccGrid> hfcc_;
   StatusBar* status_;
   Databases databases_;
+  MainRecorder recorder_;
   TmyMsgBox* about_ = nullptr;          // while it is shown
   TuneTarget menuTarget_ = {};          // what the context menu was opened for, and the one record of the two
   const EibiItem* menuEibi_ = nullptr;  // its database owns it; reset when it is loaded anew

@@ -42,12 +42,14 @@ bool AudioFeed::FitSize(uint64_t bytes) {
 
 // Between the two calls and inside them the host may end the recording, start another one, close the plug-in.
 bool AudioFeed::GoOnInNextFile(uint32_t sampleRate, uint32_t channels) {
+  const struct Change {
+    bool& flag;
+    ~Change() { flag = false; }  // also when there is no memory for the next file
+  } change{isChangingFile_ = true};
   const TmyString next = recorder_.FileName() + "_.wav";
-  isChangingFile_ = true;
   recorder_.StopRecording();
   const bool goesOn = isChangingFile_ && recorder_.IsAlive() && recorder_.StateCode() == TmyMediaPlayer::kIdle;
   if (goesOn) recorder_.StartRecording(next, sampleRate, channels, kBits);
-  isChangingFile_ = false;
   return goesOn && recorder_.IsAlive() && recorder_.StateCode() == TmyMediaPlayer::kRecording && recorder_.File();
 }
 

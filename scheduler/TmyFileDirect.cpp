@@ -15,6 +15,8 @@ constexpr DWORD kTransferMs = 30000;
 constexpr uint32_t kUsualSector = 4096;  // a multiple of all usual sizes, for volumes that do not tell theirs
 constexpr uint32_t kLargestBuffer = 64U << 20;
 
+static_assert(TmyFileDirect::BlockSizeFor(512) == 512 && TmyFileDirect::BlockSizeFor(520) == 8320);
+
 uint32_t BytesPerSector(const char* path) {
   char root[MAX_PATH + 1] = "";
   DWORD clusterSectors = 0;

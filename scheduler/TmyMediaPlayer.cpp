@@ -285,8 +285,10 @@ void TmyMediaPlayer::UpdateButtons() {
   for (uint32_t i = 0; i < kButtonCount; ++i) buttons_[i].Enable(Does(static_cast<Button>(i)));
   buttons_[kPause].SetLit(isPaused);
   buttons_[kPause].SetMeaning(isPaused ? "Continue" : "Pause");
+  const bool hadFocus = ::GetFocus() == slider_->Handle();
   slider_->Enable(device_.IsOpen());
   KeepFocus();
+  if (hadFocus && !device_.IsOpen()) TakeFocus();  // a disabled window would swallow the keys
 }
 
 // The keyboard must not stay on a button that does nothing any more: it goes to what one wants next.

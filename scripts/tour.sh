@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A walk through the main window on the screen that DISPLAY names: start, filter, sort, tune, close. Leaves pictures and
-# the host's log under build/screenshots/. Fails when the host says that something went wrong.
+# A walk through the main window on the screen that DISPLAY names: start, filter, sort, tune, record, play, close.
+# Leaves pictures and the host's log under build/screenshots/. Fails when the host says that something went wrong.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -94,6 +94,24 @@ key Escape
 key alt+o && key s
 shoot_screen 14-hfcc-columns
 key Escape
+
+# A recording of the first broadcast around 9420 kHz; the host's retuning ends it. Then it is played.
+click 30 37
+click 338 37
+click 697 37 && key ctrl+a && xdotool type 200 && key Tab
+tell audio tone 48000 1 16
+click 330 183 3
+key r
+tell 'waitfor "MediaState(0x1101) a=0"'
+sleep 3
+shoot 15-recording
+tell retune 9420000
+tell audio off
+click 330 183
+key Tab space
+tell 'waitfor "MediaState(0x1101) a=1"'
+sleep 1
+shoot 16-playing
 
 tell close 7
 tell waitfor InstanceGone

@@ -99,17 +99,21 @@ void TmyApplication::RegisterWindowClass() {
   atom_ = RegisterClassExA(&windowClass);
 }
 
-// Top-level windows take their children along. A window of another thread cannot be destroyed from here: it loses its
-// object, and so every call into this module except the window procedure itself, which it loses too.
+// Top-level windows take their children along; they go first, for they still use their children while they end. A
+// window of another thread cannot be destroyed from here: it loses its object, and so every call into this module
+// except the window procedure itself, which it loses too. The same is done to its children.
 void TmyApplication::DestroyWindows() noexcept {
-  for (uint32_t i = windows_.Count(); i-- > 0;) {
-    if (i >= windows_.Count()) continue;  // destroying one may have taken others along
-    auto* window = static_cast<TmyWindowBase*>(windows_.Get(i));
-    if (!window->AsComponent() || !window->IsAlive()) continue;
-    const HWND handle = window->Handle();
-    if (DestroyWindow(handle) || !IsWindow(handle)) continue;
-    SetWindowLongPtrA(handle, GWLP_USERDATA, 0);
-    SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcA));
+  for (const bool children : {false, true}) {
+    for (uint32_t i = windows_.Count(); i-- > 0;) {
+      if (i >= windows_.Count()) continue;  // destroying one may have taken others along
+      auto* window = static_cast<TmyWindowBase*>(windows_.Get(i));
+      if (!window->AsComponent() || !window->IsAlive()) continue;
+      const HWND handle = window->Handle();
+      const bool isChild = (GetWindowLongA(handle, GWL_STYLE) & WS_CHILD) != 0;
+      if (isChild != children || DestroyWindow(handle) || !IsWindow(handle)) continue;
+      SetWindowLongPtrA(handle, GWLP_USERDATA, 0);
+      SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcA));
+    }
   }
 }
 

@@ -70,7 +70,8 @@ void TmySlider::Paint(HDC dc) {
   const int height = Theme().Scaled(kTrackHeight), top = (ClientHeight() - height) / 2;
   const int left = ThumbLeft(), begin = kFocusGap + 1;
   ThemeDraw::Fill(dc, {begin, top, ClientWidth() - begin, top + height}, color.line);
-  const COLORREF live = IsEnabled() && maximum_ > 0 ? color.accent : color.line;
+  const COLORREF dead = Theme().IsHighContrast() ? color.disabled : color.line;
+  const COLORREF live = IsEnabled() && maximum_ > 0 ? color.accent : dead;
   ThemeDraw::Fill(dc, {begin, top, left, top + height}, live);
   const int thumb = std::min(Theme().Scaled(kThumbHeight), ClientHeight());
   RECT area = {left, (ClientHeight() - thumb) / 2, left + ThumbWidth(), (ClientHeight() + thumb) / 2};

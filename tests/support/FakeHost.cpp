@@ -116,8 +116,8 @@ uint32_t FakeHost::Start(uint32_t handle, const void* block) {
   return instance;
 }
 
-void FakeHost::Notify(uint32_t handle, uint32_t code, const void* c) {
-  Call<void>("zqnPluginNotify", handle, code, 0u, 0u, c);
+void FakeHost::Notify(uint32_t handle, uint32_t code, const void* c, uint32_t a) {
+  Call<void>("zqnPluginNotify", handle, code, a, 0u, c);
 }
 
 void FakeHost::Done() {

@@ -48,7 +48,7 @@ class FakeHost {
   // Returns the instance. Without a block the receiver's one is used.
   uint32_t Start(uint32_t handle);
   uint32_t Start(uint32_t handle, const void* block);
-  void Notify(uint32_t handle, uint32_t code, const void* c = nullptr);
+  void Notify(uint32_t handle, uint32_t code, const void* c = nullptr, uint32_t a = 0);
   void Close(uint32_t handle) { Notify(handle, 0x4000); }
   void Done();
 

@@ -43,6 +43,7 @@ class CloseInside : public PluginFixture {
     SwitchAutoTuning(window);
     Key(Grid(window), VK_END);
   }
+  void RecordButton(HWND window) { PressFirstMediaButton(window); }
   void About(HWND window) { OpenAbout(window); }
   void CloseBox(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
   void Menu(HWND window) {
@@ -75,6 +76,8 @@ TEST_F(CloseInside, EveryPlaceByCloseAndByUnload) {
       {"last step", &CloseInside::Enter, 0x902, {0x800, 0x900, 0xF00, 0x902, 0x1509, 0x4000}},
       {"mouse", &CloseInside::DoubleClick, 0x900, {0x800, 0x900, 0x1509, 0x4000}},
       {"timer", &CloseInside::RestAfterAKey, 0x900, {0x800, 0x900, 0x1509, 0x4000}},
+      {"recording's name", &CloseInside::RecordButton, 0x4002, {0x4002, 0x1509, 0x4000}},
+      {"recording", &CloseInside::RecordButton, 0x1101, {0x4002, 0x1101, 0x1509, 0x4000}},
       {"end", &CloseInside::CloseBox, 0x1509, {0x1509, 0x4000}},
       {"last call", &CloseInside::CloseBox, 0x4000, {0x1509, 0x4000}},
       {"box", &CloseInside::About, 0, {0x1509, 0x4000}},

@@ -54,7 +54,7 @@ TEST_F(Menus, GridMenuOpensByKeyboardAndMouseAndTunesTheCurrentRow) {
   RECT place;
   GetWindowRect(grid, &place);
   const LPARAM firstRow = MAKELPARAM(place.left + 30, place.top + 30);
-  const auto expected = ElementsAre("Show &details", "&Tune to this frequency", "-Start &recording this station",
+  const auto expected = ElementsAre("Show &details", "&Tune to this frequency", "Start &recording this station",
                                     "-&Schedule this station");
   EXPECT_THAT(ContextMenu(window, -1, WM_CANCELMODE), expected);
   EXPECT_TRUE(host_.Calls().empty());

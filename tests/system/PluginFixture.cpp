@@ -99,11 +99,16 @@ uint32_t PluginFixture::DoubleClickLastRow(HWND grid) {
 
 void PluginFixture::SwitchAutoTuning(HWND window) {
   SetFocus(Grid(window));
-  KeyWhereTheFocusIs(VK_TAB);
-  EXPECT_EQ(GetFocus(), Panel(window));
+  for (int i = 0; i < 9 && GetFocus() != Panel(window); ++i) KeyWhereTheFocusIs(VK_TAB);
   KeyWhereTheFocusIs(VK_TAB);
   KeyWhereTheFocusIs(VK_SPACE);
   SetFocus(Grid(window));
+}
+
+void PluginFixture::PressFirstMediaButton(HWND window) {
+  SetFocus(Grid(window));
+  KeyWhereTheFocusIs(VK_TAB);
+  KeyWhereTheFocusIs(VK_SPACE);
 }
 
 void PluginFixture::Choose(HWND window, const std::string& item) {

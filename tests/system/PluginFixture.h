@@ -30,8 +30,10 @@ class PluginFixture : public testing::Test {
   void Click(HWND window, int x, int y, int times = 1);
   // Double clicks from below upwards until a row tunes the host; the frequency, 0 when none did.
   uint32_t DoubleClickLastRow(HWND grid);
-  // The panel's second stop, behind the choice of the database; the grid comes before the panel.
+  // The panel's second stop, behind the choice of the database.
   void SwitchAutoTuning(HWND window);
+  // The media panel's first one that does something: "Record"; while something is recorded "Stop".
+  void PressFirstMediaButton(HWND window);
   void Choose(HWND window, const std::string& item);  // from the menu bar, "&" included
   void OpenAbout(HWND window) { Choose(window, "&About"); }
 

@@ -1,0 +1,52 @@
+// Marlux 3. The main window's room for recording and playback: the media panel, what it records from the host, and who
+// may tune the receiver meanwhile.
+//
+//   recorder_.TuneStation(target);      // nothing while a recording of ours runs
+//   recorder_.RecordStation(target);
+//   recorder_.Audio(a, block);          // a notification: the caller holds the window
+//
+// The host runs inside each of these and may close the plug-in: the window is asked IsAlive afterwards.
+#pragma once
+
+#include "app/ScheduleGrid.h"
+#include "app/StatusBar.h"
+#include "plugin/HostLink.h"
+#include "scheduler/AudioFeed.h"
+#include "scheduler/RecordingSession.h"
+
+class MainRecorder : private RecordingOwner {
+ public:
+  // All outlive it. `utc` tells whether times are in UTC now.
+  MainRecorder(TmyComponent& window, HostLink& link, StatusBar& status, const bool& utc);
+
+  void TuneStation(const TuneTarget& target);
+  void RecordStation(const TuneTarget& target);
+  void Audio(uint32_t kind, const void* block) { feed_.Feed(kind, block); }
+  void FrequencyChanged();  // told by the host
+  // The window goes: files are whole afterwards, and the host is told nothing any more.
+  void End();
+
+  [[nodiscard]] RecordingSession& Session() noexcept { return session_; }
+  // Lays the panel and the counts out in the lowest part of a client area. Returns its height.
+  int LayOut(int clientWidth, int clientHeight);
+
+ private:
+  bool Tune(uint32_t frequencyHz, uint32_t mode) override;
+  int64_t CurrentFrequency() override { return link_.CurrentFrequency(); }
+  void SetCaption(const TmyString& caption) override { window_.SetCaption(caption); }
+  bool IsUtc() const override { return utc_; }
+  TmyMediaPlayer& Media() override { return media_; }
+  bool IsAlive() const override { return window_.IsAlive(); }
+
+  void NameRecording(RecordingParameters& parameters);
+  void StateChanged(TmyMediaPlayer& media);
+  void FileFull(const TmyString& next);
+
+  TmyComponent& window_;
+  HostLink& link_;
+  StatusBar& status_;
+  const bool& utc_;
+  TmyMediaPlayer& media_;  // belongs to its window
+  AudioFeed feed_;
+  RecordingSession session_;
+};

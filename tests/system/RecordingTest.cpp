@@ -1,0 +1,111 @@
+// Recording through the module: what starts it, what ends it, and the files byte for byte.
+#include <filesystem>
+
+#include "tests/system/PluginFixture.h"
+
+using testing::ElementsAre;
+using testing::Pair;
+
+namespace {
+
+std::string Words(std::initializer_list<uint32_t> words) {
+  return {reinterpret_cast<const char*>(words.begin()), words.size() * 4};
+}
+
+// A recording that is longer than the block it begins with.
+std::string Wav(uint32_t rate, uint32_t channels, const std::string& data) {
+  const auto size = static_cast<uint32_t>(data.size());
+  return "RIFF" + Words({40 + size}) + "WAVEfmt " + Words({20, channels << 16 | 1, rate, rate * channels * 2}) +
+         Words({16 << 16 | channels * 2, 0xADDE0000}) + "data" + Words({size}) + data;
+}
+
+const std::string kFirst(6000, 'a'), kSecond(8000, 'b');
+
+class Recording : public PluginFixture {
+ protected:
+  void RecordFirstRow(HWND window) {
+    Key(Grid(window), VK_HOME);
+    const auto menu = [] { return FakeHost::Find("", "#32768"); };
+    host_.When([=] { return menu() != nullptr; }, [=] { PostMessageA(menu(), WM_CHAR, 'r', 0); });
+    PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
+    EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() == 5; }));
+    EXPECT_THAT(Codes(), ElementsAre(0x800u, 0x900u, 0xF00u, 0x902u, 0x1101u));
+    EXPECT_EQ(host_.Calls()[0].a, 9420000u);
+  }
+  void Send(uint32_t rate, uint32_t channels, uint32_t count, const std::string& samples, uint32_t kind = 3) {
+    host_.Notify(7, 0xE07, (Words({rate, 0xDDDDDDDD, channels, count}) + samples).data(), kind);
+  }
+  // Names without the time, and contents; the folder is empty afterwards.
+  std::map<std::string, std::string> TakeFiles() const {
+    std::map<std::string, std::string> files;
+    for (const auto& file : std::filesystem::directory_iterator(documents_.DataFolder() + "\\Recordings")) {
+      std::string name = file.path().filename().string();
+      files[name.erase(name.find("_20"), 16)] = ReadFileBytes(file.path().string());
+      std::filesystem::remove(file.path());
+    }
+    return files;
+  }
+};
+
+}  // namespace
+
+TEST_F(Recording, FromTheGridIsToldAndEndsInEveryWay) {
+  const struct {
+    const char* name;
+    std::function<void(HWND)> end;
+    std::vector<uint32_t> codes;
+  } kEnds[] = {
+      {"button", [&](HWND window) { PressFirstMediaButton(window); }, {0x1101}},
+      {"retune", [&](HWND) { host_.Notify(7, 0x800); }, {0x1101}},
+      {"exit", [&](HWND window) { Choose(window, "E&xit"); }, {0x1509, 0x4000}},
+      {"host", [&](HWND) { host_.Close(7); }, {0x1509, 0x4000}},
+      {"unload", [&](HWND) { host_.Unload(); }, {0x1509, 0x4000}},
+      {"told of a next file",
+       [&](HWND) {
+         host_.During(0x1101, [&] { host_.Close(7); });
+         Send(9000, 1, 3000, kFirst);
+       },
+       {0x1101, 0x1509, 0x4000}},
+  };
+  for (const auto& way : kEnds) {
+    SCOPED_TRACE(way.name);
+    const HWND window = StartPlugin();
+    RecordFirstRow(window);
+    Send(44100, 1, 3000, kFirst);
+    Send(8000, 1, 4000, kSecond);
+    EXPECT_EQ(TextOf(window), "Marlux 3 recording 9420");
+    host_.Clear();
+    Key(Grid(window), VK_RETURN);  // the grid does not disturb a recording
+    way.end(window);
+    host_.PumpUntil([&] { return TextOf(window) != "Marlux 3 recording 9420"; });
+    EXPECT_EQ(Codes(), way.codes);
+    EXPECT_EQ(TextOf(window), way.codes.size() == 1 ? "Marlux 3" : "");
+    Send(8000, 1, 4000, kSecond);
+    EXPECT_THAT(TakeFiles(), ElementsAre(Pair("rec_9420000.wav", Wav(44100, 1, kFirst)),
+                                         Pair("rec_9420000.wav_.wav", Wav(8000, 1, kSecond))));
+    host_.Close(7);
+    ASSERT_TRUE(host_.Load());
+  }
+}
+
+TEST_F(Recording, ByTheButtonTakesTheFirstFormatAndDropsWhatIsNone) {
+  const HWND window = StartPlugin();
+  PressFirstMediaButton(window);
+  EXPECT_THAT(Codes(), ElementsAre(0x4002u, 0x1101u));
+  EXPECT_EQ(TextOf(window), "Marlux 3");
+  host_.Notify(7, 0x800);  // ends only what the plug-in tuned for
+  host_.Notify(7, 0xE07, nullptr, 3);
+  for (const uint32_t kind : {0u, 4u, 9u}) Send(16000, 1, 3000, kFirst, kind);
+  Send(0, 1, 3000, kFirst);
+  Send(16000, 0, 3000, kFirst);
+  for (const uint32_t channels : {1u, 2u, 0xFFFFFFFFu}) Send(16000, channels, 0x80000000, kFirst);
+  Send(48000, 2, 1500, kFirst);
+  KeyWhereTheFocusIs(VK_RIGHT);  // from "Stop" to "Pause"
+  KeyWhereTheFocusIs(VK_SPACE);
+  Send(48000, 2, 2000, kSecond);
+  KeyWhereTheFocusIs(VK_SPACE);
+  Send(48000, 2, 2, std::string("\0\0\0\x3F\0\0\x80\xBF", 8), 8);  // 0.5, -1
+  PressFirstMediaButton(window);
+  const std::string floats("\xFF\x3F\x01\x80\0\0\0\0", 8);
+  EXPECT_THAT(TakeFiles(), ElementsAre(Pair("rec_6005000.wav", Wav(48000, 2, kFirst + floats))));
+}
