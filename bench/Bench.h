@@ -69,3 +69,5 @@ void BenchWindow(const ScheduleText& schedule);
 void BenchSchedule(const ScheduleText& schedule);
 // This one takes the folder that holds the archives.
 void BenchHfcc(const char* dataFolder);
+// And this one neither: it records.
+void BenchRecording();

@@ -1,5 +1,5 @@
-// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc], where DIR holds an
-// eibi.txt.
+// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc|recording], where DIR
+// holds an eibi.txt.
 
 #include <cstring>
 
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
   const char* folder = Option(argc, argv, "--data");
   const char* only = Option(argc, argv, "--only");
   if (!folder) {
-    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|hfcc]\n");
+    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|hfcc|recording]\n");
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));
@@ -43,5 +43,6 @@ int main(int argc, char** argv) {
     if (!only || strcmp(only, subject.name) == 0) subject.run(schedule);
   }
   if (!only || strcmp(only, "hfcc") == 0) BenchHfcc(folder);
+  if (!only || strcmp(only, "recording") == 0) BenchRecording();
   return 0;
 }
