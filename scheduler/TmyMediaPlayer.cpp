@@ -3,6 +3,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cstdio>
 
 #include "plugin/DataFolders.h"
 #include "scheduler/TmyWaveFilePCM.h"
@@ -30,10 +31,13 @@ const TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
 }
 
-TmyString TimeOf(int64_t seconds) {
-  return Formatted("%02d:%02d:%02d", static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60),
-                   static_cast<int>(seconds % 60));
-}
+struct Time {
+  int hours, minutes, seconds;
+  explicit Time(int64_t all) noexcept
+      : hours(static_cast<int>(all / 3600)),
+        minutes(static_cast<int>(all / 60 % 60)),
+        seconds(static_cast<int>(all % 60)) {}
+};
 
 int64_t RecordedMilliseconds(const TmyWaveFilePCM& file) {
   const uint64_t perSecond = uint64_t{file.SampleRate()} * file.BitsPerSample() * file.Channels() / 8;
@@ -268,16 +272,20 @@ void TmyMediaPlayer::ShowPlayback(int64_t position) {
   ShowTime(position, slider_->Maximum());
 }
 
-// Runs for each block of audio: nothing is made or painted as long as the text is the same.
+// Runs for each block of audio: nothing is painted as long as the text is the same, and no memory taken for the next.
 void TmyMediaPlayer::ShowTime(int64_t first, int64_t second) {
   first /= 1000;
   if (second >= 0) second /= 1000;
   if (first == shownFirst_ && second == shownSecond_) return;
   shownFirst_ = first;
   shownSecond_ = second;
-  const TmyString text = second < 0 ? TimeOf(first) : TimeOf(first) + " / " + TimeOf(second);
-  time_.SetText(text);
-  SetCaption(text);  // what automation and screen readers see
+  const Time at(first), of(second);
+  char text[64];
+  const int length = second < 0 ? snprintf(text, sizeof text, "%02d:%02d:%02d", at.hours, at.minutes, at.seconds)
+                                : snprintf(text, sizeof text, "%02d:%02d:%02d / %02d:%02d:%02d", at.hours, at.minutes,
+                                           at.seconds, of.hours, of.minutes, of.seconds);
+  time_.Overwrite({text, static_cast<size_t>(length)});
+  SetCaption(time_.Text());  // what automation and screen readers see
 }
 
 void TmyMediaPlayer::UpdateButtons() {
