@@ -43,3 +43,4 @@ use_headless_wine
 (use_own_wine && rm -rf "$(documents_folder)/Corvane")
 put_data
 MARLUX_SCREEN=812x636x24 scripts/with-display.sh scripts/tour.sh
+scripts/tour-download.sh

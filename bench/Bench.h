@@ -70,5 +70,7 @@ void BenchSchedule(const ScheduleText& schedule);
 void BenchTasks(const ScheduleText& schedule);
 // This one takes the folder that holds the archives.
 void BenchHfcc(const char* dataFolder);
+// And this one neither: it records.
+void BenchRecording();
 // This one the port of a web server on this machine and the time that curl takes for the same body.
 void BenchDownload(uint16_t serverPort, double curlMs);

@@ -1,5 +1,6 @@
-// Measured runs, started through bench.sh: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|download]
-// [--server PORT --curl MS], where DIR holds an eibi.txt; without a server nothing is downloaded.
+// Measured runs, started through bench.sh: marlux-bench --data DIR [--only PART] [--server PORT --curl MS], where DIR
+// holds an eibi.txt and PART is start, window, schedule, tasks, hfcc, recording or download; without a server nothing
+// is downloaded.
 
 #include <cstdlib>
 #include <cstring>
@@ -33,8 +34,8 @@ int main(int argc, char** argv) {
   const char* curl = Option(argc, argv, "--curl");
   if (!folder) {
     fprintf(stderr,
-            "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|download] "
-            "[--server PORT --curl MS]\n");
+            "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|recording|download]"
+            " [--server PORT --curl MS]\n");
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));
@@ -49,6 +50,7 @@ int main(int argc, char** argv) {
     if (!only || strcmp(only, subject.name) == 0) subject.run(schedule);
   }
   if (!only || strcmp(only, "hfcc") == 0) BenchHfcc(folder);
+  if (!only || strcmp(only, "recording") == 0) BenchRecording();
   if (server && curl && (!only || strcmp(only, "download") == 0)) {
     BenchDownload(static_cast<uint16_t>(atoi(server)), atof(curl));
   }

@@ -142,7 +142,7 @@ void HttpResponse::MakeRoom(uint32_t needed) {
   if (needed <= body_.Capacity()) return;
   uint32_t room = body_.Size() + remaining_;
   while (room / 8 >= needed) room /= 8;
-  body_.Reserve(room);
+  if (room / 2 > body_.Capacity()) body_.Reserve(room);  // else doubling is enough: many small chunks rely on it
 }
 
 // With nothing expected, what comes is left where it is.

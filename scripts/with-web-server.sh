@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Runs a command while a web server on this machine serves a folder: with-web-server.sh FOLDER COMMAND...
 # WEB_PORT and WEB_FOLDER tell the command of it; it serves on 127.0.0.1 and 127.0.0.2. The paths /slow/... come at 8 MiB
-# a second, /dx/... in chunks and as fast as WEB_RATE says ("200k"; 0, no limit). All that the server writes lies in
-# FOLDER.server.
+# a second, /dx/... as fast as WEB_RATE says (bytes; 0 is no limit) and in chunks unless WEB_CHUNKS is "off". All that the
+# server writes lies in FOLDER.server.
 set -euo pipefail
 folder=$(mkdir -p "$1" && cd "$1" && pwd)
 shift
@@ -30,7 +30,7 @@ http {
     location / { root $folder; }
     location /slow/ { alias $folder/; limit_rate 8m; }
     # What may be changed on its way has no length to tell beforehand.
-    location /dx/ { root $folder; limit_rate ${WEB_RATE:-0}; ssi on; ssi_types text/plain; }
+    location /dx/ { root $folder; limit_rate ${WEB_RATE:-0}; ssi ${WEB_CHUNKS:-on}; ssi_types text/plain; }
   }
 }
 CONF

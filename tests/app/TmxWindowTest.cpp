@@ -141,6 +141,24 @@ TEST_F(TmxWindowTest, TheCurrentTimeFilterFollowsTheClockByItself) {
   EXPECT_EQ(Counts(), "5 of 5 broadcasts") << "from 00:00:00 to 23:59:59";
 }
 
+TEST_F(TmxWindowTest, TheSplitterGivesThePlayersSliderARowAndNotMore) {
+  TmySplitter* splitter = nullptr;
+  TmyMediaPlayer* media = nullptr;
+  for (TmyComponent* child = window_->NextChild(nullptr); child; child = window_->NextChild(child)) {
+    if (auto* found = dynamic_cast<TmySplitter*>(child)) splitter = found;
+    if (auto* found = dynamic_cast<TmyMediaPlayer*>(child)) media = found;
+  }
+  const auto sliderIsBelow = [&] { return media->Slider().Bounds().top >= media->ButtonAt(0)->Bounds().bottom; };
+  const int before = grid_->Height();
+  for (const auto& [key, isBelow] : {std::pair{VK_UP, true}, {VK_DOWN, false}}) {
+    for (int i = 0; i < 30; ++i) SendMessageA(splitter->Handle(), WM_KEYDOWN, static_cast<WPARAM>(key), 0);
+    EXPECT_EQ(sliderIsBelow(), isBelow);
+    EXPECT_EQ(grid_->Height(), isBelow ? before - media->TwoRowHeight() + media->PreferredHeight(9999) : before);
+    EXPECT_EQ(splitter->Bounds().top, grid_->Bounds().bottom);
+    EXPECT_EQ(splitter->Bounds().bottom, media->Bounds().top);
+  }
+}
+
 TEST_F(TmxWindowTest, ATickThatChangesNothingKeepsMarksCurrentRowAndView) {
   ClickBox("Time");
   grid_->SetCurrentRow(2, true);
