@@ -37,6 +37,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ConstrainBounds(int& x, int& y, int& width, int& height) override;
   void FocusChanged(bool focused) override;
   void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
+  void SessionEnds() override;
 
  protected:
   void Destroying() override;

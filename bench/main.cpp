@@ -1,5 +1,5 @@
-// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc], where DIR holds an
-// eibi.txt.
+// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc|recording|tasks], where
+// DIR holds an eibi.txt.
 
 #include <cstring>
 
@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
   const char* folder = Option(argc, argv, "--data");
   const char* only = Option(argc, argv, "--only");
   if (!folder) {
-    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc]\n");
+    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|hfcc|recording|tasks]\n");
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));
@@ -44,5 +44,6 @@ int main(int argc, char** argv) {
     if (!only || strcmp(only, subject.name) == 0) subject.run(schedule);
   }
   if (!only || strcmp(only, "hfcc") == 0) BenchHfcc(folder);
+  if (!only || strcmp(only, "recording") == 0) BenchRecording();
   return 0;
 }

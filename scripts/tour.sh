@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A walk through the main window on the screen that DISPLAY names: start, filter, sort, tune, close. Leaves pictures and
-# the host's log under build/screenshots/. Fails when the host says that something went wrong.
+# A walk through the main window on the screen that DISPLAY names: start, filter, sort, tune, record, play, close.
+# Leaves pictures and the host's log under build/screenshots/. Fails when the host says that something went wrong.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -95,19 +95,37 @@ key alt+o && key s
 shoot_screen 14-hfcc-columns
 key Escape
 
+# A recording of the first broadcast around 9420 kHz; the host's retuning ends it. Then it is played.
+click 30 37
+click 338 37
+click 697 37 && key ctrl+a && xdotool type 200 && key Tab
+tell audio tone 48000 1 16
+click 330 183 3
+key r
+tell 'waitfor "MediaState(0x1101) a=0"'
+sleep 3
+shoot 15-recording
+tell retune 9420000
+tell audio off
+click 330 183
+key Tab space
+tell 'waitfor "MediaState(0x1101) a=1"'
+sleep 1
+shoot 16-playing
+
 # A task for the station of a row. A new one is for now: it runs as soon as it is in the list.
 click 330 183 3
 key s
 wait_for 'xdotool search --onlyvisible --name "^New Task$" >/dev/null 2>&1'
-shoot 15-task
+shoot 17-task
 key Tab F4
-shoot_screen 16-calendar
+shoot_screen 18-calendar
 key Escape Return
 tell 'waitfor "TuneFourth(0x902) a=5000"'
 xdotool search --onlyvisible --name "^Scheduler$" windowactivate --sync  # Wine leaves the focus to the window manager
-shoot 17-scheduler
+shoot 19-scheduler
 key Delete
-shoot_screen 18-delete-task
+shoot_screen 20-delete-task
 key Escape Escape
 
 tell close 7

@@ -26,6 +26,7 @@ int ThumbWidth() {
 TmySlider::TmySlider(TmyComponent& parent, const char* caption)
     : TmyComponent(caption, WS_CHILD | WS_TABSTOP | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0, 0, &parent) {
   SetDoubleBuffered(true);
+  SetToolTip(caption);
 }
 
 int TmySlider::PreferredHeight() {
@@ -70,7 +71,8 @@ void TmySlider::Paint(HDC dc) {
   const int height = Theme().Scaled(kTrackHeight), top = (ClientHeight() - height) / 2;
   const int left = ThumbLeft(), begin = kFocusGap + 1;
   ThemeDraw::Fill(dc, {begin, top, ClientWidth() - begin, top + height}, color.line);
-  const COLORREF live = IsEnabled() && maximum_ > 0 ? color.accent : color.line;
+  const COLORREF dead = Theme().IsHighContrast() ? color.disabled : color.line;
+  const COLORREF live = IsEnabled() && maximum_ > 0 ? color.accent : dead;
   ThemeDraw::Fill(dc, {begin, top, left, top + height}, live);
   const int thumb = std::min(Theme().Scaled(kThumbHeight), ClientHeight());
   RECT area = {left, (ClientHeight() - thumb) / 2, left + ThumbWidth(), (ClientHeight() + thumb) / 2};

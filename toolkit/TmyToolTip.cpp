@@ -18,6 +18,12 @@ TOOLINFOA Tool(char* text) noexcept {
   return tool;
 }
 
+// A dialog may have come up since the cursor was seen over the control: tips are for what can be clicked.
+bool IsCovered(const POINT& cursor) noexcept {
+  const HWND under = WindowFromPoint(cursor);
+  return !TmyApplication::Get().WindowOf(under) || !IsWindowEnabled(GetAncestor(under, GA_ROOT));
+}
+
 }  // namespace
 
 TmyToolTip::~TmyToolTip() {
@@ -40,12 +46,12 @@ bool TmyToolTip::Create() noexcept {
 }
 
 void TmyToolTip::Show(const TmyControl& control, const char* text) {
-  if (!Create() || (shown_ && text_ == text)) return;
+  POINT at = {};
+  GetCursorPos(&at);
+  if (IsCovered(at) || !Create() || (shown_ && text_ == text)) return;
   text_ = text;
   TOOLINFOA tool = Tool(text_.WritableAt(0));
   SendMessageA(handle_, TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
-  POINT at = {};
-  GetCursorPos(&at);
   SendMessageA(handle_, TTM_TRACKPOSITION, 0, MAKELPARAM(at.x + 4, at.y + GetSystemMetrics(SM_CYCURSOR) / 2 + 4));
   SendMessageA(handle_, TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
   shown_ = true;

@@ -1,0 +1,185 @@
+#include "scheduler/TmyMediaPlayer.h"
+
+#include <functional>
+#include <vector>
+
+#include "scheduler/TmyWaveFilePCM.h"
+#include "tests/toolkit/ControlFixture.h"
+
+namespace {
+
+using Player = TmyMediaPlayer;
+
+constexpr uint32_t kRate = 8000;
+constexpr uint32_t kBytesPerMillisecond = 16;
+
+class MediaPlayerTest : public ControlFixture {
+ public:
+  MediaPlayerTest() {
+    char folder[MAX_PATH] = {};
+    GetTempPathA(sizeof(folder), folder);
+    path_ = TmyString(folder) + TmyString::Repeat('n', 140) + ".wav";  // more than some drivers take
+    player_->SetBounds(0, 0, 620, player_->PreferredHeight(620));
+    player_->stateChanged.Bind<&MediaPlayerTest::Changed>(this);
+  }
+  ~MediaPlayerTest() override {
+    Close();
+    DeleteFileA(path_.Chars());
+  }
+  void Changed(Player& player) {
+    states_.push_back(player.StateCode());
+    Tell();
+  }
+  void NameIt(RecordingParameters& parameters) {
+    EXPECT_STREQ(parameters.fileName.Chars(), "myRecording.wav");
+    parameters = {path_, 16000, 2, 16};
+  }
+  void Press(Player::Button button) const { player_->ButtonAt(button)->Press(); }
+  bool Feed(uint32_t milliseconds) const {
+    const std::vector<char> samples(milliseconds * kBytesPerMillisecond, 3);
+    return player_->Write(samples.data(), static_cast<uint32_t>(samples.size())) != 0;
+  }
+  void MakeFile(uint32_t milliseconds) {
+    player_->StartRecording(path_, kRate, 1, 16);
+    EXPECT_TRUE(Feed(milliseconds));
+    player_->StopRecording();
+    states_.clear();
+  }
+  static bool WaitFor(const std::function<bool()>& condition) {
+    for (const DWORD start = GetTickCount(); GetTickCount() - start < 8000; Sleep(5)) {
+      Input::Pump();
+      if (condition()) return true;
+    }
+    return false;
+  }
+  uint32_t DataSizeInFile() const {
+    WaveHeader header = {};
+    TmyFile file(path_, GENERIC_READ, OPEN_EXISTING);
+    return file.Read(&header, sizeof(header)) ? header.dataSize : 0;
+  }
+
+  TmyString path_;
+  Player* player_ = new Player(*window_);  // belongs to its window
+  std::vector<int32_t> states_;
+};
+
+TEST_F(MediaPlayerTest, PlaysToTheEndAndAPauseHoldsThePlace) {
+  EXPECT_STREQ(player_->TimeText().Chars(), "00:00:00 / 00:00:00");
+  MakeFile(2600);
+  Press(Player::kPlay);
+  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > 0; })) << "is there a sound device?";
+  EXPECT_STREQ(player_->TimeText().Chars(), "00:00:00 / 00:00:02");
+  Press(Player::kPause);
+  const int64_t at = player_->Slider().Position();
+  Sleep(1500);
+  Press(Player::kPause);
+  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > at; }));
+  EXPECT_LT(player_->Slider().Position(), at + 1000);
+  SetFocus(player_->Slider().Handle());
+  EXPECT_TRUE(WaitFor([&] { return player_->StateCode() == Player::kIdle; }));
+  EXPECT_EQ(GetFocus(), player_->Handle()) << "the slider is disabled now";
+}
+
+TEST_F(MediaPlayerTest, BackAndForwardGoTwoSecondsToWholeOnes) {
+  const struct {
+    int64_t from;
+    Player::Button button;
+    int64_t to;
+  } kCases[] = {{1500, Player::kBack, 0}, {5700, Player::kBack, 3000}, {5700, Player::kForward, 6000}};
+  MakeFile(6500);
+  Press(Player::kPlay);
+  Press(Player::kPause);
+  for (const auto& each : kCases) {
+    player_->Slider().SetPosition(each.from - 1000);
+    Input::Key(player_->Slider(), VK_RIGHT);  // a second
+    Press(each.button);
+    EXPECT_EQ(player_->Slider().Position(), each.to) << each.from;
+  }
+  Press(Player::kPause);
+  Press(Player::kBack);
+  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > 4000; })) << "plays on from there";
+  EXPECT_LT(player_->Slider().Position(), 6000);
+  Input::Drag(player_->Slider(), 100, 5, 600, 5);
+  EXPECT_TRUE(WaitFor([&] { return player_->StateCode() == Player::kIdle; }));
+}
+
+TEST_F(MediaPlayerTest, OnlyButtonsThatDoSomethingAreEnabled) {
+  const auto enabled = [&] {
+    std::string shown;
+    for (uint32_t i = 0; i < Player::kButtonCount; ++i) shown += player_->ButtonAt(i)->IsEnabled() ? "<>.|>ro"[i] : '-';
+    return shown;
+  };
+  EXPECT_EQ(enabled(), "-----ro");
+  MakeFile(3000);
+  EXPECT_EQ(enabled(), "->---ro");
+  SetFocus(player_->Handle());
+  player_->FocusDrawn(player_->ButtonAt(Player::kPlay));
+  Input::Key(*player_, VK_SPACE);
+  EXPECT_EQ(enabled(), "<-.|>-o");
+  EXPECT_EQ(player_->FocusedControl(), player_->ButtonAt(Player::kPause)) << "play does nothing now";
+  Input::Key(*player_, VK_LEFT);
+  EXPECT_EQ(player_->FocusedControl(), player_->ButtonAt(Player::kStop));
+  Press(Player::kPause);
+  player_->StartRecording(path_, kRate, 1, 16);
+  Press(Player::kPause);
+  EXPECT_EQ(enabled(), "--.|---");
+  Press(Player::kStop);
+  EXPECT_EQ(enabled(), "->---ro");
+  EXPECT_EQ(states_, (std::vector<int32_t>{1, 2, 3, 4, 0}));
+  destroyInEvent_ = true;
+  Press(Player::kPlay);
+  EXPECT_EQ(window_, nullptr);
+  EXPECT_TRUE(DeleteFileA(path_.Chars())) << "the device holds the file";
+}
+
+TEST_F(MediaPlayerTest, APausedRecordingDropsWhatArrives) {
+  EXPECT_EQ(player_->StopRecording(), 0);
+  EXPECT_FALSE(Feed(20));
+  player_->StartRecording(path_, kRate, 1, 16);
+  EXPECT_TRUE(Feed(1500));
+  EXPECT_STREQ(player_->TimeText().Chars(), "00:00:01");
+  UpdateWindow(player_->Handle());
+  EXPECT_TRUE(Feed(20));
+  EXPECT_FALSE(GetUpdateRect(player_->Handle(), nullptr, FALSE)) << "the same second is painted again";
+  Press(Player::kPause);
+  EXPECT_FALSE(Feed(5000));
+  Press(Player::kPause);
+  EXPECT_TRUE(Feed(480));
+  EXPECT_STREQ(player_->TimeText().Chars(), "00:00:02");
+  EXPECT_EQ(player_->StopRecording(), 1);
+  EXPECT_EQ(DataSizeInFile(), 2000 * kBytesPerMillisecond);
+}
+
+TEST_F(MediaPlayerTest, WhatCannotBeOpenedIsSilent) {
+  player_->SetFileName("C:\\no such folder\\x.wav");
+  Press(Player::kPlay);
+  EXPECT_TRUE(states_.empty());
+  player_->parametersWanted.Bind<&MediaPlayerTest::NameIt>(this);
+  Press(Player::kRecord);
+  EXPECT_EQ(player_->File()->Channels(), 2u);
+  player_->StartRecording("C:\\no such folder\\x.wav", kRate, 1, 16);
+  EXPECT_FALSE(Feed(20));
+  EXPECT_EQ(states_, std::vector<int32_t>{Player::kRecording});
+}
+
+MediaPlayerTest* dialogTest;
+
+// The dialog runs a loop of its own: a recording begins in it, and the window goes.
+void CALLBACK DialogTick(HWND, UINT, UINT_PTR timer, DWORD) {
+  const HWND dialog = FindWindowA(nullptr, "Open WAV for playback");
+  if (!dialog || !IsWindowVisible(dialog)) return;
+  KillTimer(nullptr, timer);
+  dialogTest->player_->StartRecording(dialogTest->path_, kRate, 1, 16);
+  EXPECT_TRUE(dialogTest->Feed(1000));
+  dialogTest->Close();
+}
+
+TEST_F(MediaPlayerTest, ARecordingIsWholeWhenItsWindowGoesWhileTheOpenDialogIsUp) {
+  dialogTest = this;
+  SetTimer(nullptr, 0, 50, &DialogTick);
+  Press(Player::kOpen);
+  EXPECT_EQ(window_, nullptr);
+  EXPECT_EQ(DataSizeInFile(), 1000 * kBytesPerMillisecond);
+}
+
+}  // namespace
