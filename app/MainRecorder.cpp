@@ -2,15 +2,6 @@
 
 #include <algorithm>
 
-namespace {
-
-// A record without a readable frequency is nothing to tune to.
-bool HasFrequency(const TuneTarget& target) noexcept {
-  return static_cast<int32_t>(target.frequencyHz) > 0;
-}
-
-}  // namespace
-
 MainRecorder::MainRecorder(TmyComponent& window, HostLink& link, StatusBar& status, const bool& utc)
     : window_(window),
       link_(link),
@@ -29,13 +20,13 @@ MainRecorder::MainRecorder(TmyComponent& window, HostLink& link, StatusBar& stat
 
 // A running recording is not disturbed. One that the user has stopped by hand gives its task up here.
 void MainRecorder::TuneStation(const TuneTarget& target) {
-  if (!HasFrequency(target) || session_.IsRecording()) return;
+  if (!target.HasFrequency() || session_.IsRecording()) return;
   if (session_.CurrentTask()) session_.Stop();
   if (IsAlive()) Tune(target.frequencyHz, target.mode);
 }
 
 void MainRecorder::RecordStation(const TuneTarget& target) {
-  if (!HasFrequency(target)) return;
+  if (!target.HasFrequency()) return;
   feed_.EndRecording();
   session_.Start(RecordingSession::kFromGrid, target.frequencyHz, target.mode, nullptr);
 }

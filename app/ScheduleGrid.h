@@ -16,6 +16,9 @@
 struct TuneTarget {
   uint32_t frequencyHz;
   uint32_t mode;
+
+  // A record without a readable one is nothing to tune to.
+  [[nodiscard]] bool HasFrequency() const noexcept { return static_cast<int32_t>(frequencyHz) > 0; }
 };
 
 class ScheduleGrid : protected TmyGridModel {

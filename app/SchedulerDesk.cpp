@@ -23,6 +23,7 @@ void SchedulerDesk::NewTask() {
 }
 
 void SchedulerDesk::Schedule(const TuneTarget& station) {
+  if (!station.HasFrequency()) return;
   auto task = std::make_unique<TmxTask>(::NewTask(station.frequencyHz, DateOfTime(Clock::Utc())));
   task->mode = static_cast<int32_t>(station.mode);
   view_->PostNewTask(std::move(task));

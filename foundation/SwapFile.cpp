@@ -2,6 +2,19 @@
 
 #include "foundation/Trace.h"
 
+namespace {
+
+// Whoever looks through new files, a virus scanner say, is done with one soon.
+constexpr int kTries = 5;
+constexpr DWORD kBetweenTries = 25;  // milliseconds
+constexpr uint32_t kPiece = 4096;
+
+bool IsHeldBySomebody(DWORD error) noexcept {
+  return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+}
+
+}  // namespace
+
 SwapFile::SwapFile(const TmyString& name) : name_(name), aside_(name + kEnding) {
   file_.emplace(aside_, GENERIC_WRITE, CREATE_ALWAYS, 0);  // nobody reads half of it or writes into it
   whole_ = file_->IsOpen();
@@ -24,10 +37,35 @@ bool SwapFile::Commit() {
     return false;
   }
   file_.reset();
-  if (MoveFileExA(aside_.Chars(), name_.Chars(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
-  Trace::Line("File not replaced, err=%d", static_cast<int>(GetLastError()));
-  DeleteFileA(aside_.Chars());
+  if (Exchange()) return true;
+  const DWORD error = GetLastError();
+  Trace::Line("File not replaced, err=%d", static_cast<int>(error));
+  const Copied copied = IsHeldBySomebody(error) ? CopyOver() : Copied::kNothing;
+  if (copied != Copied::kPart) DeleteFileA(aside_.Chars());
+  return copied == Copied::kWhole;
+}
+
+bool SwapFile::Exchange() const {
+  for (int left = kTries; left > 0; --left) {
+    if (left < kTries) Sleep(kBetweenTries);
+    if (MoveFileExA(aside_.Chars(), name_.Chars(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
+    if (!IsHeldBySomebody(GetLastError())) return false;
+  }
   return false;
+}
+
+// A holder who lets nobody write makes the second opening fail, which leaves the old content. Behind it only the file
+// beside is whole.
+SwapFile::Copied SwapFile::CopyOver() const {
+  TmyFile from(aside_, GENERIC_READ, OPEN_EXISTING);
+  if (!from.IsOpen()) return Copied::kNothing;
+  FlushedFile to(name_, GENERIC_WRITE, CREATE_ALWAYS);
+  if (!to.IsOpen()) return Copied::kNothing;
+  uint8_t piece[kPiece];
+  while (const uint32_t got = from.ReadSome(piece, sizeof piece)) {
+    if (!to.Write(piece, got)) return Copied::kPart;
+  }
+  return to.Position() == from.Size() && to.Flush() ? Copied::kWhole : Copied::kPart;
 }
 
 void SwapFile::Drop() {

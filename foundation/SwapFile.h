@@ -4,6 +4,9 @@
 //   SwapFile file(folder + "\\tasks.mxt");
 //   file.Write(&record, sizeof record);
 //   if (!file.Commit()) ...   // the old content is still there
+//
+// A file that somebody holds open cannot be exchanged. Where its holder lets others write it is written over, which a
+// crash may cut short; the new content then still lies beside it.
 #pragma once
 
 #include <optional>
@@ -25,7 +28,11 @@ class SwapFile {
   [[nodiscard]] bool Commit();
 
  private:
+  enum class Copied { kNothing, kPart, kWhole };
+
   void Drop();
+  [[nodiscard]] bool Exchange() const;
+  [[nodiscard]] Copied CopyOver() const;
 
   class FlushedFile : public TmyFile {
    public:

@@ -2,12 +2,33 @@
 
 #include <cstring>
 #include <new>
+#include <optional>
 
 #include "foundation/SwapFile.h"
 
 namespace {
 // A foreign file may be large: it is cut piece by piece, and one call to the system brings many records.
 constexpr uint32_t kRecordsAtOnce = 64;
+
+// Tells a failure from the end of the file, behind which nothing comes either.
+class ReadableFile : public TmyFile {
+ public:
+  using TmyFile::TmyFile;
+  std::optional<uint32_t> Next(void* data, uint32_t length) {
+    DWORD got = 0;
+    if (!ReadFile(Handle(), data, length, &got, nullptr)) return std::nullopt;
+    return got;
+  }
+};
+
+bool AddAll(std::span<const uint8_t> bytes, TmyTypeList<TmxTask>& tasks, TaskDate localNow) {
+  for (size_t at = 0; at < bytes.size(); at += sizeof(TmxTask)) {
+    std::unique_ptr<TmxTask> task(new (std::nothrow) TmxTask(TaskFile::TaskOf(bytes.subspan(at), localNow)));
+    if (!task || !tasks.Add(std::move(task))) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 TmxTask TaskFile::TaskOf(std::span<const uint8_t> bytes, TaskDate localNow) noexcept {
@@ -18,16 +39,17 @@ TmxTask TaskFile::TaskOf(std::span<const uint8_t> bytes, TaskDate localNow) noex
 }
 
 bool TaskFile::Load(const TmyString& path, TmyTypeList<TmxTask>& tasks, TaskDate localNow) {
-  TmyFile file(path, GENERIC_READ, OPEN_EXISTING);
+  ReadableFile file(path, GENERIC_READ, OPEN_EXISTING);
   if (!file.IsOpen()) return GetFileAttributesA(path.Chars()) == INVALID_FILE_ATTRIBUTES;
+  const uint32_t before = tasks.Count();
   uint8_t bytes[kRecordsAtOnce * sizeof(TmxTask)];
-  while (const uint32_t got = file.ReadSome(bytes, sizeof bytes)) {
-    for (uint32_t at = 0; at < got; at += sizeof(TmxTask)) {
-      std::unique_ptr<TmxTask> task(new (std::nothrow) TmxTask(TaskOf({bytes + at, bytes + got}, localNow)));
-      if (!task || !tasks.Add(std::move(task))) return true;
-    }
+  std::optional<uint32_t> got;
+  while ((got = file.Next(bytes, sizeof bytes)).value_or(0) > 0) {
+    if (!AddAll({bytes, *got}, tasks, localNow)) got.reset();
+    if (!got) break;
   }
-  return true;
+  while (!got && tasks.Count() > before) tasks.Delete(tasks.Count() - 1);
+  return got.has_value();
 }
 
 bool TaskFile::Save(const TmyString& path, const TmyTypeList<TmxTask>& tasks) {

@@ -33,7 +33,7 @@ TmyString TaskText(const TmxTask& task, TaskColumn column, int32_t offset) {
     case TaskColumn::kActive:
       return task.enabled != 0 ? "!" : "";
     case TaskColumn::kFrequency:
-      return FormatKhz(static_cast<int64_t>(task.frequency));
+      return FormatUnsignedKhz(task.frequency);
     case TaskColumn::kFrom:
       return DateText(task.from);
     case TaskColumn::kTo:

@@ -8,6 +8,7 @@
 #include "scheduler/TaskTexts.h"
 #include "scheduler/TaskTime.h"
 #include "scheduler/TmxTaskWindow.h"
+#include "toolkit/CentredPlace.h"
 #include "toolkit/FocusOrder.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyMsgBox.h"
@@ -22,8 +23,9 @@ constexpr int kLeastHeight = 208;
 constexpr int kBesideColumns = 10;  // pixels that the window is at least wider than its columns
 constexpr int kFirstRows = 8;
 constexpr uint32_t kLeastRows = 3;
-constexpr int kCellMargin = 17;  // beside a cell's text, both sides together, at 96 dpi
-constexpr int kYes = 1;          // the question's first button
+constexpr int kCellMargin = 17;                // beside a cell's text, both sides together, at 96 dpi
+constexpr int kYes = 1;                        // the question's first button
+constexpr LPARAM kRepeated = LPARAM{1} << 30;  // the key was down already
 
 constexpr TmyGridColumn kColumns[] = {{"Active"},         {"Frequency", 0, true}, {"From"}, {"To"},
                                       {"Start", 0, true}, {"Stop", 0, true},      {"Mode"}, {"Days"}};
@@ -41,6 +43,22 @@ SIZE FrameSize() {
   AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
+
+// The main window waits, too: a dialog opened from its menu would run inside ours and keep ours from ending.
+class DisabledWindow {
+ public:
+  explicit DisabledWindow(const TmyComponent& window)
+      : handle_(window.Handle()), wasDisabled_(EnableWindow(handle_, FALSE) != FALSE) {}
+  DisabledWindow(const DisabledWindow&) = delete;
+  DisabledWindow& operator=(const DisabledWindow&) = delete;
+  ~DisabledWindow() {  // by handle: the object may be gone
+    if (IsWindow(handle_)) EnableWindow(handle_, !wasDisabled_);
+  }
+
+ private:
+  HWND handle_;
+  bool wasDisabled_;
+};
 
 }  // namespace
 
@@ -67,7 +85,10 @@ TmxSchedulerWindow::TmxSchedulerWindow(SchedulerOwner& owner)
   grid_->rowClicked.Bind<&TmxSchedulerWindow::RowClicked>(this);
   grid_->rowActivated.Bind<&TmxSchedulerWindow::RowActivated>(this);
   grid_->columnResized.Bind<&TmxSchedulerWindow::ColumnResized>(this);
-  SetFirstBounds();
+  const RECT place = FirstPlace();
+  SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
+  unplaced_ = Bounds();
+  Realign();
   grid_->Show(true);
   TasksChanged();
 }
@@ -86,15 +107,12 @@ void TmxSchedulerWindow::SetFirstWidths() {
   fittedHeight_ = Theme().TextHeight();
 }
 
-void TmxSchedulerWindow::SetFirstBounds() {
+RECT TmxSchedulerWindow::FirstPlace() const {
   const GridGeometry::Layout& grid = grid_->Layout();
   const SIZE frame = FrameSize();
   const int width = grid_->ColumnsRight() + TmyScrollBar::Thickness() + static_cast<int>(frame.cx) + 2;
   const int height = static_cast<int>(frame.cy) + grid.titleHeight + kFirstRows * grid.rowHeight + 2 + StripHeight();
-  const RECT& around = owner_.Window().Bounds();
-  SetBounds(std::max(0L, (around.left + around.right - width) / 2),
-            std::max(0L, (around.top + around.bottom - height) / 2), width, height);
-  Realign();
+  return CentredPlace(owner_.Window(), {width, height});
 }
 
 // All columns in view beside the frame, as far as screens go; the buttons side by side, some rows.
@@ -165,8 +183,12 @@ void TmxSchedulerWindow::TasksChanged() {
 
 void TmxSchedulerWindow::EnableButtons() {
   const bool hasTask = SelectedTask() != nullptr;
-  deleteTask_.Enable(hasTask);
-  editTask_.Enable(hasTask);
+  for (Tmy_Btn* button : {&deleteTask_, &editTask_}) {
+    button->Enable(hasTask);
+    if (hasTask || FocusedControl() != button) continue;
+    FocusDrawn(nullptr);
+    if (::GetFocus() == Handle()) grid_->TakeFocus();
+  }
 }
 
 void TmxSchedulerWindow::CurrentMoved(uint32_t) {
@@ -196,7 +218,7 @@ TmyComponent* TmxSchedulerWindow::OpenDialog() const noexcept {
 
 void TmxSchedulerWindow::NewTaskWanted(std::unique_ptr<TmxTask> task) {
   const Hold hold;
-  if (!task) {
+  if (!task && !OpenDialog()) {
     const uint32_t frequency = owner_.CurrentFrequencyRaw();
     if (!IsAlive()) return;
     task = std::make_unique<TmxTask>(NewTask(frequency, DateOfTime(Clock::Utc())));
@@ -235,6 +257,7 @@ void TmxSchedulerWindow::DeleteSelected() {
 bool TmxSchedulerWindow::RunEditor(TmxTask& task) {
   auto* editor = new TmxTaskWindow(owner_, *this);
   editor_ = editor;
+  const DisabledWindow disabled(owner_.Window());
   const bool confirmed = editor->Edit(task);
   if (TmyApplication::IsTerminating() || !IsAlive()) return false;
   editor_ = nullptr;
@@ -245,6 +268,7 @@ bool TmxSchedulerWindow::RunEditor(TmxTask& task) {
 bool TmxSchedulerWindow::IsConfirmed() {
   auto* question = new TmyMsgBox(this, "Delete task", "Are you sure?", {"Yes", "No"});
   question_ = question;
+  const DisabledWindow disabled(owner_.Window());
   const int result = question->ShowModal(this);
   if (TmyApplication::IsTerminating() || !IsAlive()) return false;
   question_ = nullptr;
@@ -253,7 +277,12 @@ bool TmxSchedulerWindow::IsConfirmed() {
 }
 
 void TmxSchedulerWindow::Open() {
-  if (!IsVisible()) return Show(true);
+  if (!IsVisible()) {
+    const RECT place = FirstPlace();
+    if (EqualRect(&unplaced_, &Bounds())) SetBounds(place.left, place.top, Width(), Height());
+    unplaced_ = {};
+    return Show(true);
+  }
   if (IsIconic(Handle())) ShowWindow(Handle(), SW_RESTORE);
   SetForegroundWindow(OpenDialog() ? OpenDialog()->Handle() : Handle());
 }
@@ -262,9 +291,12 @@ void TmxSchedulerWindow::PostNewTask(std::unique_ptr<TmxTask> task) {
   if (PostMessageA(Handle(), kMsgNewTask, 0, reinterpret_cast<LPARAM>(task.get()))) static_cast<void>(task.release());
 }
 
-void TmxSchedulerWindow::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM) {
+void TmxSchedulerWindow::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) {
   if (&sender != grid_ || (key != VK_INSERT && key != VK_DELETE)) return;
-  std::exchange(key, 0) == VK_INSERT ? NewTaskWanted(nullptr) : DeleteSelected();
+  const bool isInsert = std::exchange(key, 0) == VK_INSERT;
+  const bool isHeld = (flags & kRepeated) != 0;  // one press asks once, and once confirmed takes no other task along
+  if (isHeld || GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_MENU) < 0) return;
+  isInsert ? NewTaskWanted(nullptr) : DeleteSelected();
 }
 
 void TmxSchedulerWindow::Escape() {
@@ -285,6 +317,7 @@ bool TmxSchedulerWindow::Closing() {
 
 void TmxSchedulerWindow::Destroying() {
   ending();
+  question_ = nullptr;  // goes with this window; when the module goes nobody comes back to say so
   if (editor_) std::exchange(editor_, nullptr)->Destroy();
   MSG message;  // tasks that nobody would free any more
   while (PeekMessageA(&message, Handle(), kMsgNewTask, kMsgNewTask, PM_REMOVE)) {

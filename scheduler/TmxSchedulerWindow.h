@@ -59,7 +59,7 @@ class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
   [[nodiscard]] const char* EmptyText() const override { return "No scheduled recordings"; }
 
   void SetFirstWidths();
-  void SetFirstBounds();
+  [[nodiscard]] RECT FirstPlace() const;
   [[nodiscard]] SIZE LeastSize() const;
   void EnableButtons();
   void CurrentMoved(uint32_t row);
@@ -85,5 +85,6 @@ class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
   Tmy_Btn close_;
   TmxTaskWindow* editor_ = nullptr;  // while it is open; both belong to their windows
   TmyMsgBox* question_ = nullptr;
+  RECT unplaced_ = {};    // where it is until it opens: who finds it elsewhere has placed it
   int fittedHeight_ = 0;  // of the theme's text for which the columns' widths are meant
 };

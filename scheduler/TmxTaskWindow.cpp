@@ -8,6 +8,7 @@
 #include "schedule/DayTime.h"
 #include "scheduler/TaskTime.h"
 #include "scheduler/ZoneTime.h"
+#include "toolkit/CentredPlace.h"
 #include "toolkit/DropField.h"
 #include "toolkit/FocusOrder.h"
 #include "toolkit/ListKeys.h"
@@ -89,7 +90,7 @@ TmxTaskWindow::TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent)
   ok_.SetDefault(true);
   ok_.clicked.Bind<&TmxTaskWindow::Clicked>(this);
   cancel_.clicked.Bind<&TmxTaskWindow::Clicked>(this);
-  if (const auto range = owner.Host().FrequencyRangeKhz()) {
+  if (const auto range = owner.Host().FrequencyRangeKhz(); range && range->lowestKhz < range->highestKhz) {
     frequency_->SetRange(range->lowestKhz * kHzInKhz, range->highestKhz * kHzInKhz);
   }
   AddModes();
@@ -106,7 +107,9 @@ void TmxTaskWindow::AddModes() {
 bool TmxTaskWindow::Edit(TmxTask& task) {
   const Hold hold;
   Fill(task);
-  if (ShowModal(GetParent()) != kConfirmed) return false;
+  isConfirmed_ = false;
+  const int result = ShowModal(GetParent());
+  if (result != kConfirmed && (result == 0 || !isConfirmed_)) return false;
   Store(task);
   return true;
 }
@@ -121,6 +124,7 @@ void TmxTaskWindow::Fill(const TmxTask& task) {
   constexpr uint64_t kMost = std::numeric_limits<int64_t>::max();
   frequency_->SetValue(static_cast<int64_t>(std::min(task.frequency, kMost)));
   SelectMode(task.mode);
+  shown_ = {start_->Value(), stop_->Value(), frequency_->Value(), mode_->Selection()};
   for (uint32_t day = 0; day < days_.size(); ++day) days_[day].SetChecked((task.days & 1U << day) != 0);
 }
 
@@ -135,23 +139,29 @@ void TmxTaskWindow::Store(TmxTask& task) const {
   task.enabled = enabled_.IsChecked() ? 1 : 0;
   task.from = DateIn(*from_, task.from);
   task.to = DateIn(*to_, task.to);
-  task.start = UtcOfLocal(static_cast<uint32_t>(start_->Value()), offset_);
-  task.stop = UtcOfLocal(static_cast<uint32_t>(stop_->Value()), offset_);
-  task.frequency = static_cast<uint64_t>(frequency_->Value());
+  if (start_->Value() != shown_.start) task.start = UtcOfLocal(static_cast<uint32_t>(start_->Value()), offset_);
+  if (stop_->Value() != shown_.stop) task.stop = UtcOfLocal(static_cast<uint32_t>(stop_->Value()), offset_);
+  if (frequency_->Value() != shown_.frequency) task.frequency = static_cast<uint64_t>(frequency_->Value());
   const auto mode = static_cast<int32_t>(mode_->ItemData(mode_->Selection()));
-  task.mode = mode == -1 ? 0 : mode;
+  if (mode == -1) {
+    task.mode = 0;  // nothing to choose from
+  } else if (mode_->Selection() != shown_.mode) {
+    task.mode = mode;
+  }
   task.days = 0;
   for (uint32_t day = 0; day < days_.size(); ++day) task.days |= days_[day].IsChecked() ? 1U << day : 0;
 }
 
-int TmxTaskWindow::FrequencyWidth() const {
-  return frequency_->PreferredWidth("00000000.000");
+// One width for the whole column.
+int TmxTaskWindow::FieldWidth() const {
+  return std::max({ModeWidth(), from_->PreferredWidth(), start_->PreferredWidth("00:00:00"),
+                   frequency_->PreferredWidth("00000000.000")});
 }
 
 int TmxTaskWindow::ModeWidth() const {
   int widest = 0;
   for (int32_t i = 0; i < mode_->Count(); ++i) widest = std::max(widest, Theme().TextWidth(mode_->ItemText(i).View()));
-  return std::max(DropField::WidthFor(widest), from_->PreferredWidth());
+  return DropField::WidthFor(widest);
 }
 
 int TmxTaskWindow::DaysWidth() const {
@@ -162,20 +172,12 @@ int TmxTaskWindow::DaysWidth() const {
 
 void TmxTaskWindow::FitSize(const TmyComponent& around) {
   fittedHeight_ = Theme().TextHeight();
-  const int fields = std::max({DaysWidth(), ModeWidth(), FrequencyWidth() + Theme().Step() + Theme().TextWidth(kUnit)});
+  const int fields = std::max(DaysWidth(), FieldWidth() + Theme().Step() + Theme().TextWidth(kUnit));
   RECT frame = {0, 0, FieldLeft() + fields + Margin(),
                 LineTop(kRows) + Theme().Step() + Theme().FieldHeight() + Margin()};
   AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
-  const LONG width = frame.right - frame.left, height = frame.bottom - frame.top;
-  RECT place = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  if (around.IsVisible() && !IsIconic(around.Handle())) GetWindowRect(around.Handle(), &place);
-  MONITORINFO monitor = {};
-  monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  const LONG left = std::min((place.left + place.right - width) / 2, work.right - width);
-  const LONG top = std::min((place.top + place.bottom - height) / 2, work.bottom - height);
-  SetBounds(std::max(left, work.left), std::max(top, work.top), width, height);
+  const RECT place = CentredPlace(around, {frame.right - frame.left, frame.bottom - frame.top});
+  SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
   Realign();
 }
 
@@ -188,17 +190,10 @@ void TmxTaskWindow::Realign() {
 }
 
 void TmxTaskWindow::PlaceFields() {
-  const struct {
-    TmyComponent* field;
-    int width;
-  } fields[] = {{from_, ModeWidth()},
-                {to_, ModeWidth()},
-                {start_, start_->PreferredWidth("00:00:00")},
-                {stop_, stop_->PreferredWidth("00:00:00")},
-                {frequency_, FrequencyWidth()},
-                {mode_, ModeWidth()}};
   int row = 0;
-  for (const auto& [field, width] : fields) field->SetBounds(FieldLeft(), LineTop(row++), width, Theme().FieldHeight());
+  for (TmyComponent* field : std::initializer_list<TmyComponent*>{from_, to_, start_, stop_, frequency_, mode_}) {
+    field->SetBounds(FieldLeft(), LineTop(row++), FieldWidth(), Theme().FieldHeight());
+  }
 }
 
 void TmxTaskWindow::PlaceDays() {
@@ -222,7 +217,7 @@ void TmxTaskWindow::Paint(HDC dc) {
     ThemeDraw::Text(dc, place, words, Theme().Color().text, Font());
   };
   for (int row = 0; row < kRows; ++row) text(row, Margin(), kLabels[row]);
-  text(kFrequencyRow, FieldLeft() + FrequencyWidth() + Theme().Step(), kUnit);
+  text(kFrequencyRow, FieldLeft() + FieldWidth() + Theme().Step(), kUnit);
 }
 
 void TmxTaskWindow::ThemeChanged() {
@@ -252,7 +247,12 @@ void TmxTaskWindow::Escape() {
 }
 
 void TmxTaskWindow::Clicked(Tmy_Btn& button) {
-  EndModal(&button == &ok_ ? kConfirmed : kCancelled);
+  if (&button != &ok_) return EndModal(kCancelled);
+  for (TmyCalendar* picker : {from_, to_}) picker->FinishTyping();
+  // Another dialog's loop may run inside ours, which then cannot end yet: whatever is pressed meanwhile, it is
+  // confirmed.
+  isConfirmed_ = true;
+  EndModal(kConfirmed);
 }
 
 void TmxTaskWindow::FocusChanged(bool focused) {

@@ -45,6 +45,7 @@ void TmyCalendar::ReadPicture() {
 
 void TmyCalendar::SetValue(const SYSTEMTIME& value) {
   typed_.clear();
+  typedDay_ = 0;
   value_ = value;
   CalendarMath::SetDate(value_, CalendarMath::DateOf(value));
   Repaint();
@@ -84,6 +85,7 @@ void TmyCalendar::DropDown(bool open) {
   TakeFocus();
   if (!IsAlive() || IsDropped()) return;
   if (FinishTyping() && (!IsAlive() || IsDropped())) return;
+  typedDay_ = 0;
   drop_ = new TmyMonthDrop(*this, Shown());
   drop_->chosen.Bind<&TmyCalendar::Choose>(this);
   drop_->dismissed.Bind<&TmyCalendar::Close>(this);
@@ -168,11 +170,17 @@ bool TmyCalendar::FieldKey(uint32_t key) {
   const bool isSideways = key == VK_LEFT || key == VK_RIGHT || key == VK_HOME || key == VK_END;
   if (!isVertical && !isSideways) return false;
   if (FinishTyping() && !IsAlive()) return true;
-  if (key == VK_UP || key == VK_DOWN) Choose(CalendarMath::Stepped(Shown(), Part(), key == VK_UP ? 1 : -1));
-  if (key == VK_PRIOR || key == VK_NEXT) Choose(CalendarMath::PlusMonths(Shown(), key == VK_PRIOR ? 1 : -1));
+  if (isVertical) StepBy(key);
   if (key == VK_LEFT || key == VK_RIGHT) GoToPart(key == VK_RIGHT ? 1 : -1);
   if (key == VK_HOME || key == VK_END) GoToEnd(key == VK_END ? 1 : -1);
   return true;
+}
+
+void TmyCalendar::StepBy(uint32_t key) {
+  const int direction = key == VK_UP || key == VK_PRIOR ? 1 : -1;
+  const bool isPage = key == VK_PRIOR || key == VK_NEXT;
+  typedDay_ = 0;
+  Choose(CalendarMath::Stepped(Shown(), isPage ? CalendarMath::Part::kMonth : Part(), direction));
 }
 
 void TmyCalendar::GoToPart(int direction) {
@@ -200,18 +208,17 @@ void TmyCalendar::Char(char& character, LPARAM flags) {
 // A day or a month counts from its first digit on and is done when no other digit can follow; a year counts with the
 // fourth. A digit that makes no date with those before it begins anew.
 void TmyCalendar::TypeDigit(char digit) {
-  using CalendarMath::WithPart;
   const Hold hold;
-  const CalendarMath::Part part = Part();
-  const bool isYear = part == CalendarMath::Part::kYear;
+  const bool isYear = Part() == CalendarMath::Part::kYear;
   typed_ += digit;
   if (isYear && typed_.size() < kYearDigits) return Repaint();
-  std::optional<Date> date = WithPart(Shown(), part, std::stoi(typed_));
+  std::optional<Date> date = WithTyped(std::stoi(typed_));
   if (!date && typed_.size() > 1) {
     typed_ = digit;
-    if (!isYear) date = WithPart(Shown(), part, std::stoi(typed_));
+    if (!isYear) date = WithTyped(std::stoi(typed_));
   }
-  const bool canGrow = !isYear && typed_.size() == 1 && (!date || WithPart(*date, part, std::stoi(typed_ + '0')));
+  const bool canGrow =
+      !isYear && typed_.size() == 1 && (!date || CalendarMath::WithPart(*date, Part(), std::stoi(typed_ + '0')));
   if (date && !canGrow) {
     typed_.clear();
     GoToPart(1);
@@ -220,12 +227,19 @@ void TmyCalendar::TypeDigit(char digit) {
   if (date) Choose(*date);
 }
 
+// A day that the month shown does not have counts again with each month and year typed behind it.
+std::optional<TmyCalendar::Date> TmyCalendar::WithTyped(int value) {
+  const std::optional<Date> date = CalendarMath::WithPart(Shown(), Part(), value);
+  if (date && Part() == CalendarMath::Part::kDay) typedDay_ = value;
+  return date && typedDay_ > 0 ? CalendarMath::WithPart(*date, CalendarMath::Part::kDay, typedDay_) : date;
+}
+
 bool TmyCalendar::FinishTyping() {
   const std::string typed = std::exchange(typed_, "");
   if (typed.empty()) return false;
   Repaint();
   if (Part() != CalendarMath::Part::kYear || typed.size() > 2) return false;
-  const std::optional<Date> date = CalendarMath::WithPart(Shown(), Part(), kThisCentury + std::stoi(typed));
+  const std::optional<Date> date = WithTyped(kThisCentury + std::stoi(typed));
   if (!date || *date == Shown()) return false;
   Choose(*date);
   return true;
@@ -239,6 +253,7 @@ void TmyCalendar::FocusChanged(bool focused) {
     const Hold hold;
     Close();
     if (FinishTyping() && !IsAlive()) return;
+    typedDay_ = 0;
   }
   Repaint();
 }

@@ -6,8 +6,9 @@
 //   SYSTEMTIME chosen = from->Value();
 //
 // Keys of the field: Left and Right, Home and End go over day, month and year; Up and Down step that part, Page Up and
-// Page Down the month; digits overwrite it. F4, Alt+Down, Alt+Up or a click drop the month down; there a click, Enter,
-// Tab, F4 and Alt with an arrow take the day, Escape and everything else leave the date as it was.
+// Page Down the month; digits overwrite it, a whole date in the order of its parts. F4, Alt+Down, Alt+Up or a click
+// drop the month down; there a click, Enter, Tab, F4 and Alt with an arrow take the day, Escape and everything else
+// leave the date as it was.
 #pragma once
 
 #include "toolkit/CalendarMath.h"
@@ -31,6 +32,8 @@ class TmyCalendar : public TmyPanel {
 
   [[nodiscard]] bool IsDropped() const noexcept { return drop_ != nullptr; }
   void DropDown(bool open);  // closing leaves the date as it was
+  // Takes a year that was left half typed, as leaving the field does. True: `changed` was raised.
+  bool FinishTyping();
 
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   void Paint(HDC dc) override;
@@ -56,10 +59,11 @@ class TmyCalendar : public TmyPanel {
   void DropGone();
   bool DroppedKey(uint32_t key, LPARAM flags);
   bool FieldKey(uint32_t key);
+  void StepBy(uint32_t key);
+  [[nodiscard]] std::optional<Date> WithTyped(int value);
   void GoToPart(int direction);
   void GoToEnd(int direction);  // -1: the first part
   void TypeDigit(char digit);
-  bool FinishTyping();  // a year that was left half typed; true: `changed` was raised
   void ReadPicture();
   [[nodiscard]] CalendarMath::Part Part() const noexcept { return parts_[part_].part; }
   [[nodiscard]] std::string PartText(size_t part, const SYSTEMTIME& time) const;
@@ -68,5 +72,6 @@ class TmyCalendar : public TmyPanel {
   std::vector<CalendarMath::PicturePart> parts_;  // of the user's short date; at least one can be edited
   size_t part_ = 0;                               // the one that keys change
   std::string typed_;                             // digits of it so far
-  TmyMonthDrop* drop_ = nullptr;                  // belongs to its window; null while closed
+  int typedDay_ = 0;  // until the field is left: the month or year typed behind it may have that day; 0 is none
+  TmyMonthDrop* drop_ = nullptr;  // belongs to its window; null while closed
 };
