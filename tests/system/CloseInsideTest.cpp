@@ -18,6 +18,7 @@ class CloseInside : public PluginFixture {
   // The host goes on: a fresh load works, ends and leaves nothing.
   void ExpectFreshStart() {
     host_.PumpFor(20);
+    EXPECT_TRUE(WriteTask(false));
     EXPECT_FALSE(host_.HasSeenQuit());
     EXPECT_FALSE(host_.WasLate());
     ASSERT_TRUE(host_.Load());
@@ -31,8 +32,17 @@ class CloseInside : public PluginFixture {
     EXPECT_THAT(FakeHost::TopWindows(), IsEmpty());
     ASSERT_TRUE(host_.Load());
   }
-  // A menu, the box or a drop-down list, which is the one window without a caption.
-  static bool IsLoopOpen() { return FakeHost::Find("", "#32768") || FakeHost::Find("About") || FakeHost::Find(""); }
+  // A menu, a dialog or something dropped down, which is the one window without a caption.
+  static bool IsLoopOpen() {
+    const auto isOpen = [](const char* caption) { return FakeHost::Find(caption) != nullptr; };
+    return FakeHost::Find("", "#32768") || isOpen("About") || isOpen("") || isOpen("New Task") || isOpen("Delete task");
+  }
+  // One record, due all the time once it is enabled: 9420 kHz, AM.
+  bool WriteTask(bool enabled) const {
+    const uint32_t record[] = {9420000, 0, 1, 0, 0, 0, 0, 0x7FFFFFFF, 0, 0, 127, enabled};
+    return WriteFileBytes(documents_.DataFolder() + "\\tasks.mxt",
+                          std::string(reinterpret_cast<const char*>(record), sizeof record));
+  }
 
   void Enter(HWND window) {
     Key(Grid(window), VK_HOME);
@@ -50,6 +60,21 @@ class CloseInside : public PluginFixture {
     Key(Grid(window), VK_HOME);
     PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
   }
+  void NewTask(HWND window) { Choose(window, "&New task"); }
+  void DeleteTask(HWND window) {
+    Choose(window, "&View scheduler");
+    Key(Grid(FakeHost::Find("Scheduler")), VK_DELETE);
+  }
+  void Month(HWND window) {
+    host_.When([] { return FakeHost::Find("New Task") != nullptr; },
+               [&] {
+                 PostMessageA(GetWindow(FakeHost::Find("New Task"), GW_CHILD), WM_KEYDOWN, VK_F4, 1);
+                 host_.When([] { return FakeHost::Find("") != nullptr; }, action_);
+               });
+    NewTask(window);
+  }
+  void DueTask(HWND window) { SendMessageA(window, WM_TIMER, 1, 0); }
+  std::function<void()> action_;
   void DropDown(HWND window) {
     HWND combo = GetWindow(Panel(window), GW_CHILD);
     char className[64] = "";
@@ -83,13 +108,19 @@ TEST_F(CloseInside, EveryPlaceByCloseAndByUnload) {
       {"box", &CloseInside::About, 0, {0x1509, 0x4000}},
       {"menu", &CloseInside::Menu, 0, {0x1509, 0x4000}},
       {"drop-down list", &CloseInside::DropDown, 0, {0x1509, 0x4000}},
+      {"new task's frequency", &CloseInside::NewTask, 0x4002, {0x4002, 0x1509, 0x4000}},
+      {"task editor", &CloseInside::NewTask, 0, {0x4002, 0x1509, 0x4000}},
+      {"its month", &CloseInside::Month, 0, {0x4002, 0x1509, 0x4000}},
+      {"question", &CloseInside::DeleteTask, 0, {0x1509, 0x4000}},
+      {"due task", &CloseInside::DueTask, 0x900, {0x800, 0x900, 0x1509, 0x4000}},
   };
   for (const auto& place : kPlaces) {
     for (const bool unload : {false, true}) {
       SCOPED_TRACE(std::string(place.name) + (unload ? ", unload" : ""));
+      ASSERT_TRUE(WriteTask(place.reach == &CloseInside::DueTask));
       const HWND window = StartPlugin();
-      const auto action = [&] { unload ? CloseAndUnload() : host_.Close(7); };
-      place.during == 0 ? host_.When(&IsLoopOpen, action) : host_.During(place.during, action);
+      action_ = [&] { unload ? CloseAndUnload() : host_.Close(7); };
+      place.during == 0 ? host_.When(&IsLoopOpen, action_) : host_.During(place.during, action_);
       (this->*place.reach)(window);
       EXPECT_TRUE(host_.PumpUntil([&] { return !IsWindow(window); }, 8000));
       EXPECT_FALSE(IsLoopOpen());
