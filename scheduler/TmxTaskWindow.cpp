@@ -143,7 +143,7 @@ void TmxTaskWindow::Store(TmxTask& task) const {
   if (stop_->Value() != shown_.stop) task.stop = UtcOfLocal(static_cast<uint32_t>(stop_->Value()), offset_);
   if (frequency_->Value() != shown_.frequency) task.frequency = static_cast<uint64_t>(frequency_->Value());
   const auto mode = static_cast<int32_t>(mode_->ItemData(mode_->Selection()));
-  if (mode == -1) {
+  if (mode_->Selection() < 0 || mode == -1) {
     task.mode = 0;  // nothing to choose from
   } else if (mode_->Selection() != shown_.mode) {
     task.mode = mode;

@@ -51,17 +51,19 @@ TEST(SwapFileTest, ReplacesWholeOrNotAtAll) {
   EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST(SwapFileTest, AFileThatCannotBeReplacedStays) {
+TEST(SwapFileTest, AHeldFileIsWrittenOverWhereItsHolderLetsOthersWrite) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");
-  ASSERT_TRUE(WriteFileBytes(name, "old"));
-  const HANDLE holder = CreateFileA(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-  SwapFile file(name.c_str());
-  EXPECT_TRUE(file.Write("new", 3));
-  EXPECT_FALSE(file.Commit());
-  CloseHandle(holder);
-  EXPECT_EQ(ReadFileBytes(name), "old");
-  EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
+  for (const DWORD share : {FILE_SHARE_READ, FILE_SHARE_READ | FILE_SHARE_WRITE}) {
+    ASSERT_TRUE(WriteFileBytes(name, "old"));
+    const HANDLE holder = CreateFileA(name.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr);
+    SwapFile file(name.c_str());
+    EXPECT_TRUE(file.Write(std::string(5000, 'n').data(), 5000));
+    EXPECT_EQ(file.Commit(), share != FILE_SHARE_READ);
+    CloseHandle(holder);
+    EXPECT_EQ(ReadFileBytes(name), share == FILE_SHARE_READ ? "old" : std::string(5000, 'n'));
+    EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
+  }
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <functional>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -11,6 +13,22 @@
 #include "toolkit/TmyApplication.h"
 
 using testing::ElementsAre;
+
+namespace {
+uint32_t allocations = 0;  // of the whole program
+}
+
+[[gnu::noinline]] void* operator new(size_t bytes) {
+  ++allocations;
+  if (void* block = std::malloc(bytes)) return block;
+  throw std::bad_alloc();
+}
+[[gnu::noinline]] void operator delete(void* block) noexcept {
+  std::free(block);
+}
+[[gnu::noinline]] void operator delete(void* block, size_t) noexcept {
+  std::free(block);
+}
 
 namespace {
 
@@ -100,4 +118,15 @@ TEST_F(SchedulerEngineTest, SurvivesWhatTheHostDoesInside) {
   owner_->duringTune = [this] { owner_->Destroy(); };
   engine_.Tick();
   EXPECT_FALSE(owner_->IsAlive());
+}
+
+TEST_F(SchedulerEngineTest, ATickAsksForNoMemoryWhileNothingChanges) {
+  for (uint32_t i = 0; i < 1000; ++i) tasks_.Insert(std::make_unique<TmxTask>(), 0);
+  for (const bool isLastRunning : {false, true}) {
+    for (uint32_t i = 1000; i < tasks_.Count(); ++i) tasks_.Get(i)->enabled = isLastRunning && i == 1002;
+    EXPECT_EQ(Tick(), isLastRunning ? 3u : 0u);
+    const uint32_t before = allocations;
+    for (int i = 0; i < 10; ++i) engine_.Tick();
+    EXPECT_EQ(allocations, before);
+  }
 }

@@ -18,7 +18,7 @@ class SchedulerFixture : public testing::Test, public SchedulerOwner {
   ~SchedulerFixture() override { window_->Destroy(); }
 
   TmyTypeList<TmxTask>& Tasks() noexcept override { return tasks_; }
-  const TmxTask* RunningTask() const noexcept override { return nullptr; }
+  const TmxTask* RunningTask() const noexcept override { return running_; }
   bool IsUtc() const noexcept override { return utc_; }
   const HostInfo& Host() const noexcept override { return host_; }
   uint32_t CurrentFrequencyRaw() noexcept override { return 9420000; }
@@ -48,6 +48,7 @@ class SchedulerFixture : public testing::Test, public SchedulerOwner {
 
   TmyTypeList<TmxTask> tasks_;
   HostInfo host_ = HostInfo::Copy(HostBlockOfReceiver().data());  // up to 30 MHz, modes 1 and 9
+  const TmxTask* running_ = nullptr;
   bool utc_ = true;
   TmyComponent* window_ = new TmyComponent("Owner", WS_POPUP | WS_VISIBLE, 0, 0, 0, 300, 200, nullptr);
   TmxSchedulerWindow* scheduler_;

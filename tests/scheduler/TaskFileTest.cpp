@@ -3,22 +3,42 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <thread>
+
+#include "foundation/Trace.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
 
 constexpr TaskDate kNow = {0x11223344, 0x01DCA000};
 
-// Two records of which every byte is another one, made by hand.
+// A file as it lies on a user's disk: 9420 kHz AM on workdays, and 15770.5 kHz USB that nobody enabled, over midnight
+// until further notice. Its reserved words are not zero.
 std::string TwoTasks() {
-  std::string bytes;
-  for (int i = 0; i < 96; ++i) bytes += static_cast<char>(i + 1);
-  return bytes;
+  return ReadFileBytes("tests/scheduler/data/tasks.mxt");
 }
+
+// What the debugger would see.
+class TracedLines {
+ public:
+  TracedLines() { Trace::SwitchOn(true), text_.clear(), handler_ = AddVectoredExceptionHandler(1, &Take); }
+  ~TracedLines() { Trace::SwitchOn(false), RemoveVectoredExceptionHandler(handler_); }
+  static std::string Text() { return text_.substr(0, text_.find_first_of("\r\n")); }
+
+ private:
+  static LONG CALLBACK Take(EXCEPTION_POINTERS* told) {
+    const EXCEPTION_RECORD& record = *told->ExceptionRecord;
+    if (record.ExceptionCode != DBG_PRINTEXCEPTION_C) return EXCEPTION_CONTINUE_SEARCH;
+    text_ += reinterpret_cast<const char*>(record.ExceptionInformation[1]);
+    return EXCEPTION_CONTINUE_EXECUTION;
+  }
+  static inline std::string text_;
+  void* handler_;
+};
 
 class TaskFileTest : public testing::Test {
  protected:
-  void Load() { TaskFile::Load(path_, tasks_, kNow); }
+  bool Load() { return TaskFile::Load(path_, tasks_, kNow); }
   bool Save() { return TaskFile::Save(path_, tasks_); }
 
   TemporaryFolder folder_;
@@ -34,8 +54,11 @@ TEST_F(TaskFileTest, RoundTripsEveryByte) {
     for (size_t i = 0; i < records; ++i) bytes += TwoTasks().substr(i % 2 * 48, 48);
     ASSERT_TRUE(WriteFileBytes(path_.Chars(), bytes));
     tasks_.Clear();
-    Load();
+    EXPECT_TRUE(Load());
     ASSERT_EQ(tasks_.Count(), records);
+    EXPECT_EQ(
+        *tasks_.Get(0),
+        (TmxTask{9420000, 1, 0x0012F7A4, {0x646e4e00, 0x01dca984}, {0x5df7ce00, 0x01ddc5fa}, 50700, 54300, 0x3E, 1}));
     ASSERT_TRUE(DeleteFileA(path_.Chars()));
     ASSERT_TRUE(Save());
     EXPECT_EQ(ReadFileBytes(path_.Chars()), bytes);
@@ -44,20 +67,38 @@ TEST_F(TaskFileTest, RoundTripsEveryByte) {
 
 TEST_F(TaskFileTest, CompletesAShortRecord) {
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), TwoTasks().substr(0, 50)));
-  Load();
+  EXPECT_TRUE(Load());
   ASSERT_EQ(tasks_.Count(), 2u);
-  EXPECT_EQ(*tasks_.Get(1), (TmxTask{0x3231, 0, 0, kNow, kNow, 0, 0, 0, 0}));
+  EXPECT_EQ(*tasks_.Get(1), (TmxTask{15770500U % 0x10000, 0, 0, kNow, kNow, 0, 0, 0, 0}));
 }
 
-TEST_F(TaskFileTest, AppendsWhatThereIs) {
+TEST_F(TaskFileTest, AppendsAllOfAFileOrNothing) {
   ASSERT_TRUE(tasks_.Add(std::make_unique<TmxTask>()));
-  Load();  // missing
-  EXPECT_EQ(tasks_.Count(), 1u);
+  EXPECT_TRUE(Load());  // missing
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), ""));
-  Load();
-  EXPECT_EQ(tasks_.Count(), 1u);
+  EXPECT_TRUE(Load());
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), TwoTasks()));
-  Load();
+  const HANDLE holder = CreateFileA(path_.Chars(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  {
+    const TracedLines lines;
+    EXPECT_FALSE(Load());
+    EXPECT_EQ(lines.Text(), "File not opened, err=32");
+  }
+  CloseHandle(holder);
+  // A read that fails behind the second record: the other end of a pipe goes.
+  constexpr char kPipe[] = "\\\\.\\pipe\\marlux-tasks";
+  const HANDLE pipe = CreateNamedPipeA(kPipe, PIPE_ACCESS_OUTBOUND, 0, 1, 4096, 0, 0, nullptr);
+  std::thread writer([pipe, bytes = TwoTasks()] {
+    DWORD written = 0;
+    ConnectNamedPipe(pipe, nullptr);
+    WriteFile(pipe, bytes.data(), 96, &written, nullptr);
+    FlushFileBuffers(pipe);
+    CloseHandle(pipe);
+  });
+  EXPECT_FALSE(TaskFile::Load(kPipe, tasks_, kNow));
+  writer.join();
+  EXPECT_EQ(tasks_.Count(), 1u);
+  EXPECT_TRUE(Load());
   EXPECT_EQ(tasks_.Count(), 3u);
   tasks_.Clear();
   EXPECT_TRUE(Save());
@@ -66,6 +107,10 @@ TEST_F(TaskFileTest, AppendsWhatThereIs) {
 
 TEST_F(TaskFileTest, KeepsTheOldFileWhenSavingFails) {
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), TwoTasks()));
+  ASSERT_TRUE(tasks_.Add(std::make_unique<TmxTask>()) &&
+              tasks_.Add(std::unique_ptr<TmxTask>()));  // which the system cannot write
+  EXPECT_FALSE(Save());
+  EXPECT_EQ(ReadFileBytes(path_.Chars()), TwoTasks());
   ASSERT_TRUE(CreateDirectoryA((path_ + ".new").Chars(), nullptr));  // where the new content would grow
   EXPECT_FALSE(Save());
   EXPECT_EQ(ReadFileBytes(path_.Chars()), TwoTasks());

@@ -27,9 +27,9 @@ TEST(TaskTextsTest, ShowsATaskInTheZoneAskedFor) {
   using testing::ElementsAre;
   EXPECT_THAT(Texts(task, 0), ElementsAre("!", "9420.5", Written(&GetDateFormatA, from), Written(&GetDateFormatA, to),
                                           Time(23, 0), Time(0, 30), "DAB", "Workdays"));
-  task.enabled = 0, task.mode = 21, task.days = 0, task.to = {0xFFFFFFFF, 0xFFFFFFFF};
-  EXPECT_THAT(Texts(task, -84600),
-              ElementsAre("", "9420.5", Written(&GetDateFormatA, from), "", Time(23, 30), Time(1, 0), "", ""));
+  task.frequency = UINT64_MAX, task.enabled = 0, task.mode = 21, task.days = 0, task.to = {0xFFFFFFFF, 0xFFFFFFFF};
+  EXPECT_THAT(Texts(task, -84600), ElementsAre("", "18446744073709551.615", Written(&GetDateFormatA, from), "",
+                                               Time(23, 30), Time(1, 0), "", ""));
 }
 
 }  // namespace

@@ -46,31 +46,40 @@ TEST_F(TmxTaskWindowTest, StoresWhatWasEntered) {
     const TmxTask after = Edited(before, [](TmyComponent& dialog) {
       Click<Tmy_CheckBox>(dialog, 0);  // disabled
       Click<Tmy_CheckBox>(dialog, 1);  // not on Sundays
+      Field(dialog, 0).TakeFocus();
       Input::Key(Field(dialog, 0), VK_PRIOR);
+      Input::Key(Field(dialog, 0), VK_END);
+      Input::Type(Field(dialog, 0), "27");  // a year of two digits, confirmed as it stands
       for (int i = 0; i < 2; ++i) Input::Key(Field(dialog, 1), VK_PRIOR);  // to February
       Retype(Field(dialog, 2), "003000");
       Retype(Field(dialog, 3), "010000");
       Retype(Field(dialog, 4), "99999");  // beyond the host's range
       Input::Key(Field(dialog, 5), VK_HOME);
     });
-    EXPECT_EQ(after, (TmxTask{30000000, 1, 77, Day(2026, 12, 21, 5), Day(2027, 2, 28, 6), utc ? 1800u : 81000u,
+    EXPECT_EQ(after, (TmxTask{30000000, 1, 77, Day(2027, 12, 21, 5), Day(2027, 2, 28, 6), utc ? 1800u : 81000u,
                               utc ? 3600u : 82800u, 0x7E, 0}));
   }
 }
 
 TEST_F(TmxTaskWindowTest, WhatIsLeftAloneStays) {
+  std::vector<uint32_t> hosts[] = {HostBlockOfReceiver(), HostBlockOfReceiver(), HostBlockOfReceiver()};
+  std::swap(hosts[1][392 / 4], hosts[1][396 / 4]);  // the range
+  hosts[2][392 / 4] = hosts[2][396 / 4];
   constexpr TaskDate kNoDate = {0x12345678, 0xFFFFFFFF};
-  const TmxTask odd = {6005000, 9, 1, kNoDate, {1, 0}, 1800, 1800, 0, 1};
-  for (const bool utc : {true, false}) {
-    utc_ = utc;
-    EXPECT_EQ(Edited(odd, [](TmyComponent&) {}), odd);
+  const TmxTask odd[] = {{6005000, 9, 1, kNoDate, {1, 0}, 1800, 1800, 0, 1},
+                         {10'000'000'000, 20, 1, kNoDate, {1, 0}, 90000, 86400 + 1800, 0, 1},
+                         {UINT64_MAX, -5, 1, kNoDate, {1, 0}, UINT32_MAX, 1U << 31, 0, 1}};
+  for (const std::vector<uint32_t>& host : hosts) {
+    host_ = HostInfo::Copy(host.data());
+    for (const TmxTask& task : odd) {
+      utc_ = !utc_;
+      EXPECT_EQ(Edited(task, [](TmyComponent&) {}), task);
+    }
+    const uint64_t typed = &host == hosts ? 30000000 : 99999000;
+    EXPECT_EQ(Edited(odd[0], [](TmyComponent& dialog) { Retype(Field(dialog, 4), "99999"); }).frequency, typed);
   }
-  TmxTask unknown = odd;
-  unknown.mode = 20;  // not one of the host's: its first
-  unknown.stop = 86400 + 1800;
-  EXPECT_EQ(Edited(unknown, [](TmyComponent&) {}), (TmxTask{6005000, 1, 1, kNoDate, {1, 0}, 1800, 1800, 0, 1}));
   host_ = HostInfo();
-  EXPECT_EQ(Edited(odd, [](TmyComponent&) {}).mode, 0);
+  EXPECT_EQ(Edited(odd[0], [](TmyComponent&) {}).mode, 0);
 }
 
 }  // namespace

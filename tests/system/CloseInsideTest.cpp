@@ -20,6 +20,7 @@ class CloseInside : public PluginFixture {
   // The host goes on: a fresh load works, ends and leaves nothing.
   void ExpectFreshStart() {
     host_.PumpFor(20);
+    EXPECT_TRUE(WriteTask(false));
     EXPECT_FALSE(host_.HasSeenQuit());
     EXPECT_FALSE(host_.WasLate());
     ASSERT_TRUE(host_.Load());
@@ -41,10 +42,11 @@ class CloseInside : public PluginFixture {
     return FakeHost::Find("", "#32768") || !FakeHost::TopWindows("#32770").empty();
   }
   bool IsReached() const { return IsLoopOpen() || GetCapture() || isPlaying_; }
-  void WriteTask() {
-    std::string task(48, 0);
-    task[1] = 100, task[40] = 127;
-    ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\tasks.mxt", task));
+  // One record, due all the time once it is enabled: 9420 kHz, AM.
+  bool WriteTask(bool enabled) const {
+    const uint32_t record[] = {9420000, 0, 1, 0, 0, 0, 0, 0x7FFFFFFF, 0, 0, 127, enabled};
+    return WriteFileBytes(documents_.DataFolder() + "\\tasks.mxt",
+                          std::string(reinterpret_cast<const char*>(record), sizeof record));
   }
 
   void Enter(HWND window) {
@@ -69,11 +71,6 @@ class CloseInside : public PluginFixture {
   }
   void Columns(HWND window) { Choose(window, "HFCC &settings"); }
   void Export(HWND window) { Choose(window, "&Export items to CSV"); }
-  void Editor(HWND window) { Choose(window, "&New task"); }
-  void Question(HWND window) {
-    Choose(window, "&View scheduler");
-    Key(GetWindow(FakeHost::Find("Scheduler"), GW_CHILD), VK_DELETE);
-  }
   void OpenFile(HWND window) {
     SetFocus(Grid(window));
     for (const WPARAM key : {VK_TAB, VK_RIGHT, VK_SPACE}) KeyWhereTheFocusIs(key);
@@ -108,6 +105,21 @@ class CloseInside : public PluginFixture {
     const HWND slider = GetWindow(GetParent(GetFocus()) == window ? GetFocus() : GetParent(GetFocus()), GW_CHILD);
     Drag(slider, 20, 8);
   }
+  void NewTask(HWND window) { Choose(window, "&New task"); }
+  void DeleteTask(HWND window) {
+    Choose(window, "&View scheduler");
+    Key(Grid(FakeHost::Find("Scheduler")), VK_DELETE);
+  }
+  void Month(HWND window) {
+    host_.When([] { return FakeHost::Find("New Task") != nullptr; },
+               [&] {
+                 PostMessageA(GetWindow(FakeHost::Find("New Task"), GW_CHILD), WM_KEYDOWN, VK_F4, 1);
+                 host_.When([] { return FakeHost::Find("") != nullptr; }, action_);
+               });
+    NewTask(window);
+  }
+  void DueTask(HWND window) { SendMessageA(window, WM_TIMER, 1, 0); }
+  std::function<void()> action_;
   void DropDown(HWND window) {
     const HWND combo = GetWindow(GetWindow(Panel(window), GW_CHILD), GW_HWNDLAST);
     SetFocus(combo);
@@ -142,14 +154,17 @@ TEST_F(CloseInside, EveryPlaceByCloseAndByUnload) {
       {"details", &CloseInside::Details, 0, {0x1509, 0x4000}},
       {"columns", &CloseInside::Columns, 0, {0x1509, 0x4000}},
       {"export", &CloseInside::Export, 0, {0x1509, 0x4000}},
-      {"task editor", &CloseInside::Editor, 0, {0x4002, 0x1509, 0x4000}},
-      {"delete question", &CloseInside::Question, 0, {0x1509, 0x4000}},
       {"file to play", &CloseInside::OpenFile, 0, {0x1509, 0x4000}},
       {"border", &CloseInside::DragBorder, 0, {0x1509, 0x4000}},
       {"title", &CloseInside::DragTitle, 0, {0x1509, 0x4000}},
       {"splitter", &CloseInside::DragSplitter, 0, {0x1509, 0x4000}},
       {"playing", &CloseInside::Play, 0, {0x1101, 0x1101, 0x1509, 0x4000}},
       {"slider", &CloseInside::DragSlider, 0, {0x1101, 0x1101, 0x1509, 0x4000}},
+      {"new task's frequency", &CloseInside::NewTask, 0x4002, {0x4002, 0x1509, 0x4000}},
+      {"task editor", &CloseInside::NewTask, 0, {0x4002, 0x1509, 0x4000}},
+      {"its month", &CloseInside::Month, 0, {0x4002, 0x1509, 0x4000}},
+      {"question", &CloseInside::DeleteTask, 0, {0x1509, 0x4000}},
+      {"due task", &CloseInside::DueTask, 0x900, {0x800, 0x900, 0x1509, 0x4000}},
   };
   for (const auto& place : kPlaces) {
     for (const bool unload : {false, true}) {
@@ -158,11 +173,11 @@ TEST_F(CloseInside, EveryPlaceByCloseAndByUnload) {
       const std::vector<int32_t> widths(9, kColumnWidth);
       RegSetKeyValueA(HKEY_CURRENT_USER, "Software\\Corvane Communications\\Marlux 3", "GridColumsCountEibi",
                       REG_BINARY, widths.data(), 36);
-      WriteTask();
+      ASSERT_TRUE(WriteTask(place.reach == &CloseInside::DueTask));
       isPlaying_ = false;
       const HWND window = StartPlugin();
-      const auto action = [&] { unload ? CloseAndUnload() : host_.Close(7); };
-      place.during == 0 ? host_.When([&] { return IsReached(); }, action) : host_.During(place.during, action);
+      action_ = [&] { unload ? CloseAndUnload() : host_.Close(7); };
+      place.during == 0 ? host_.When([&] { return IsReached(); }, action_) : host_.During(place.during, action_);
       (this->*place.reach)(window);
       EXPECT_TRUE(host_.PumpUntil([&] { return !IsWindow(window); }, 8000));
       EXPECT_FALSE(IsLoopOpen());

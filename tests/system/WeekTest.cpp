@@ -4,7 +4,6 @@
 #include <chrono>
 #include <filesystem>
 #include <random>
-#include <set>
 
 #include "tests/system/PluginFixture.h"
 
@@ -16,6 +15,7 @@ using std::chrono::sys_days;
 using std::chrono::sys_seconds;
 
 constexpr uint32_t kSets = 50;
+constexpr size_t kHeaderSize = 48;  // of a recording
 constexpr seconds kLocalOffset{5 * 3600 + 1800};
 constexpr sys_days kMonday = std::chrono::year(2026) / 3 / 2;
 constexpr sys_days kFirstDay = std::chrono::year(1601) / 1 / 1;
@@ -84,22 +84,24 @@ std::string KhzText(uint64_t hz) {
   return text;
 }
 
-using Calls = std::vector<std::pair<uint32_t, uint32_t>>;  // code and first argument
-
 // What is to be seen of the plug-in from outside.
 struct Model {
   std::vector<Task> tasks;
   bool isUtc = false;
   const Task* running = nullptr;
   std::string caption = "Marlux 3";
-  Calls calls;
-  std::set<std::string> files;
+  std::vector<HostCall> calls;
+  std::map<std::string, std::string> files;  // names and what was recorded
+  std::string newest;
+  uint32_t instance = 0;  // as the module calls itself
+
+  void Called(uint32_t code, uint32_t a) { calls.push_back({instance, code, a, 0, "0"}); }
 
   void Stop() {
     if (!running) return;
     running = nullptr;
     caption = "Marlux 3";
-    calls.emplace_back(0x1101, 0);
+    Called(0x1101, 0);
   }
   void Tick() {
     if (running) {
@@ -109,13 +111,13 @@ struct Model {
     const auto due = std::find_if(tasks.begin(), tasks.end(), [](const Task& task) { return task.IsDue(); });
     if (due == tasks.end()) return;
     running = &*due;
-    const auto low = static_cast<uint32_t>(due->frequency);
-    calls.insert(calls.end(), {{0x800, low}, {0x900, due->mode}, {0xF00, 0}, {0x902, 5000}, {0x1101, 0}});
+    Called(0x800, static_cast<uint32_t>(due->frequency)), Called(0x900, due->mode);
+    Called(0xF00, 0), Called(0x902, 5000), Called(0x1101, 0);
     const SYSTEMTIME t = Calendar(isUtc ? now : now + kLocalOffset);
     char name[80];
     std::snprintf(name, sizeof name, "task_%llu_%04u%02u%02u_%02u%02u%02u.wav", due->frequency, t.wYear, t.wMonth,
                   t.wDay, t.wHour, t.wMinute, t.wSecond);
-    files.insert(name);
+    files[newest = name].clear();
     caption = "Marlux 3 recording " + KhzText(due->frequency);
   }
 };
@@ -136,6 +138,12 @@ class WeekTest : public PluginFixture {
     task.days = Below(3) == 0 ? 127 : Below(128), task.enabled = Below(8);
     return task;
   }
+  void Hear(Model& model) {
+    const std::string samples(6000, static_cast<char>('a' + Below(26)));
+    const uint32_t header[] = {44100, 0, 1, 3000};
+    host_.Notify(7, 0xE07, (std::string(reinterpret_cast<const char*>(header), sizeof header) + samples).data(), 3);
+    if (model.running) model.files[model.newest] += samples;
+  }
   void RunWeek(uint32_t set);
 
   std::mt19937 random_;
@@ -150,7 +158,7 @@ void WeekTest::RunWeek(uint32_t set) {
   const std::string file(reinterpret_cast<const char*>(model.tasks.data()), model.tasks.size() * sizeof(Task));
   const std::string fileName = documents_.DataFolder() + "\\tasks.mxt";
   ASSERT_TRUE(WriteFileBytes(fileName, file));
-  const std::string recordings = documents_.DataFolder() + "\\Recordings";
+  const std::string recordings = documents_.DataFolder() + "\\Recordings\\";
   std::filesystem::remove_all(recordings);
   ForgetSettings();
   const HWND window = StartPlugin();
@@ -161,23 +169,25 @@ void WeekTest::RunWeek(uint32_t set) {
     for (const seconds offset : {seconds(-1), seconds(0), seconds(1), seconds(2 + Below(297))}) {
       now = kMonday + at + offset;
       if (Below(100) == 0) host_.Notify(7, 0x800), model.Stop();
-      SendMessageA(window, WM_TIMER, 1, 0);
+      SendMessageA(window, WM_TIMER, Below(8) == 0 ? 2 : 1, 0);
+      if (model.instance == 0 && !host_.Calls().empty()) model.instance = host_.Calls().front().instance;
       model.Tick();
-      Calls calls;
-      for (const HostCall& call : host_.Calls()) calls.emplace_back(call.code, call.a);
-      ASSERT_EQ(calls, model.calls) << "set " << set << ", second " << (now - kMonday).count();
+      ASSERT_EQ(host_.Calls(), model.calls) << "set " << set << ", second " << (now - kMonday).count();
       ASSERT_EQ(TextOf(window), model.caption) << "set " << set << ", second " << (now - kMonday).count();
+      ASSERT_TRUE(model.calls.size() != 5 || std::filesystem::exists(recordings + model.newest)) << model.newest;
+      if (set < 5 && Below(200) == 0) Hear(model);
       host_.Clear(), model.calls.clear();
     }
   }
   host_.Close(7);
   EXPECT_EQ(ReadFileBytes(fileName), file);
-  std::set<std::string> files;
+  std::map<std::string, std::string> files;
   std::error_code missing;  // when no task was due
   for (const auto& entry : std::filesystem::directory_iterator(recordings, missing)) {
-    files.insert(entry.path().filename().string());
+    std::string& bytes = files[entry.path().filename().string()] = ReadFileBytes(entry.path().string());
+    bytes.erase(0, bytes.find_first_not_of('\0', kHeaderSize));  // one that heard nothing is padded
   }
-  EXPECT_EQ(files, model.files) << "set " << set;
+  EXPECT_TRUE(files == model.files) << "set " << set;
 }
 
 }  // namespace

@@ -15,6 +15,9 @@ class TmyCalendarTest : public ControlFixture {
     calendar_->changed.Bind<&TmyCalendarTest::Changed>(this);
     calendar_->TakeFocus();
   }
+  ~TmyCalendarTest() override { UsePicture(before_); }
+  // The user's form of dates.
+  static void UsePicture(const char* picture) { SetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, picture); }
   void Changed(TmyCalendar&) { Tell(); }
   void Show(Date date) {
     SYSTEMTIME time = {0, 0, 0, 0, 7, 0, 0, 0};
@@ -24,6 +27,8 @@ class TmyCalendarTest : public ControlFixture {
   Date Shown() const { return DateOf(calendar_->Value()); }
   void Key(uint32_t key) const { Input::Key(*calendar_, key); }
 
+  char before_[80] = {};
+  const int length_ = GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, before_, sizeof before_);
   TmyCalendar* calendar_ = new TmyCalendar(*window_, WS_VISIBLE | WS_TABSTOP);
 };
 
@@ -39,11 +44,12 @@ TEST(CalendarMathTest, KeepsToDatesThatThereAre) {
   EXPECT_EQ(CalendarMath::SplitPicture("dd' de 'MMM").at(1).picture, " de ");
 }
 
-TEST_F(TmyCalendarTest, KeysAndDigitsChangeTheDateInMonthDayYearOrder) {
+TEST_F(TmyCalendarTest, KeysAndDigitsChangeTheDateInTheUsersOrder) {
   const struct {
     std::vector<uint32_t> keys;
     const char* typed;
     Date after;
+    const char* picture = "M/d/yyyy";
   } cases[] = {
       {{VK_UP}, "", 2026y / 2 / 28},
       {{VK_RIGHT, VK_UP}, "", 2026y / 2 / 1},
@@ -52,11 +58,16 @@ TEST_F(TmyCalendarTest, KeysAndDigitsChangeTheDateInMonthDayYearOrder) {
       {{}, "3/5", 2026y / 3 / 5},
       {{VK_END}, "28", 2026y / 1 / 31},
       {{VK_RIGHT}, "09", 2026y / 1 / 9},
+      {{}, "2292028", 2028y / 2 / 29},
+      {{VK_PRIOR}, "31122026", 2026y / 12 / 31, "dd.MM.yyyy"},
+      {{VK_END, VK_DOWN, VK_HOME}, "30022028", 2028y / 2 / 29, "dd.MM.yyyy"},
       {{VK_F4, VK_DOWN, VK_RETURN}, "", 2026y / 2 / 7},
       {{VK_F4, VK_HOME, VK_ESCAPE}, "", 2026y / 1 / 31},
       {{VK_F4, VK_NEXT, VK_TAB}, "", 2026y / 2 / 28},
   };
   for (const auto& c : cases) {
+    UsePicture(c.picture);
+    calendar_->ThemeChanged();
     Show(2026y / 1 / 31);
     calendar_->TakeFocus();
     Key(VK_HOME);
