@@ -15,6 +15,8 @@
 #include <thread>
 #include <vector>
 
+#include "download/WinsockHandles.h"
+
 class ScriptedServer {
  public:
   enum class End { kClose, kReset, kStayOpen, kRepeat };  // kRepeat: the bytes again and again until the client goes
@@ -44,7 +46,7 @@ class ScriptedServer {
   [[nodiscard]] bool IsReady(SOCKET socket, bool toWrite = false) const;  // false: the server ends
   bool Send(SOCKET client, const Reply& reply) const;
 
-  WSADATA winsock_;
+  WinsockSession winsock_;
   SOCKET listener_;
   uint16_t port_ = 0;
   std::atomic<bool> ends_ = false;
