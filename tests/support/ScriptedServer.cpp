@@ -3,6 +3,7 @@
 #include <algorithm>
 
 ScriptedServer::ScriptedServer(const char* address, uint16_t port) {
+  WSAStartup(MAKEWORD(2, 2), &winsock_);
   listener_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
   sockaddr_in at = {};
   at.sin_family = AF_INET;
@@ -21,6 +22,7 @@ ScriptedServer::~ScriptedServer() {
   if (thread_.joinable()) thread_.join();
   for (std::thread& connection : connections_) connection.join();
   closesocket(listener_);
+  WSACleanup();
 }
 
 void ScriptedServer::Answer(const std::string& path, Reply reply) {

@@ -15,8 +15,6 @@
 #include <thread>
 #include <vector>
 
-#include "download/WinsockHandles.h"
-
 class ScriptedServer {
  public:
   enum class End { kClose, kReset, kStayOpen, kRepeat };  // kRepeat: the bytes again and again until the client goes
@@ -46,7 +44,7 @@ class ScriptedServer {
   [[nodiscard]] bool IsReady(SOCKET socket, bool toWrite = false) const;  // false: the server ends
   bool Send(SOCKET client, const Reply& reply) const;
 
-  WinsockSession winsock_;
+  WSADATA winsock_;
   SOCKET listener_;
   uint16_t port_ = 0;
   std::atomic<bool> ends_ = false;
