@@ -200,12 +200,21 @@ void TmxWindow::CheckForUpdates(TmyMenuItem&) {
   Download();
 }
 
+// Also when memory runs short inside, which ends the message that we are in.
+DownloadResult TmxWindow::RunDownload() {
+  struct Raised {
+    explicit Raised(bool& raised) : flag(raised) { flag = true; }
+    ~Raised() { flag = false; }
+    bool& flag;
+  };
+  const Raised open(isDownloading_);
+  return TmxDownloadWindow::Run(*this, DataFolder());
+}
+
 void TmxWindow::Download() {
   if (isDownloading_) return;
-  isDownloading_ = true;
-  const DownloadResult result = TmxDownloadWindow::Run(*this, DataFolder());
+  const DownloadResult result = RunDownload();
   if (!IsAlive()) return;
-  isDownloading_ = false;
   if (!databases_.Reload(result.hasEibi)) return;
   menuEibi_ = nullptr;
   menuFcc_ = nullptr;

@@ -23,6 +23,8 @@
 #include "toolkit/TmyPopupMenu.h"
 #include "toolkit/TmySplitter.h"
 
+struct DownloadResult;
+
 // Posted to the main window: opens the download window.
 constexpr UINT kMsgDownload = WM_USER + 1;
 
@@ -69,6 +71,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ShowDetails(TmyMenuItem& item);
   void CheckForUpdates(TmyMenuItem& item);
   void Download();
+  DownloadResult RunDownload();
   void ExportCsv(TmyMenuItem& item);
   void ChooseColumns(TmyMenuItem& item);
   void ArchiveChosen(TmyMenuItem& item);

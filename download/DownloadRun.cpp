@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <vector>
-
 #include "download/IndexPage.h"
 #include "foundation/FolderFiles.h"
 #include "foundation/SwapFile.h"
@@ -24,6 +22,28 @@ TmyString InPath(const TmyString& folder, const TmyString& name) {
 
 TmyString CountOf(uint32_t part, uint32_t whole) {
   return TmyString::FromDecimal(part) + "/" + TmyString::FromDecimal(whole);
+}
+
+// Written aside: a copy that breaks off must not take the place of the one that was kept before.
+bool Copy(const TmyString& from, const TmyString& to) {
+  TmyFile source(from, GENERIC_READ, OPEN_EXISTING);
+  SwapFile target(to);
+  bool isWritten = source.IsOpen();
+  char piece[0x4000];
+  for (uint32_t count = 1; isWritten && count > 0;) {
+    count = source.ReadSome(piece, sizeof piece);
+    isWritten = target.Write(piece, count);
+  }
+  return isWritten && source.Position() == source.Size() && target.Commit();
+}
+
+// The disk does not tell upper from lower case, nor a short name from its long one: the name leads to another's file.
+bool IsAnothersName(const TmyString& folder, const TmyString& name) {
+  WIN32_FIND_DATAA found;
+  const HANDLE search = FindFirstFileA(InPath(folder, name).Chars(), &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  FindClose(search);
+  return name != found.cFileName;
 }
 
 }  // namespace
@@ -111,11 +131,12 @@ void DownloadRun::IndexFinished(const DownloadedDocument& document) {
   }
 }
 
-// An archive that is not there, or that the disk does not take, is passed over.
+// An archive that is not there, that would replace another one or that the disk does not take is passed over.
 void DownloadRun::ArchiveFinished(const DownloadedDocument& document) {
   const TmyString name = pendingFiles_.Get(0);
+  const TmyString file = name.FileName().RemoveExt() + ".zip";
   const bool isThere = document.statusLine.Find("200") >= 0;
-  if (isThere && Save(name.FileName().RemoveExt() + ".zip", document)) downloadedFiles_.Add(name);
+  if (isThere && !IsAnothersName(folder_, file) && Save(file, document)) downloadedFiles_.Add(name);
   pendingFiles_.Delete(0);
   reachedHfcc_ = true;
   if (pendingFiles_.Count() > 0) {
@@ -154,7 +175,7 @@ bool DownloadRun::Save(const TmyString& name, const DownloadedDocument& document
 bool DownloadRun::KeepFormerEibi(const DownloadedDocument& document) const {
   if (HoldsEibiBroadcast({reinterpret_cast<const char*>(document.body), document.length})) return true;
   if (LoadEibi(folder_)->Count() == 0) return true;  // nothing to keep, or such a page, too
-  return CopyFileA(InPath(folder_, kEibiFile).Chars(), InPath(folder_, "eibi.bak").Chars(), FALSE) != FALSE;
+  return Copy(InPath(folder_, kEibiFile), InPath(folder_, "eibi.bak"));
 }
 
 void DownloadRun::ShowSummary() {

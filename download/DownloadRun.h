@@ -5,6 +5,10 @@
 //   run.Start();                          // asks desk for the first document
 //   run.Connected(); run.Finished(...);   // what became of it, told by the desk
 //
+// A file is replaced when the new one is whole. An EiBi document without one broadcast replaces the schedule, too,
+// which is kept beside it as "eibi.bak"; when it cannot be kept the schedule stays and the document is dropped, as one
+// that the disk did not take. An archive whose name differs from that of a file there by its case only is not saved.
+//
 // One document at a time. Each function may ask the desk for the next one or end the run, as the last thing it does.
 #pragma once
 
@@ -61,7 +65,6 @@ class DownloadRun {
   void EibiFinished(const DownloadedDocument& document);
   void IndexFinished(const DownloadedDocument& document);
   void ArchiveFinished(const DownloadedDocument& document);
-  void ListKnownFiles();
   [[nodiscard]] bool Save(const TmyString& name, const DownloadedDocument& document) const;
   [[nodiscard]] bool KeepFormerEibi(const DownloadedDocument& document) const;
   void ShowSummary();

@@ -39,7 +39,6 @@ bool EqualsNoCase(std::string_view text, std::string_view upperCase) noexcept {
 // What the system takes for a device whatever follows its first dot. The ports also count in raised digits.
 bool IsDevice(std::string_view name) noexcept {
   name = name.substr(0, name.find('.'));
-  name = name.substr(0, name.find_last_not_of(' ') + 1);
   for (const std::string_view device : {"CON", "PRN", "AUX", "NUL", "CLOCK$", "CONIN$", "CONOUT$"}) {
     if (EqualsNoCase(name, device)) return true;
   }
@@ -56,7 +55,7 @@ bool IndexPage::FindArchives(std::string_view page, const TmyStringList& known, 
   for (uint32_t i = 0; i < known.Count(); ++i) knownNames.insert(known.Get(i).View());
   for (std::string_view link; NextLink(page, at, link);) {
     const std::string_view archive = ArchiveOf(link);
-    if (archive.empty() || !IsBareFileName(archive)) continue;
+    if (archive.size() <= kArchiveEnding.size() || !IsBareFileName(archive)) continue;
     const std::string_view baseName = archive.substr(0, archive.size() - kArchiveEnding.size());
     if (!knownNames.contains(baseName)) archives.Add(TmyString(archive));
   }
@@ -67,7 +66,7 @@ bool IndexPage::IsBareFileName(std::string_view name) noexcept {
   constexpr size_t kLongest = 100;
   constexpr char kDelete = 0x7F;
   const auto isForbidden = [](char c) {
-    return static_cast<uint8_t>(c) < ' ' || c == kDelete || c == ':' || c == '/' || c == '\\';
+    return static_cast<uint8_t>(c) <= ' ' || c == kDelete || std::string_view(":/\\*?\"<>|").find(c) != kNowhere;
   };
   return !name.empty() && name.size() <= kLongest && name.find("..") == kNowhere &&
          std::ranges::none_of(name, isForbidden) && !IsDevice(name);

@@ -11,10 +11,11 @@ namespace IndexPage {
 // ".zip"), in page order. False: the page has no list, so it is another page.
 //   page := anything "<UL>" { anything "<LI>" anything "HREF" anything '"' link '"' }
 // All of it is case-sensitive, also the link's ending "zip". Folders are cut off; see IsBareFileName for the rest.
+// A ".zip" without a name is no archive.
 [[nodiscard]] bool FindArchives(std::string_view page, const TmyStringList& known, TmyStringList& archives);
 
-// A name that stays in the folder that it is put in and is a file there: at most 100 characters, no "..", colon, slash,
-// backslash or control character, no device ("con.zip").
+// A name that stays in the folder that it is put in, is a file there and can be asked for as it is: at most 100
+// characters, no "..", no blank or control character, none of : / \ * ? " < > |, no device ("con.zip").
 [[nodiscard]] bool IsBareFileName(std::string_view name) noexcept;
 
 }  // namespace IndexPage

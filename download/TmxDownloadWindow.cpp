@@ -30,9 +30,12 @@ DownloadResult TmxDownloadWindow::Run(TmyComponent& owner, const TmyString& data
     delete window;
     return {};
   }
-  const DownloadResult result = window->Execute(dataFolder);
-  window->Destroy();  // nothing when it is gone already
-  return result;
+  struct Closing {
+    TmxDownloadWindow& window;  // still held; it may be closed already, which is nothing then
+    ~Closing() { window.Destroy(); }
+  };
+  const Closing closing{*window};
+  return window->Execute(dataFolder);
 }
 
 TmxDownloadWindow::TmxDownloadWindow(TmyComponent& owner)
@@ -53,8 +56,9 @@ DownloadResult TmxDownloadWindow::Execute(const TmyString& dataFolder) {
   DownloadDesk& desk = *this;
   run_.emplace(desk, dataFolder);
   Show(true);
+  if (!IsAlive()) return {};  // closed by whoever heard of its being shown
   run_->Start();
-  if (ShowModal(GetParent()) == 0) return {};
+  if (!IsAlive() || ShowModal(GetParent()) == 0) return {};
   request_.reset();
   return {run_->HasEibi(), run_->ArchiveCount()};
 }
@@ -95,8 +99,11 @@ void TmxDownloadWindow::Realign() {
   button_.SetBounds(left, buttonTop, buttonWidth, Theme().FieldHeight());
 }
 
+// It stays where the user has put it.
 void TmxDownloadWindow::ThemeChanged() {
-  if (const TmyComponent* owner = GetParent()) PlaceOver(*owner);
+  RECT place;
+  GetWindowRect(Handle(), &place);
+  SetBounds(place.left, place.top, Theme().Scaled(kWidth), Theme().Scaled(kHeight));
   TmyComponent::ThemeChanged();
 }
 
@@ -143,8 +150,13 @@ void TmxDownloadWindow::ShowStatus(const TmyString& line1, const TmyString& line
   line1_.SetText(line1);
   line2_.SetText(line2);
   Realign();
-  bar_->SetCaption(line1 + "\r\n" + line2);
+  TellLines();
   PaintNow();
+}
+
+// What is read out of the window, drawn lines being nobody's but the eye's.
+void TmxDownloadWindow::TellLines() {
+  bar_->SetCaption(line1_.Text() + "\r\n" + line2_.Text());
 }
 
 void TmxDownloadWindow::PaintNow() {
@@ -158,7 +170,7 @@ void TmxDownloadWindow::ShowProgress(uint32_t received, uint32_t expected, const
   bar_->SetRange(expected);
   bar_->SetPosition(received);
   line2_.SetText(line2);
-  bar_->SetCaption(line1_.Text() + "\r\n" + line2);
+  TellLines();
   if (Clock::Ticks() - lastPainted_ >= kPaintInterval) PaintNow();
 }
 

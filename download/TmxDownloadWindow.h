@@ -54,6 +54,7 @@ class TmxDownloadWindow : public TmyComponent, private DownloadDesk {
   void TimedOut(TmyHttpSocket& socket);
   void Closed(TmySocket& socket, int error);
 
+  void TellLines();
   void PaintNow();
   void PlaceOver(const TmyComponent& owner);
   void TakeIconOf(const TmyComponent& owner);

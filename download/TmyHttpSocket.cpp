@@ -14,10 +14,12 @@ void TmyHttpSocket::Get(const TmyString& host, const TmyString& path) {
 }
 
 // Starting it anew for each arrival would cost more than the arrival: the system's timer runs on, and when it fires it
-// is seen how long the silence has been.
+// is seen how long the silence has been. Where the system has no timer left the time is up at once: without one a
+// silent server would never be given up.
 void TmyHttpSocket::StartTimer() noexcept {
   lastHeard_ = Clock::Ticks();
-  if (!isTimed_) isTimed_ = SetTimer(Handle(), kTimer, timeout_, nullptr) != 0;
+  if (isTimed_) return;
+  isTimed_ = SetTimer(Handle(), kTimer, timeout_, nullptr) != 0 || PostMessageA(Handle(), kReportTimedOut, 0, 0);
 }
 
 void TmyHttpSocket::StopTimer() noexcept {
@@ -40,16 +42,25 @@ LRESULT TmyHttpSocket::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
     Closed(0);
     return 0;
   }
+  if (message == kReportTimedOut) {
+    if (isTimed_) GiveUp();  // else it has ended meanwhile
+    return 0;
+  }
   return TmyClientSocket::WndProc(message, wParam, lParam);
 }
 
 void TmyHttpSocket::Timer(uintptr_t id) {
   if (id != kTimer || !isTimed_) return;  // a tick that was under way when the timer was stopped
   const uint32_t silence = Clock::Ticks() - lastHeard_;
+  // When it cannot be set it goes on with the interval that it has.
   if (silence < timeout_) {
     SetTimer(Handle(), kTimer, timeout_ - silence, nullptr);
-    return;
+  } else {
+    GiveUp();
   }
+}
+
+void TmyHttpSocket::GiveUp() {
   EndRequest();
   TimedOut();
 }
@@ -76,17 +87,14 @@ void TmyHttpSocket::Closed(int error) {
   TmyClientSocket::Closed(error);
 }
 
+// An event that brought nothing stops no timer, nor does it prolong the time: the silence goes on.
 void TmyHttpSocket::DataReceived(int /*error*/) {
-  if (Received().empty()) {
-    StopTimer();
-    return;
-  }
+  if (Received().empty()) return;
   TakeReceived(response_.Feed(Received()));
   if (response_.IsDone()) {
     Complete();
   } else if (response_.IsFailed()) {
-    EndRequest();
-    TimedOut();
+    GiveUp();
   } else {
     StartTimer();
     Progress();  // last: it may delete us
@@ -100,7 +108,7 @@ void TmyHttpSocket::Complete() {
   const Presence presence(*this);
   const HWND handle = Handle();
   Finished();
-  if (presence.IsThere()) PostMessageA(handle, kReportClosed, 0, 0);
+  if (presence.IsThere() && !PostMessageA(handle, kReportClosed, 0, 0)) Closed(0);
 }
 
 void TmyHttpSocket::Finished() {

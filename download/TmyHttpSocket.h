@@ -12,7 +12,8 @@
 //   the connection (it is closed on our side before `finished`);
 // - `closed` alone: no connection, with the error, or the server closed before the document was whole. No time-out
 //   follows, so an owner that waits for documents has to act on it;
-// - `timedOut`: no data for so long, no such host, a header above 64 KiB or a body above 16 MiB.
+// - `timedOut`: no data for so long, no such host, a header above 64 KiB or a body above 16 MiB, no timer to be had.
+// An answer that announces 0 bytes, or no length at all, never finishes: it ends in one of the other ways.
 // Every callback may delete or destroy the object. One object, one request.
 #pragma once
 
@@ -50,15 +51,17 @@ class TmyHttpSocket : public TmyClientSocket {
 
  private:
   static constexpr UINT kReportClosed = WM_USER + 1;
+  static constexpr UINT kReportTimedOut = WM_USER + 2;
   static constexpr UINT_PTR kTimer = 1;
 
   void StartTimer() noexcept;
   void StopTimer() noexcept;
   void EndRequest() noexcept;
+  void GiveUp();
   void Complete();
 
   uint32_t timeout_;
-  bool isTimed_ = false;    // the timer runs
+  bool isTimed_ = false;    // the timer runs, or its end is on its way
   uint32_t lastHeard_ = 0;  // ticks
   TmyString host_;
   TmyString path_;

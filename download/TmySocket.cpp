@@ -28,12 +28,15 @@ std::string_view TmySocket::Received() const noexcept {
   return {reinterpret_cast<const char*>(received_.Data()), received_.Size()};
 }
 
-// Winsock tells of waiting bytes again only after a read: when none was made for want of room, we tell ourselves.
+// Winsock tells of waiting bytes again only after a read: when none was made for want of room, we tell ourselves. When
+// the message cannot be had the next call tries again.
 void TmySocket::TakeReceived(uint32_t count) {
   received_.Read(nullptr, std::min(count, received_.Size()), true);
   if (!readStopped_ || received_.Size() >= kBufferLimit) return;
+  const LPARAM event = closeError_ ? WSAMAKESELECTREPLY(FD_CLOSE, *closeError_) : FD_READ;
+  if (!IsValid() || !PostMessageA(Handle(), kEventMessage, Socket(), event)) return;
   readStopped_ = false;
-  if (IsValid()) PostMessageA(Handle(), kEventMessage, Socket(), FD_READ);
+  closeError_.reset();
 }
 
 // An event that was posted before the socket was closed carries a socket that is no longer ours.
@@ -72,15 +75,16 @@ void TmySocket::SocketEvent(WORD event, int error) {
   }
 }
 
-// What waits, in one call, as far as there is room. Returns the bytes that came.
+// What waits, in one call, as far as there is room. An event that nothing waits for is read for, too: Winsock tells of
+// no other before. Returns the bytes that came; without room, those that wait.
 uint32_t TmySocket::Receive() {
   u_long waiting = 0;
-  if (ioctlsocket(Socket(), static_cast<long>(FIONREAD), &waiting) != 0) return 0;
+  ioctlsocket(Socket(), static_cast<long>(FIONREAD), &waiting);
   const uint32_t before = received_.Size();
-  received_.SetSize(before + std::min<uint32_t>(waiting, kBufferLimit - before));
+  received_.SetSize(before + std::min(std::max<uint32_t>(waiting, 1), kBufferLimit - before));
   const uint32_t room = received_.Size() - before;
-  readStopped_ = waiting > 0 && room == 0;
-  if (room == 0) return 0;
+  readStopped_ = room == 0;
+  if (readStopped_) return waiting;
   const int came = recv(Socket(), reinterpret_cast<char*>(received_.Data() + before), static_cast<int>(room), 0);
   const uint32_t count = came < 1 ? 0 : static_cast<uint32_t>(came);
   received_.SetSize(before + count);
@@ -98,17 +102,23 @@ void TmySocket::SendQueued() {
   }
 }
 
-// The end may be reported before the last bytes were read. They come first, a piece a message.
+// The end may be reported before the last bytes were read. They come first, a piece a message; where the buffer is full
+// the end waits until it was drained.
 void TmySocket::PeerClosed(int error) {
   if (Receive() == 0) {
     Closed(error);
+    return;
+  }
+  if (readStopped_) {
+    closeError_ = error;
     return;
   }
   const Presence presence(*this);
   const HWND handle = Handle();
   const SOCKET socket = Socket();
   DataReceived(0);
-  if (presence.IsThere()) PostMessageA(handle, kEventMessage, socket, WSAMAKESELECTREPLY(FD_CLOSE, error));
+  if (!presence.IsThere() || !IsValid()) return;
+  if (!PostMessageA(handle, kEventMessage, socket, WSAMAKESELECTREPLY(FD_CLOSE, error))) Closed(error);
 }
 
 void TmySocket::Connected(int /*error*/) {}

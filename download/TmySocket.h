@@ -8,6 +8,8 @@
 
 #include <winsock2.h>
 
+#include <optional>
+
 #include "download/WinsockHandles.h"
 #include "foundation/TmyStream.h"
 #include "toolkit/TmyEvent.h"
@@ -28,10 +30,14 @@ class TmySocket : public TmyWindowBase {
 
   [[nodiscard]] bool IsValid() const noexcept { return socket_.IsValid(); }
   void CloseSocket() noexcept;  // no event arrives any more
-  // Queues bytes and sends them as soon as the connection takes them; what passes the queue's limit is dropped.
+  // Queues bytes and sends them as soon as the connection takes them; what passes the queue's limit is dropped. Each
+  // event makes one call: of what the system took only a part, the rest goes with the next Send, or with the next
+  // FD_WRITE, which Winsock owes only after a call that took nothing. Who sends more than the system's send buffer (at
+  // least 8 KiB) has to go on calling Send("").
   void Send(std::string_view bytes);
   [[nodiscard]] std::string_view Received() const noexcept;
-  // Takes bytes from the front of the receive buffer. A full buffer stopped the reading: this lets it go on.
+  // Takes bytes from the front of the receive buffer. A full buffer stopped the reading, and with it the report that
+  // the other side closed: this lets both go on.
   void TakeReceived(uint32_t count);
 
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -66,6 +72,7 @@ class TmySocket : public TmyWindowBase {
   SocketHandle socket_;
   TmyStream received_{kBufferStart, kBufferLimit};
   TmyStream queued_{kBufferStart, kBufferLimit};
-  bool writeBlocked_ = false;  // until Winsock says that the socket is writable
-  bool readStopped_ = false;   // the receive buffer was full
+  bool writeBlocked_ = false;      // until Winsock says that the socket is writable
+  bool readStopped_ = false;       // the receive buffer was full
+  std::optional<int> closeError_;  // the other side closed meanwhile
 };

@@ -58,23 +58,41 @@ install_packages() {
   fi
 }
 
-# Packages of servers start them when they are installed, unless the machine's policy says no: it does meanwhile.
-install_web_server() {
-  local packages policy=/usr/sbin/policy-rc.d ours=no done=yes
+# Packages of servers start them when they are installed, unless the machine's policy says no: it does meanwhile, in
+# place of a policy that is there already and that comes back however the installation ends. What a run that was killed
+# left aside comes back in the next one.
+POLICY=/usr/sbin/policy-rc.d
+POLICY_ASIDE=$POLICY.before-marlux3
+
+restore_policy() {
+  if [ -e "$POLICY_ASIDE" ] || [ -L "$POLICY_ASIDE" ]; then
+    as_root mv -f "$POLICY_ASIDE" "$POLICY"
+  elif grep -qs 'marlux3' "$POLICY"; then
+    as_root rm -f "$POLICY"
+  fi
+}
+
+forbid_services() {
+  restore_policy
+  if [ -e "$POLICY" ] || [ -L "$POLICY" ]; then as_root mv "$POLICY" "$POLICY_ASIDE"; fi
+  printf '#!/bin/sh\n# marlux3: set-up at work\nexit 101\n' | as_root tee "$POLICY" >/dev/null
+  as_root chmod 755 "$POLICY"
+}
+
+# In a shell of its own, whose end restores the policy, a signal's too. What was not started now is not to be started
+# with the machine either.
+install_web_server() (
   mapfile -t packages < <(missing_of "${WEB_SERVER[@]}")
   [ ${#packages[@]} -gt 0 ] || return 0
   say "installing ${packages[*]}"
-  if [ ! -e "$policy" ]; then
-    ours=yes
-    printf '#!/bin/sh\nexit 101\n' | as_root tee "$policy" >/dev/null
-    as_root chmod 755 "$policy"
-  fi
-  apt_get install --no-install-recommends "${packages[@]}" || { apt_update && apt_get install --no-install-recommends "${packages[@]}"; } || done=no
-  [ $ours = no ] || as_root rm -f "$policy"
-  [ $done = yes ] || fail "the web server did not install, see $SETUP_LOG"
-  # What was not started now is not to be started with the machine either.
+  trap restore_policy EXIT
+  trap 'exit 1' HUP INT TERM
+  forbid_services
+  apt_get install --no-install-recommends "${packages[@]}" ||
+    { apt_update && apt_get install --no-install-recommends "${packages[@]}"; } ||
+    fail "the web server did not install, see $SETUP_LOG"
   if [ -d /run/systemd/system ]; then as_root systemctl disable --quiet nginx || true; fi
-}
+)
 
 # Source entries made from the machine's own binary entries, in a private place: /etc stays as it is.
 private_source_lists() {

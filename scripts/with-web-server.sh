@@ -37,9 +37,24 @@ CONF
 nginx=$(PATH=$PATH:/usr/sbin command -v nginx) || { echo "error: no nginx: run scripts/setup.sh" >&2; exit 1; }
 "$nginx" -p "$state" -e "$state/error.log" -c "$state/nginx.conf" &
 server=$!
-trap 'kill "$server" 2>/dev/null || true' EXIT
+command=
+# A signal reaches the shell only while it waits, not while a command of its own runs: the command runs beside it.
+end() {
+  [ -z "$command" ] || kill "$command" 2>/dev/null || true
+  kill "$server" 2>/dev/null || true
+}
+trap end EXIT
+trap 'exit 143' HUP INT TERM
+is_up() { curl -s -o /dev/null "http://127.0.0.1:$WEB_PORT/" && curl -s -o /dev/null "http://127.0.0.2:$WEB_PORT/"; }
 for _ in $(seq 100); do
-  curl -s -o /dev/null "http://127.0.0.1:$WEB_PORT/" && break
+  is_up && break
+  kill -0 "$server" 2>/dev/null || break
   sleep 0.05
 done
-"$@"
+is_up || { echo "error: nginx is not reachable:" >&2; cat "$state/error.log" >&2; exit 1; }
+"$@" <&0 &
+command=$!
+result=0
+wait "$command" || result=$?
+command=
+exit "$result"

@@ -29,6 +29,7 @@ bool PumpUntil(Condition condition, uint32_t milliseconds = 10000) {
 // In pages of its own, which are gone with it: to touch it afterwards ends the test.
 class Request : public TmyHttpSocket {
  public:
+  using TmyHttpSocket::Socket;
   using TmyHttpSocket::TmyHttpSocket;
   static void* operator new(size_t size) { return VirtualAlloc(nullptr, size, MEM_COMMIT, PAGE_READWRITE); }
   static void operator delete(void* object) { VirtualFree(object, 0, MEM_RELEASE); }
@@ -53,7 +54,11 @@ class TmyHttpSocketTest : public testing::Test {
     request_->closed.Bind<&TmyHttpSocketTest::Closed>(this);
     request_->timedOut.Bind<&TmyHttpSocketTest::TimedOut>(this);
     request_->Get(host, "/");
-    PumpUntil([this] { return hasEnded_ || !request_; });
+    PumpUntil([this] {  // events that bring nothing come in between
+      if (request_ && request_->Received().empty())
+        SendMessageA(request_->Handle(), TmySocket::kEventMessage, request_->Socket(), FD_READ);
+      return hasEnded_ || !request_;
+    });
     PumpUntil([] { return false; }, kTimeOut + 100);  // nothing may follow
     return events_;
   }
@@ -89,11 +94,7 @@ TEST_F(TmyHttpSocketTest, EveryRequestEndsOnce) {
       {{kDocument + "more", End::kReset, 1000, 1}, finishes},
       {{kDocument.substr(0, 20000)}, closes},
       {{"HTTP/1.1 200 OK\r\nConte", End::kReset, 5, 50}, closes},
-      {{"HTTP/1.1 200\nContent-Length: 3\n\nabc", End::kStayOpen, 1, 30}, {"connected", "finished 3", "closed"}},
-      {{"", End::kStayOpen}, timesOut},
-      {{"A\r\nContent-Length: 4\r\n\r\n", End::kStayOpen}, timesOut},
       {{"A\r\n\r\n" + kDocument, End::kRepeat}, timesOut},
-      {{std::string(70000, 'h'), End::kStayOpen}, timesOut},
       {{"A\r\nContent-Length: 16777217\r\n\r\n", End::kStayOpen}, timesOut},
   };
   for (const auto& [reply, end] : cases) EXPECT_THAT(Run(reply), ElementsAreArray(end)) << reply.bytes.substr(0, 40);
@@ -115,26 +116,25 @@ TEST_F(TmyHttpSocketTest, MayBeDeletedInsideEveryCallback) {
   EXPECT_EQ(Run({"", End::kStayOpen}, "timed out").back(), "timed out");
 }
 
-TEST_F(TmyHttpSocketTest, AFullReceiveBufferStopsReadingUntilItIsDrained) {
-  server_.Answer("/", {std::string(3 * TmySocket::kBufferLimit, 'x'), End::kStayOpen});
+TEST_F(TmyHttpSocketTest, AFullReceiveBufferStopsReadingAndTheEndUntilItIsDrained) {
+  server_.Answer("/", {std::string(5 * TmySocket::kBufferLimit / 2, 'x')});
   struct Client : TmyClientSocket {
     using TmyClientSocket::Socket;
     using TmyClientSocket::TmyClientSocket;
+    void Closed(int) override { CloseSocket(); }
   } client(SOCK_STREAM, IPPROTO_TCP);
-  const auto isFull = [&client] { return client.Received().size() == TmySocket::kBufferLimit; };
   ASSERT_TRUE(client.Connect("127.0.0.1", server_.Port()));
   client.Send("GET / HTTP/1.1\r\n\r\n");
-  for (int part = 0; part < 3; ++part) {
-    EXPECT_TRUE(PumpUntil(isFull)) << part;
-    PumpUntil([] { return false; }, 100);
-    EXPECT_TRUE(isFull()) << part;
+  for (const LPARAM event : {FD_READ, FD_CLOSE}) {
+    PumpUntil([] { return false; }, 500);
+    SendMessageA(client.Handle(), TmySocket::kEventMessage, client.Socket(), event);
+    EXPECT_EQ(client.Received().size(), TmySocket::kBufferLimit);
     client.TakeReceived(TmySocket::kBufferLimit);
     SendMessageA(client.Handle(), TmySocket::kEventMessage, 0, FD_READ);  // another socket's
     EXPECT_TRUE(client.Received().empty());
-    if (part != 1) continue;
-    SendMessageA(client.Handle(), TmySocket::kEventMessage, client.Socket(), FD_CLOSE);
-    EXPECT_FALSE(client.Received().empty()) << "what waits at the end comes before it";
   }
+  EXPECT_TRUE(PumpUntil([&client] { return !client.IsValid(); }));
+  EXPECT_EQ(client.Received().size(), TmySocket::kBufferLimit / 2) << "what waits at the end comes before it";
 }
 
 }  // namespace

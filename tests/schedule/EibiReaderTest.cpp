@@ -4,12 +4,13 @@
 
 #include <array>
 #include <cmath>
-#include <cstdlib>
+#include <filesystem>
 #include <random>
 #include <sstream>
 #include <string>
 #include <utility>
 
+#include "tests/support/SeasonArchive.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -27,13 +28,6 @@ uint32_t CountAfterLoading(const std::string& bytes) {
   TemporaryFolder folder;
   EXPECT_TRUE(WriteFileBytes(folder.File("eibi.txt"), bytes));
   return LoadEibi(folder.Path().c_str())->Count();
-}
-
-// The folder with a real schedule; where there is none, the one with the sample that the build makes.
-std::string ScheduleFolder() {
-  const char* named = std::getenv("MARLUX_REAL_DATA");
-  const std::string real = named ? named : "../shared/data";
-  return ReadFileBytes(real + "/eibi.txt").empty() ? "build/samples" : real;
 }
 
 // The columns once more, the slow and plain way.
@@ -67,7 +61,7 @@ void ExpectSame(const EibiItem& item, const std::string& line) {
 }  // namespace
 
 TEST(EibiReader, AgreesWithAPlainCutOfEveryLine) {
-  const std::string folder = ScheduleFolder();
+  const std::string folder = std::filesystem::path(SeasonArchive()).parent_path().string();
   std::istringstream lines(ReadFileBytes(folder + "/eibi.txt"));
   const auto items = LoadEibi(folder.c_str());
   uint32_t next = 0;
