@@ -50,4 +50,5 @@ std::string ReadWholeFile(const std::string& path) {
 void WriteSchedule(const std::string& folder, const std::string& text) {
   std::filesystem::create_directories(folder);
   std::ofstream(folder + "\\eibi.txt", std::ios::binary) << text;
+  std::ofstream(folder + "\\none.zip", std::ios::binary);
 }

@@ -40,5 +40,6 @@ class ScheduleFolder {
   std::string path_;
 };
 
-[[nodiscard]] std::string ReadWholeFile(const std::string& path);        // empty when it cannot be read
-void WriteSchedule(const std::string& folder, const std::string& text);  // as the folder's eibi.txt; makes the folder
+[[nodiscard]] std::string ReadWholeFile(const std::string& path);  // empty when it cannot be read
+// As the folder's eibi.txt; makes the folder. An empty archive beside it keeps a start from asking for databases.
+void WriteSchedule(const std::string& folder, const std::string& text);

@@ -97,7 +97,7 @@ void TmxSchedulerWindow::SetFirstBounds() {
   Realign();
 }
 
-// All columns in view beside the frame, the buttons side by side, some rows.
+// All columns in view beside the frame, as far as screens go; the buttons side by side, some rows.
 SIZE TmxSchedulerWindow::LeastSize() const {
   const SIZE frame = FrameSize();
   const int besideColumns = std::max<int>(kBesideColumns, frame.cx + 2);
@@ -107,7 +107,7 @@ SIZE TmxSchedulerWindow::LeastSize() const {
   }
   const GridGeometry::Layout& grid = grid_->Layout();
   const int rows = grid.titleHeight + static_cast<int>(kLeastRows) * grid.rowHeight + TmyScrollBar::Thickness();
-  return {std::max({kLeastWidth, grid_->ColumnsRight() + besideColumns,
+  return {std::max({kLeastWidth, std::min(grid_->ColumnsRight() + besideColumns, GetSystemMetrics(SM_CXVIRTUALSCREEN)),
                     buttons + 2 * Theme().Step() + static_cast<int>(frame.cx)}),
           std::max(kLeastHeight, rows + StripHeight() + static_cast<int>(frame.cy))};
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs a command while a web server on this machine serves a folder: with-web-server.sh FOLDER COMMAND...
-# WEB_PORT and WEB_FOLDER tell the command of it. The paths /slow/... come at 8 MiB a second. All that the server writes lies in
+# WEB_PORT and WEB_FOLDER tell the command of it; it serves on 127.0.0.1 and 127.0.0.2. The paths /slow/... come at 8 MiB
+# a second, /dx/... in chunks and as fast as WEB_RATE says ("200k"; 0, no limit). All that the server writes lies in
 # FOLDER.server.
 set -euo pipefail
 folder=$(mkdir -p "$1" && cd "$1" && pwd)
@@ -25,8 +26,11 @@ http {
   scgi_temp_path $state/temp;
   server {
     listen 127.0.0.1:$WEB_PORT;
+    listen 127.0.0.2:$WEB_PORT;
     location / { root $folder; }
     location /slow/ { alias $folder/; limit_rate 8m; }
+    # What may be changed on its way has no length to tell beforehand.
+    location /dx/ { root $folder; limit_rate ${WEB_RATE:-0}; ssi on; ssi_types text/plain; }
   }
 }
 CONF

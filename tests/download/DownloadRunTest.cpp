@@ -1,0 +1,85 @@
+// A run told what became of each request: everything it says and asks for, in order.
+#include "download/DownloadRun.h"
+
+#include <gmock/gmock.h>
+#include <windows.h>
+
+#include "tests/support/TestEnvironment.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+class DownloadRunTest : public testing::Test, public DownloadDesk {
+ protected:
+  void ShowStatus(const TmyString& line1, const TmyString& line2) override {
+    said_.push_back(std::string(line1.View()) + "|" + line2.Chars());
+  }
+  void ShowProgress(uint32_t received, uint32_t expected, const TmyString& line2) override {
+    said_.push_back(std::to_string(received) + " of " + std::to_string(expected) + ": " + line2.Chars());
+  }
+  void ShowWorking(bool working) override { said_.emplace_back(working ? "[Cancel]" : "[OK]"); }
+  void Request(DownloadSite site, const TmyString& path) override {
+    said_.push_back(std::string(site == DownloadSite::kEibi ? "EiBi " : "HFCC ") + path.Chars());
+  }
+  void DropRequest() override { said_.emplace_back("drop"); }
+
+  std::vector<std::string> Said() { return std::exchange(said_, {}); }
+  void Finish(const std::string& body, const char* status = "HTTP/1.1 200 OK") {
+    const TmyString line(status);
+    run_.Finished({line, reinterpret_cast<const uint8_t*>(body.data()), static_cast<uint32_t>(body.size())});
+  }
+
+  TemporaryFolder folder_;
+  std::vector<std::string> said_;
+  DownloadRun run_{*this, folder_.Path().c_str()};
+};
+
+TEST_F(DownloadRunTest, SaysEachStepOfBothPhases) {
+  ASSERT_TRUE(WriteFileBytes(folder_.File("old.zip"), "old"));
+  run_.Start();
+  run_.Connected();
+  run_.Progress(5, 7, true);
+  Finish("no broadcast");
+  run_.Closed();
+  EXPECT_THAT(Said(),
+              ElementsAre("[Cancel]", "Retrieving the EiBi web page...|", "EiBi /dx/eibi.txt",
+                          "Downloading EiBi database...|Waiting for EiBi data...", "5 of 12: Downloaded EiBi 5/12",
+                          "|EiBi database downloaded.", "|EiBi database download successful.", "[Cancel]",
+                          "Retrieving the HFCC web page...|", "HFCC /data/index.html"));
+  run_.Connected();
+  run_.Progress(3, 9, false);
+  Finish("<UL><LI>HREF=\"x/one.zip\"<LI>HREF=\"old.zip\"<LI>HREF=\"two.zip\"<LI>HREF=\"three.zip\"");
+  Finish("1");
+  Finish("gone", "HTTP/1.1 404 Not Found");
+  Finish("3");
+  EXPECT_THAT(Said(),
+              ElementsAre("Retrieving the HFCC web page...|Waiting for HFCC data...", "3 of 0: Downloaded HFCC 3/12",
+                          "Downloading HFCC 1/3|", "HFCC /data/one.zip", "Downloading HFCC 2/3|", "HFCC /data/two.zip",
+                          "Downloading HFCC 2/2|", "HFCC /data/three.zip",
+                          "EiBi database file downloaded. 2 HFCC database files downloaded.|", "drop", "[OK]"));
+  EXPECT_EQ(ReadFileBytes(folder_.File("three.zip")), "3");
+  EXPECT_EQ(ReadFileBytes(folder_.File("two.zip")), "");
+  EXPECT_EQ(run_.ArchiveCount(), 2u);
+}
+
+TEST_F(DownloadRunTest, TimeOutsAndAFullDisk) {
+  const std::string end = "Unable to connect to any web page.\r\nPlease check your Internet connection and try again.";
+  for (const char* name : {"eibi.txt.new", "two.zip.new"}) CreateDirectoryA(folder_.File(name).c_str(), nullptr);
+  run_.Start();
+  Finish("schedule");
+  Said();
+  run_.TimedOut();
+  EXPECT_THAT(Said(), ElementsAre("No EiBi database file downloaded. No HFCC database file downloaded.|" + end, "drop",
+                                  "[OK]", "[Cancel]", "Retrieving the HFCC web page...|", "HFCC /data/index.html"));
+  Finish("<UL><LI>HREF=\"one.zip\"<LI>HREF=\"two.zip\"<LI>HREF=\"three.zip\"");
+  Finish("1");
+  Finish("2");
+  Said();
+  run_.TimedOut();  // the site was there, and is not any more
+  EXPECT_THAT(Said(),
+              ElementsAre("No EiBi database file downloaded. 1 HFCC database file downloaded.|" + end, "drop", "[OK]"));
+  EXPECT_FALSE(run_.HasEibi());
+}
+
+}  // namespace

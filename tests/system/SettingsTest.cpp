@@ -1,0 +1,179 @@
+// What a user leaves behind at one close and finds again at the next start, and what foreign values do.
+#include "tests/support/SeasonArchive.h"
+#include "tests/system/PluginFixture.h"
+
+using testing::Each;
+
+namespace {
+
+constexpr char kKey[] = "Software\\Corvane Communications\\Marlux 3";
+
+class Settings : public PluginFixture {
+ public:  // tables of functions reach in
+  static DWORD Number(const char* name) {
+    DWORD value = 0xDDDDDDDD, size = sizeof value;
+    RegGetValueA(HKEY_CURRENT_USER, kKey, name, RRF_RT_REG_DWORD, nullptr, &value, &size);
+    return value;
+  }
+  static std::string Text(const char* name) {
+    char text[MAX_PATH] = "";
+    DWORD size = sizeof text;
+    RegGetValueA(HKEY_CURRENT_USER, kKey, name, RRF_RT_REG_SZ, nullptr, text, &size);
+    return text;
+  }
+  static std::vector<int32_t> Numbers(const char* name) {
+    std::vector<int32_t> values(64);
+    DWORD size = 64 * 4;
+    if (RegGetValueA(HKEY_CURRENT_USER, kKey, name, RRF_RT_REG_BINARY, nullptr, values.data(), &size)) size = 0;
+    values.resize(size / 4);
+    return values;
+  }
+  static void Put(const char* name, DWORD type, const void* data, size_t size) {
+    RegSetKeyValueA(HKEY_CURRENT_USER, kKey, name, type, data, static_cast<DWORD>(size));
+  }
+  static void PutNumber(const char* name, DWORD value) { Put(name, REG_DWORD, &value, sizeof value); }
+  static RECT PlaceOf(HWND window) {
+    RECT place;
+    GetWindowRect(window, &place);
+    return place;
+  }
+  static bool IsUtc(HWND window) {
+    for (const MenuEntry& entry : Entries(GetMenu(window))) {
+      if (entry.text == "&UTC time") return entry.isChecked;
+    }
+    return false;
+  }
+  void Round() {
+    StartPlugin();
+    host_.Close(7);
+  }
+};
+
+bool operator==(const RECT& a, const RECT& b) {
+  return EqualRect(&a, &b);
+}
+
+}  // namespace
+
+TEST_F(Settings, AFirstStartStoresWhatItShows) {
+  const HWND window = StartPlugin();
+  EXPECT_TRUE(PlaceOf(window) == (RECT{0, 0, 800, 600}));
+  host_.Close(7);
+  EXPECT_EQ(Number("Width"), 800u);
+  EXPECT_EQ(Number("SchedulerWidth"), 600u);
+  EXPECT_EQ(Number("SchedulerHeight"), 200u);
+  EXPECT_EQ(Number("IsUtcTime") + Number("IsAutoTuning") + Number("DBDefault"), 0u);
+  EXPECT_EQ(Number("TranslatedCount"), 10u);
+  EXPECT_EQ(Numbers("TranslatedPos").size(), 22u);
+  EXPECT_EQ(Numbers("GridColumsCountEibi").size(), 9u);
+  EXPECT_EQ(Numbers("SchedulerTable").size(), 8u);
+  const std::vector<int32_t> widths = Numbers("GridColumsCountFcc");
+  ASSERT_EQ(widths.size(), 22u);
+  EXPECT_THAT(std::vector(widths.begin(), widths.begin() + 10), Each(100));
+  EXPECT_EQ(Text("ExportPath"), documents_.Path());
+}
+
+TEST_F(Settings, WhatTheUserChangedIsThereAgain) {
+  HWND window = StartPlugin();
+  SetWindowPos(window, nullptr, 40, 30, 700, 500, SWP_NOZORDER);
+  Choose(window, "&UTC time");
+  SwitchAutoTuning(window);
+  Choose(window, "&View scheduler");
+  SetWindowPos(FakeHost::Find("Scheduler"), nullptr, 60, 70, 900, 400, SWP_NOZORDER);
+  host_.Close(7);
+  window = StartPlugin();
+  EXPECT_TRUE(PlaceOf(window) == (RECT{40, 30, 740, 530}));
+  EXPECT_TRUE(IsUtc(window));
+  Key(Grid(window), VK_END);
+  EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() == 4; })) << "auto-tuning is on";
+  Choose(window, "&View scheduler");
+  EXPECT_TRUE(PlaceOf(FakeHost::Find("Scheduler")) == (RECT{60, 70, 960, 470}));
+  ShowWindow(window, SW_MAXIMIZE);
+  host_.Close(7);
+  EXPECT_EQ(Number("Left"), 40u) << "the place that a maximised window goes back to";
+  EXPECT_EQ(Number("SchedulerPosX"), 60u);
+}
+
+TEST_F(Settings, ForeignValuesAreSurvivedAndKeepTheirMeaning) {
+  const std::vector<int32_t> place = {20000, -20000}, odd = {-1, 100000, 0, INT32_MIN, INT32_MAX, 7, 7, 7, 7};
+  std::vector<int32_t> slots(22, 3), widths(22, 100000);
+  slots[1] = -5;
+  PutNumber("Left", static_cast<DWORD>(place[0]));
+  PutNumber("Top", static_cast<DWORD>(place[1]));
+  PutNumber("SchedulerPosX", 0x80000000);
+  PutNumber("SchedulerWidth", 0x7FFFFFFF);
+  PutNumber("TranslatedCount", 30);
+  Put("TranslatedPos", REG_BINARY, slots.data(), 88);
+  Put("GridColumsCountFcc", REG_BINARY, widths.data(), 88);
+  Put("GridColumsCountEibi", REG_BINARY, odd.data(), 36);
+  Put("SchedulerTable", REG_BINARY, odd.data(), 32);
+  Put("CurrentFile", REG_SZ, "gone.zip", 8);  // without its end
+  PutNumber("DBDefault", 77);
+  PutNumber("IsUtcTime", 2);
+  const HWND window = StartPlugin();
+  EXPECT_NE(MonitorFromWindow(window, MONITOR_DEFAULTTONULL), nullptr);
+  EXPECT_EQ(Counts(window), "3 of 3 broadcasts");
+  EXPECT_TRUE(IsUtc(window));
+  Choose(window, "&View scheduler");
+  const RECT scheduler = PlaceOf(FakeHost::Find("Scheduler"));
+  EXPECT_LE(scheduler.right - scheduler.left, GetSystemMetrics(SM_CXSCREEN));
+  EXPECT_NE(MonitorFromRect(&scheduler, MONITOR_DEFAULTTONULL), nullptr);
+  host_.Close(7);
+  EXPECT_EQ(static_cast<int32_t>(Number("Left")), place[0]);
+  EXPECT_EQ(static_cast<int32_t>(Number("Top")), place[1]);
+  EXPECT_EQ(Number("SchedulerPosX"), 0x80000000);
+  EXPECT_EQ(Number("TranslatedCount"), 22u);
+  EXPECT_EQ(Numbers("TranslatedPos"), slots);
+  EXPECT_EQ(Numbers("GridColumsCountFcc"), widths);
+  EXPECT_EQ(Numbers("GridColumsCountEibi"), odd);
+  EXPECT_EQ(Text("CurrentFile"), "none.zip") << "that of the folder";
+  EXPECT_EQ(Number("DBDefault"), 0u);
+}
+
+TEST_F(Settings, TheArchiveAndTheDatabaseThatWereShownLast) {
+  const std::string folder = documents_.DataFolder() + "\\";
+  DeleteFileA((folder + "none.zip").c_str());
+  for (const char* name : {"a26all00.zip", "B25.zip"}) CopyFileA(SeasonArchive().c_str(), (folder + name).c_str(), 0);
+  PutNumber("DBDefault", 1);
+  for (const char* stored : {"b25.ZIP", "a26all00.zip", "c.zip"}) {
+    Put("CurrentFile", REG_SZ, stored, strlen(stored) + 1);
+    const HWND window = StartPlugin();
+    EXPECT_NE(Counts(window), "3 of 3 broadcasts");
+    host_.Close(7);
+    EXPECT_EQ(Text("CurrentFile"), stored[0] == 'b' ? "B25.zip" : "a26all00.zip");
+    EXPECT_EQ(Number("DBDefault"), 1u);
+  }
+}
+
+// Somebody, a backup say, has it while the plug-in starts.
+TEST_F(Settings, TasksThatCouldNotBeReadAreNotLost) {
+  const std::string name = documents_.DataFolder() + "\\tasks.mxt", tasks(96, 't');
+  ASSERT_TRUE(WriteFileBytes(name, tasks));
+  const HANDLE locked = CreateFileA(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  StartPlugin();
+  CloseHandle(locked);
+  host_.Close(7);
+  EXPECT_EQ(ReadFileBytes(name), tasks);
+  Round();
+  EXPECT_EQ(ReadFileBytes(name), tasks) << "and only once";
+}
+
+// Each writes at its own end, so the last one's values stay.
+TEST_F(Settings, OfSeveralInstances) {
+  for (const uint32_t last : {7u, 8u, 9u}) {
+    ForgetSettings();
+    std::map<uint32_t, HWND> windows;
+    for (const uint32_t handle : {7u, 8u, 9u}) {
+      windows[handle] = StartPlugin(handle);
+      SetWindowPos(windows[handle], nullptr, static_cast<int>(handle), 0, 700, 500, SWP_NOZORDER);
+    }
+    for (const uint32_t handle : {9u, 7u, 8u}) {
+      if (handle == last) continue;
+      host_.Close(handle);
+      EXPECT_EQ(Number("Left"), handle);
+    }
+    EXPECT_EQ(Counts(windows[last]), "3 of 3 broadcasts");
+    host_.Close(last);
+    EXPECT_EQ(Number("Left"), last);
+  }
+}
