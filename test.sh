@@ -4,4 +4,4 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
 ./build.sh
-scripts/with-display.sh ctest --test-dir "$BUILD_DIR/release" --output-on-failure "$@"
+MARLUX_SCREEN=1920x1300x24 scripts/with-display.sh ctest --test-dir "$BUILD_DIR/release" --output-on-failure "$@"

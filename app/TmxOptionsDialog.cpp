@@ -57,6 +57,7 @@ TmxOptionsDialog::TmxOptionsDialog(TmyComponent& owner, const std::vector<Column
       availableSide_(new TmyInvisiblePanel(*this)),
       add_(*availableSide_, ">"),
       remove_(*availableSide_, "<"),
+      splitter_(new TmySplitter2(*this)),
       selected_(new TmyListBox(*this, WS_VISIBLE | WS_TABSTOP)),
       selectedSide_(new TmyInvisiblePanel(*this)),
       up_(*selectedSide_, "Up"),
@@ -81,6 +82,7 @@ void TmxOptionsDialog::BindEvents() {
     list->selected.Bind<&TmxOptionsDialog::ListSelected>(this);
     list->activated.Bind<&TmxOptionsDialog::ListActivated>(this);
   }
+  splitter_->moved.Bind<&TmxOptionsDialog::SplitterMoved>(this);
 }
 
 int TmxOptionsDialog::SideWidth() const {
@@ -92,7 +94,7 @@ int TmxOptionsDialog::SideWidth() const {
 // From the top: the text, the lists' titles, the lists, OK and Cancel.
 SIZE TmxOptionsDialog::SizeFor(int listWidth, int rows) const {
   const int step = Theme().Step();
-  const int lists = 2 * (listWidth + step + SideWidth()) + step;
+  const int lists = 2 * (listWidth + step + SideWidth()) + TmySplitter::Thickness();
   const int width = std::max(lists, text_.PreferredWidth()) + 2 * Margin();
   const int height = 2 * Theme().RowHeight() + step + rows * Theme().RowHeight() + 2 + Theme().FieldHeight();
   RECT frame = {0, 0, width, height + 3 * Margin() + step / 2};
@@ -113,25 +115,38 @@ void TmxOptionsDialog::FitSize(const TmyComponent& around) {
 void TmxOptionsDialog::Realign() {
   const int step = Theme().Step();
   const int row = Theme().RowHeight();
-  const int side = SideWidth();
+  const int beside = SideWidth() + step;  // of each list
   const int buttonHeight = Theme().FieldHeight();
   const int bottom = ClientHeight() - Margin() - buttonHeight;
   text_.SetBounds(Margin(), Margin(), ClientWidth() - 2 * Margin(), row);
   const int titles = Margin() + row + step;
   const int top = titles + row + step / 2;
   const int listHeight = std::max(0, bottom - Margin() - top);
-  const int listWidth = std::max(0, (ClientWidth() - 2 * Margin() - 2 * side - 3 * step) / 2);
-  const int first = Margin();
-  const int second = first + listWidth + side + 2 * step;
-  availableLabel_.SetBounds(first, titles, listWidth, row);
-  selectedLabel_.SetBounds(second, titles, listWidth, row);
-  available_->SetBounds(first, top, listWidth, listHeight);
-  selected_->SetBounds(second, top, listWidth, listHeight);
-  PlaceButtons(first + listWidth + step, top, *availableSide_, add_, remove_);
-  PlaceButtons(second + listWidth + step, top, *selectedSide_, up_, down_);
+  Divide({Margin(), top, ClientWidth() - Margin(), top + listHeight}, Theme().Scaled(kLeastListWidth) + beside);
+  const RECT first = splitter_->First(), second = splitter_->Second();
+  const int firstWidth = std::max(0, static_cast<int>(first.right - first.left) - beside);
+  const int secondWidth = std::max(0, static_cast<int>(second.right - second.left) - beside);
+  availableLabel_.SetBounds(first.left, titles, firstWidth, row);
+  selectedLabel_.SetBounds(second.left, titles, secondWidth, row);
+  available_->SetBounds(first.left, top, firstWidth, listHeight);
+  selected_->SetBounds(second.left, top, secondWidth, listHeight);
+  PlaceButtons(first.right - SideWidth(), top, *availableSide_, add_, remove_);
+  PlaceButtons(second.right - SideWidth(), top, *selectedSide_, up_, down_);
   const int cancelLeft = ClientWidth() - Margin() - cancel_.PreferredWidth();
   cancel_.SetBounds(cancelLeft, bottom, cancel_.PreferredWidth(), buttonHeight);
   ok_.SetBounds(cancelLeft - step - ok_.PreferredWidth(), bottom, ok_.PreferredWidth(), buttonHeight);
+}
+
+// In halves until the user wants it otherwise.
+void TmxOptionsDialog::Divide(const RECT& area, int least) {
+  splitter_->SetLeast(least, least);
+  if (!isDivided_) splitter_->SetLength((area.right - area.left - TmySplitter::Thickness()) / 2);
+  splitter_->Place(area);
+}
+
+void TmxOptionsDialog::SplitterMoved(TmySplitter&) {
+  isDivided_ = true;
+  Realign();
 }
 
 void TmxOptionsDialog::PlaceButtons(int left, int top, TmyInvisiblePanel& side, Tmy_Btn& upper, Tmy_Btn& lower) {

@@ -11,6 +11,7 @@
 #include "app/ColumnChoice.h"
 #include "toolkit/TmyInvisiblePanel.h"
 #include "toolkit/TmyListBox.h"
+#include "toolkit/TmySplitter.h"
 #include "toolkit/Tmy_Btn.h"
 #include "toolkit/Tmy_Label.h"
 
@@ -37,6 +38,8 @@ class TmxOptionsDialog : public TmyComponent {
  private:
   void BindEvents();
   void FitSize(const TmyComponent& around);
+  void Divide(const RECT& area, int least);
+  void SplitterMoved(TmySplitter& splitter);
   void PlaceButtons(int left, int top, TmyInvisiblePanel& side, Tmy_Btn& upper, Tmy_Btn& lower);
   [[nodiscard]] int SideWidth() const;  // of the buttons beside the lists
   [[nodiscard]] SIZE SizeFor(int listWidth, int rows) const;
@@ -58,11 +61,13 @@ class TmxOptionsDialog : public TmyComponent {
   TmyInvisiblePanel* availableSide_;
   Tmy_Btn add_;
   Tmy_Btn remove_;
+  TmySplitter2* splitter_;  // between the two sides
   TmyListBox* selected_;
   TmyInvisiblePanel* selectedSide_;
   Tmy_Btn up_;
   Tmy_Btn down_;
   Tmy_Btn ok_;
   Tmy_Btn cancel_;
-  int fittedHeight_ = 0;  // of the theme's text when the dialog was sized
+  bool isDivided_ = false;  // by the user
+  int fittedHeight_ = 0;    // of the theme's text when the dialog was sized
 };

@@ -1,6 +1,8 @@
 #include "gallery/Samples.h"
 
+#include "toolkit/ProgressBar.h"
 #include "toolkit/TmyApplication.h"
+#include "toolkit/TmyCalendar.h"
 #include "toolkit/TmyComboBox2.h"
 #include "toolkit/TmyFloatingSelection.h"
 #include "toolkit/TmyFrequencyEdit.h"
@@ -8,11 +10,12 @@
 #include "toolkit/TmyLabel.h"
 #include "toolkit/TmyListBox.h"
 #include "toolkit/TmyScrollPanel.h"
+#include "toolkit/TmySlider.h"
 #include "toolkit/TmySplitter.h"
 #include "toolkit/TmyStringGrid.h"
 #include "toolkit/TmyTimeEdit.h"
 #include "toolkit/TmyUpDown.h"
-#include "toolkit/Tmy_Btn.h"
+#include "toolkit/Tmy_Btn2.h"
 #include "toolkit/Tmy_CheckBox.h"
 #include "toolkit/Tmy_Label.h"
 #include "toolkit/Tmy_OptionButton.h"
@@ -101,6 +104,39 @@ void MakeScrollBar(SampleCell& cell) {
   bar->SetPosition(20);
   bar->SetBounds(0, (cell.ClientHeight() - TmyScrollBar::Thickness()) / 2, cell.ClientWidth(),
                  TmyScrollBar::Thickness());
+  bar->Show(true);
+}
+
+void PaintSquare(HDC dc, const RECT& square, COLORREF color) {
+  const int quarter = (square.right - square.left) / 4;
+  ThemeDraw::Fill(dc, {square.left + quarter, square.top + quarter, square.right - quarter, square.bottom - quarter},
+                  color);
+}
+
+void MakePictureButton(SampleCell& cell) {
+  auto& button = cell.Draw<Tmy_Btn2>("Stop", &PaintSquare);
+  Fill(cell, button);
+  button.SetBounds(0, 0, button.PreferredWidth(), cell.ClientHeight());
+}
+
+void MakeCalendar(SampleCell& cell) {
+  auto* calendar = new TmyCalendar(cell);
+  calendar->SetValue({2026, 3, 0, 29, 0, 0, 0, 0});
+  Fill(cell, *calendar);
+}
+
+void MakeSlider(SampleCell& cell) {
+  auto* slider = new TmySlider(cell, "Position");
+  slider->SetRange(100);
+  slider->SetPosition(40);
+  Fill(cell, *slider);
+}
+
+void MakeProgressBar(SampleCell& cell) {
+  auto* bar = new ProgressBar(cell);
+  bar->SetRange(100);
+  bar->SetPosition(60);
+  bar->SetBounds(0, 0, cell.ClientWidth(), cell.ClientHeight() / 2);
   bar->Show(true);
 }
 
@@ -249,6 +285,10 @@ constexpr Sample kSmall[] = {
     {"TmyTimeEdit", MakeTimeEdit},
     {"TmyComboBox2", MakeComboBox},
     {"TmyScrollBar", MakeScrollBar},
+    {"Tmy_Btn2", MakePictureButton},
+    {"TmyCalendar", MakeCalendar},
+    {"TmySlider", MakeSlider},
+    {"ProgressBar", MakeProgressBar},
 };
 
 constexpr Sample kLarge[] = {

@@ -32,6 +32,8 @@ shoot() { # percent picture
   import -window "$window" "$BUILD_DIR/screenshots/$2"
   xdotool windowactivate --sync "$window" key --clearmodifiers alt+F4
   wait "$program" || fail "the gallery at $1 % ended with an error"
+  # A window that has painted nothing has few colours.
+  [ "$(identify -format '%k' "$BUILD_DIR/screenshots/$2")" -gt 50 ] || fail "the gallery's picture at $1 % is empty"
 }
 
 shoot 100 gallery.png

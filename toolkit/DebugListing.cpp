@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "foundation/Trace.h"
+#include "toolkit/TmyCalendar.h"
 #include "toolkit/TmyComboBox2.h"
 #include "toolkit/TmyHoveringMonitor.h"
 #include "toolkit/TmyIntEdit.h"
@@ -36,6 +37,7 @@ enum Kind : size_t {
   kComboBox = 12,
   kInviPanel = 13,
   kStringGrid = 17,
+  kCalendar = 18,
   kTimeEdit = 19,
   kUpDown = 20,
   kUnknown = 23,
@@ -55,17 +57,10 @@ struct KindTest {
 
 // Derived classes before their bases.
 constexpr KindTest kKindTests[] = {
-    {&Is<TmyTimeEdit>, kTimeEdit},
-    {&Is<TmyIntEdit>, kIntEdit},
-    {&Is<TmyEdit>, kEdit},
-    {&Is<TmyScrollBar>, kScrollBar},
-    {&Is<TmyListBox>, kListbox},
-    {&Is<TmyComboBox2>, kComboBox},
-    {&Is<TmyUpDown>, kUpDown},
-    {&Is<TmyPanel>, kPanel},
-    {&Is<TmyStringGrid>, kStringGrid},
-    {&Is<TmyInvisiblePanel>, kInviPanel},
-    {&Is<Tmy_Clickable>, kButton},
+    {&Is<TmyTimeEdit>, kTimeEdit},     {&Is<TmyIntEdit>, kIntEdit},          {&Is<TmyEdit>, kEdit},
+    {&Is<TmyScrollBar>, kScrollBar},   {&Is<TmyListBox>, kListbox},          {&Is<TmyComboBox2>, kComboBox},
+    {&Is<TmyUpDown>, kUpDown},         {&Is<TmyCalendar>, kCalendar},        {&Is<TmyPanel>, kPanel},
+    {&Is<TmyStringGrid>, kStringGrid}, {&Is<TmyInvisiblePanel>, kInviPanel}, {&Is<Tmy_Clickable>, kButton},
     {&Is<Tmy_Label>, kLabel},
 };
 

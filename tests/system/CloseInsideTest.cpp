@@ -8,6 +8,8 @@ using testing::IsEmpty;
 
 namespace {
 
+constexpr int kColumnWidth = 100;
+
 class CloseInside : public PluginFixture {
  public:  // tables of functions reach in
   void CloseAndUnload() {
@@ -31,8 +33,19 @@ class CloseInside : public PluginFixture {
     EXPECT_THAT(FakeHost::TopWindows(), IsEmpty());
     ASSERT_TRUE(host_.Load());
   }
-  // A menu, the box or a drop-down list, which is the one window without a caption.
-  static bool IsLoopOpen() { return FakeHost::Find("", "#32768") || FakeHost::Find("About") || FakeHost::Find(""); }
+  // A menu, a dialog, the system's own dialog or a drop-down list, which is the one window without a caption.
+  static bool IsLoopOpen() {
+    for (const char* caption : {"About", "Item details", "HFCC options", "New Task", "Delete task", ""}) {
+      if (FakeHost::Find(caption)) return true;
+    }
+    return FakeHost::Find("", "#32768") || !FakeHost::TopWindows("#32770").empty();
+  }
+  bool IsReached() const { return IsLoopOpen() || GetCapture() || isPlaying_; }
+  void WriteTask() {
+    std::string task(48, 0);
+    task[1] = 100, task[40] = 127;
+    ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\tasks.mxt", task));
+  }
 
   void Enter(HWND window) {
     Key(Grid(window), VK_HOME);
@@ -50,11 +63,59 @@ class CloseInside : public PluginFixture {
     Key(Grid(window), VK_HOME);
     PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
   }
+  void Details(HWND window) {
+    Menu(window);
+    PostMessageA(Grid(window), WM_CHAR, 'd', 0);  // the menu's loop takes it
+  }
+  void Columns(HWND window) { Choose(window, "HFCC &settings"); }
+  void Export(HWND window) { Choose(window, "&Export items to CSV"); }
+  void Editor(HWND window) { Choose(window, "&New task"); }
+  void Question(HWND window) {
+    Choose(window, "&View scheduler");
+    Key(GetWindow(FakeHost::Find("Scheduler"), GW_CHILD), VK_DELETE);
+  }
+  void OpenFile(HWND window) {
+    SetFocus(Grid(window));
+    for (const WPARAM key : {VK_TAB, VK_RIGHT, VK_SPACE}) KeyWhereTheFocusIs(key);
+  }
+  void Drag(HWND window, int x, int y) {
+    PostMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    PostMessageA(window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x + 20, y - 20));
+    host_.PumpFor(0);
+    EXPECT_NE(GetCapture(), nullptr);
+  }
+  void DragBorder(HWND window) { Drag(Grid(window), kColumnWidth, 8); }
+  void DragTitle(HWND window) { Drag(Grid(window), kColumnWidth / 2, 8); }
+  void DragSplitter(HWND window) {  // right above the strip that has the counts
+    const HWND grid = Grid(window);
+    RECT place;
+    GetWindowRect(grid, &place);
+    POINT below = {place.left + 50, place.bottom + 3};
+    ScreenToClient(window, &below);
+    Drag(ChildWindowFromPoint(window, below), 5, 3);
+  }
+  void Play(HWND window) {
+    PressFirstMediaButton(window);
+    std::vector<uint32_t> block(4 + 44100 * 2);
+    std::copy_n(std::begin({44100u, 0u, 1u, 4u * 44100}), 4, block.begin());
+    host_.Notify(7, 0xE07, block.data(), 3);
+    PressFirstMediaButton(window);
+    host_.Clear();
+    PressFirstMediaButton(window);
+    isPlaying_ = Codes() == std::vector<uint32_t>{0x1101};
+  }
+  void DragSlider(HWND window) {
+    Play(window);
+    const HWND slider = GetWindow(GetParent(GetFocus()) == window ? GetFocus() : GetParent(GetFocus()), GW_CHILD);
+    Drag(slider, 20, 8);
+  }
   void DropDown(HWND window) {
     const HWND combo = GetWindow(GetWindow(Panel(window), GW_CHILD), GW_HWNDLAST);
     SetFocus(combo);
     Key(combo, VK_F4);
   }
+
+  bool isPlaying_ = false;
 };
 
 }  // namespace
@@ -79,14 +140,30 @@ TEST_F(CloseInside, EveryPlaceByCloseAndByUnload) {
       {"box", &CloseInside::About, 0, {0x1509, 0x4000}},
       {"menu", &CloseInside::Menu, 0, {0x1509, 0x4000}},
       {"drop-down list", &CloseInside::DropDown, 0, {0x1509, 0x4000}},
+      {"details", &CloseInside::Details, 0, {0x1509, 0x4000}},
+      {"columns", &CloseInside::Columns, 0, {0x1509, 0x4000}},
+      {"export", &CloseInside::Export, 0, {0x1509, 0x4000}},
+      {"task editor", &CloseInside::Editor, 0, {0x4002, 0x1509, 0x4000}},
+      {"delete question", &CloseInside::Question, 0, {0x1509, 0x4000}},
+      {"file to play", &CloseInside::OpenFile, 0, {0x1509, 0x4000}},
+      {"border", &CloseInside::DragBorder, 0, {0x1509, 0x4000}},
+      {"title", &CloseInside::DragTitle, 0, {0x1509, 0x4000}},
+      {"splitter", &CloseInside::DragSplitter, 0, {0x1509, 0x4000}},
+      {"playing", &CloseInside::Play, 0, {0x1101, 0x1509, 0x4000}},
+      {"slider", &CloseInside::DragSlider, 0, {0x1101, 0x1509, 0x4000}},
   };
   for (const auto& place : kPlaces) {
     for (const bool unload : {false, true}) {
       SCOPED_TRACE(std::string(place.name) + (unload ? ", unload" : ""));
       ForgetSettings();
+      const std::vector<int32_t> widths(9, kColumnWidth);
+      RegSetKeyValueA(HKEY_CURRENT_USER, "Software\\Corvane Communications\\Marlux 3", "GridColumsCountEibi",
+                      REG_BINARY, widths.data(), 36);
+      WriteTask();
+      isPlaying_ = false;
       const HWND window = StartPlugin();
       const auto action = [&] { unload ? CloseAndUnload() : host_.Close(7); };
-      place.during == 0 ? host_.When(&IsLoopOpen, action) : host_.During(place.during, action);
+      place.during == 0 ? host_.When([&] { return IsReached(); }, action) : host_.During(place.during, action);
       (this->*place.reach)(window);
       EXPECT_TRUE(host_.PumpUntil([&] { return !IsWindow(window); }, 8000));
       EXPECT_FALSE(IsLoopOpen());

@@ -2,6 +2,7 @@
 
 #include "foundation/Trace.h"
 #include "tests/toolkit/ControlFixture.h"
+#include "toolkit/TmyCalendar.h"
 #include "toolkit/TmyFrequencyEdit.h"
 #include "toolkit/TmyStringGrid.h"
 #include "toolkit/TmyTimeEdit.h"
@@ -24,6 +25,7 @@ TEST_F(DebugListingTest, NamesTheKindsAndWritesALineForEach) {
       {new TmyTimeEdit(*window_), "TimeEdit"},
       {new TmyPanel(*window_, 0), "Panel"},
       {new TmyStringGrid(*window_), "StringGrid"},
+      {new TmyCalendar(*window_), "Calendar"},
       {new TmyComponent("", WS_CHILD, 0, 0, 0, 0, 0, window_), "Component"},
   };
   for (const auto& [control, kind] : kKinds) EXPECT_STREQ(DebugListing::KindName(*control), kind);
