@@ -1,4 +1,5 @@
 // Loading, starting, routing and closing, as the host sees them.
+#include "tests/support/ProcessCounts.h"
 #include "tests/system/PluginFixture.h"
 
 using testing::ElementsAre;
@@ -104,15 +105,27 @@ TEST_F(InstanceLife, RoundsLeaveNothingBehind) {
   WNDCLASSEXA windowClass = {};
   windowClass.cbSize = sizeof windowClass;
   size_t helpers = 0;
-  for (int round = 0; round < 20; ++round) {
+  ProcessCounts before = {};
+  for (int round = 0; round < 220; ++round) {
+    if (round == 20) before = ProcessCounts::Now();  // what is made once and kept is there by now
     const HWND window = StartPlugin();
     GetClassNameA(window, className, sizeof className);
+    if (round % 4 == 0) Choose(window, "&View scheduler");
+    if (round % 4 == 1) PressFirstMediaButton(window);  // records
     host_.Close(7);
     host_.PumpFor(0);
     const size_t left = FakeHost::TopWindows().size();
     if (round == 0) helpers = left;
     ASSERT_EQ(left, helpers) << round;
   }
+  // Less than one thing in two rounds.
+  const ProcessCounts after = ProcessCounts::Now();
+  std::cout << before << " became " << after << "\n";
+  EXPECT_LE(after.gdiObjects, before.gdiObjects + 5);
+  EXPECT_LE(after.handles, before.handles + 5);
+  EXPECT_LE(after.userObjects, before.userObjects + 40) << "other programs' are counted, too";
+  EXPECT_LE(after.heapBlocks, before.heapBlocks + 40);
+  EXPECT_LE(after.heapBytes, before.heapBytes + 40000);
   const HMODULE module = GetModuleHandleA("marlux3.dll");
   EXPECT_TRUE(GetClassInfoExA(module, className, &windowClass));
   for (int round = 0; round < 20; ++round) {

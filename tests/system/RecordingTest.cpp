@@ -25,15 +25,19 @@ class Recording : public PluginFixture {
  protected:
   void RecordFirstRow(HWND window) {
     Key(Grid(window), VK_HOME);
+    RecordRow(window, 9420000);
+  }
+  void RecordRow(HWND window, uint32_t frequency) {
     const auto menu = [] { return FakeHost::Find("", "#32768"); };
     host_.When([=] { return menu() != nullptr; }, [=] { PostMessageA(menu(), WM_CHAR, 'r', 0); });
     PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
     EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() == 5; }));
     EXPECT_THAT(Codes(), ElementsAre(0x800u, 0x900u, 0xF00u, 0x902u, 0x1101u));
-    EXPECT_EQ(host_.Calls()[0].a, 9420000u);
+    EXPECT_EQ(host_.Calls()[0].a, frequency);
   }
-  void Send(uint32_t rate, uint32_t channels, uint32_t count, const std::string& samples, uint32_t kind = 3) {
-    host_.Notify(7, 0xE07, (Words({rate, 0xDDDDDDDD, channels, count}) + samples).data(), kind);
+  void Send(uint32_t rate, uint32_t channels, uint32_t count, const std::string& samples, uint32_t kind = 3,
+            uint32_t handle = 7) {
+    host_.Notify(handle, 0xE07, (Words({rate, 0xDDDDDDDD, channels, count}) + samples).data(), kind);
   }
   // Names without the time, and contents; the folder is empty afterwards.
   std::map<std::string, std::string> TakeFiles() const {
@@ -108,4 +112,35 @@ TEST_F(Recording, ByTheButtonTakesTheFirstFormatAndDropsWhatIsNone) {
   PressFirstMediaButton(window);
   const std::string floats("\xFF\x3F\x01\x80\0\0\0\0", 8);
   EXPECT_THAT(TakeFiles(), ElementsAre(Pair("rec_6005000.wav", Wav(48000, 2, kFirst + floats))));
+}
+
+TEST_F(Recording, EachInstanceHasAudioOfItsOwnUntilItsEnd) {
+  const struct {
+    uint32_t handle, frequency;
+    const char* name;
+    char sample;
+  } kInstances[] = {{7, 9420000, "rec_9420000.wav", 'a'},
+                    {8, 6005000, "rec_6005000.wav", 'b'},
+                    {9, 15770500, "rec_15770500.wav", 'c'}};
+  std::vector<int> order = {0, 1, 2};
+  do {
+    std::map<std::string, std::string> expected;
+    int row = 0;
+    for (const auto& instance : kInstances) {
+      const HWND window = StartPlugin(instance.handle);
+      Key(Grid(window), VK_HOME);
+      for (int i = 0; i < row; ++i) Key(Grid(window), VK_DOWN);
+      ++row;
+      RecordRow(window, instance.frequency);
+    }
+    uint32_t blocks = 0;
+    for (const int closed : order) {
+      ++blocks;
+      for (const auto& instance : kInstances)
+        Send(8000, 1, 4000, std::string(8000, instance.sample), 3, instance.handle);
+      host_.Close(kInstances[closed].handle);
+      expected[kInstances[closed].name] = Wav(8000, 1, std::string(8000 * blocks, kInstances[closed].sample));
+    }
+    EXPECT_EQ(TakeFiles(), expected);
+  } while (std::ranges::next_permutation(order).found);
 }
