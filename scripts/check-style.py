@@ -127,6 +127,25 @@ def check_header(text):
         yield 1, "has not one #pragma once"
 
 
+LINK = re.compile(r"\]\((?!https?:)([^)#\s]*)(?:#([^)\s]*))?\)")
+
+
+def heading_names(path):
+    """What a link may name behind "#": the page's headings in lower case, blanks as hyphens, without other signs."""
+    with open(path, encoding="utf-8") as file:
+        headings = re.findall(r"^#+ (.*)$", file.read(), re.MULTILINE)
+    return {re.sub(r"[^\w-]", "", heading.lower().replace(" ", "-")) for heading in headings}
+
+
+def check_links(root, path, text):
+    """Links and pictures of a page lead to files, and to headings where they name one."""
+    for match in LINK.finditer(text):
+        target = os.path.normpath(os.path.join(os.path.dirname(path), match.group(1))) if match.group(1) else path
+        found = os.path.exists(os.path.join(root, target))
+        if not found or (match.group(2) and match.group(2) not in heading_names(os.path.join(root, target))):
+            yield line_of(text, match.start()), f"{match.group(0)[2:-1]} leads nowhere"
+
+
 NOT_CODE = re.compile(
     r'//[^\n]*|/\*.*?\*/|R"(?P<mark>[^(\s]*)\(.*?\)(?P=mark)"|"(?:\\.|[^"\\\n])*"'
     r"|(?<![0-9A-Za-z_])'(?:\\.|[^'\\\n])+'|^[ \t]*#(?:[^\n]*\\\n)*[^\n]*",
@@ -214,6 +233,8 @@ def findings(root):
         with open(os.path.join(root, path), "rb") as file:
             data = file.read()
         checks = [check_text(path, data)]
+        if path.endswith(".md"):
+            checks.append(check_links(root, path, data.decode("utf-8", "replace")))
         if SOURCE.search(path):
             sources.append(path)
             text = data.decode("utf-8", "replace")

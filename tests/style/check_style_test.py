@@ -40,7 +40,7 @@ class CheckStyleTest(unittest.TestCase):
         good["foundation/A.cpp"] = (function("namespace a {\nint A::Go(int x) const", 59) + "}\n" +
                                     function("long T::WndProc(int x)", 99) +
                                     "const char* kText = R\"({{{)\";  // {\n" + function("void B()", 59))
-        good["docs/words.md"] = "A special, specific part 7.5.\n"
+        good["docs/words.md"] = "# A b\nA special, specific [part 7.5](../app/W.h), [above](#a-b), [afar](https://a.b/c).\n"
         self.assertEqual(check(good), (0, ""))
 
     def test_each_fault_is_found(self):
@@ -54,6 +54,8 @@ class CheckStyleTest(unittest.TestCase):
             ("tests/schedule/B.cpp", '#include "app/W.h"\n', ":1: ", "above or beside"),
             ("foundation/B.cpp", '#include "A.h"\n', ":1: ", "not a path from the root"),
             ("somewhere/B.cpp", "\n", ":1: ", "does not know"),
+            ("docs/B.md", "\n![b](W.h)\n", ":2: ", "W.h leads nowhere"),
+            ("docs/B.md", "[b](#c)\n", ":1: ", "#c leads nowhere"),
             ("app/B.h", "// A thing.\n#pragma once\n", ":1: ", "first line"),
             ("app/B.h", "// Marlux 3. A thing.\n", ":1: ", "#pragma once"),
             ("app/B.cpp", "\n" * 500, ":1: ", "has 500 lines"),
