@@ -29,6 +29,14 @@ void EibiGrid::Load(const TmyString& folder) {
   items_ = LoadEibi(folder);
 }
 
+bool EibiGrid::Reload(const TmyString& folder) {
+  auto items = LoadEibi(folder);
+  if (items->Count() == 0) return false;
+  ForgetRecords();
+  items_ = std::move(items);
+  return true;
+}
+
 void EibiGrid::RunFilter(const FilterRecord& filter, TmyList& passing) {
   FilterEibi(*items_, filter, passing);
 }

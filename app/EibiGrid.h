@@ -15,6 +15,8 @@ class EibiGrid : public ScheduleGrid {
   // Replaces the records by those of the folder's "eibi.txt"; without a readable file there are none. The caller
   // refreshes afterwards.
   void Load(const TmyString& folder);
+  // The same, but a file without records, an error page, say, changes nothing: false.
+  [[nodiscard]] bool Reload(const TmyString& folder);
   void SetDefaultWidths();  // in the theme's scale
 
   [[nodiscard]] uint32_t RecordCount() const override { return items_->Count(); }

@@ -17,7 +17,7 @@ MainMenu::MainMenu()
       help(help_.AddItem("&Help")),
       about(help_.AddItem("&About")) {
   // Their windows do not exist yet.
-  for (TmyMenuItem* item : {&checkForUpdates, &viewScheduler, &newTask}) item->Enable(false);
+  for (TmyMenuItem* item : {&viewScheduler, &newTask}) item->Enable(false);
   file_.EnableSubmenu(hfccDatabases_, false);
 }
 

@@ -1,17 +1,12 @@
 #include "app/ScheduleFiles.h"
 
-#include <windows.h>
-
 #include <algorithm>
-#include <memory>
+#include <string_view>
 #include <tuple>
 
-namespace {
+#include "foundation/FolderFiles.h"
 
-struct FindCloser {
-  void operator()(HANDLE find) const noexcept { FindClose(find); }
-};
-using FindHandle = std::unique_ptr<void, FindCloser>;
+namespace {
 
 bool IsDigit(char c) noexcept {
   return c >= '0' && c <= '9';
@@ -28,20 +23,14 @@ int SeasonOf(const TmyString& lowerName) noexcept {
 
 ScheduleFiles ListScheduleFiles(const TmyString& folder) {
   ScheduleFiles files;
-  WIN32_FIND_DATAA entry = {};
-  const HANDLE first = FindFirstFileA((folder + "\\*").Chars(), &entry);
-  if (first == INVALID_HANDLE_VALUE) return files;
-  const FindHandle find(first);
-  do {
-    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) continue;
-    const TmyString name(entry.cFileName);
+  for (const TmyString& name : FolderFiles(folder)) {
     const TmyString lower = name.Lower();
     if (lower == "eibi.txt") {
       files.hasEibi = true;
     } else if (lower.FileExt() == "zip") {
       files.archives.push_back(name);
     }
-  } while (FindNextFileA(first, &entry));
+  }
   return files;
 }
 

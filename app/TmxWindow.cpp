@@ -8,6 +8,7 @@
 #include "app/GridExport.h"
 #include "app/TmxOptionsDialog.h"
 #include "app/WaitCursor.h"
+#include "download/TmxDownloadWindow.h"
 #include "foundation/Clock.h"
 #include "foundation/SystemErrorText.h"
 #include "plugin/DataFolders.h"
@@ -44,7 +45,8 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       eibi_(std::make_unique<EibiGrid>(*this)),
       hfcc_(std::make_unique<FccGrid>(*this)),
       status_(new StatusBar(*this)),
-      recorder_(*this, link_, *status_, utc_) {
+      recorder_(*this, link_, *status_, utc_),
+      databases_(*eibi_, *hfcc_, menu_) {
   if (!IsAlive()) return;
   SetDoubleBuffered(true);
   SetNewestInstance(this);
@@ -53,13 +55,17 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
   BindCommands();
   isReady_ = true;
   Shown().Control().Show(true);
-  LoadDatabases();
+  databases_.Load();
+  ShowTexts();
+  Refresh(false);
   Realign();
   SetTimer(Handle(), kTickTimer, kTickMilliseconds, nullptr);
   Show(true);
 }
 
 void TmxWindow::BindCommands() {
+  databases_.archiveChosen.Bind<&TmxWindow::ArchiveChosen>(this);
+  menu_.checkForUpdates.chosen.Bind<&TmxWindow::CheckForUpdates>(this);
   menu_.exit.chosen.Bind<&TmxWindow::Exit>(this);
   menu_.utcTime.chosen.Bind<&TmxWindow::ToggleUtc>(this);
   menu_.help.chosen.Bind<&TmxWindow::ShowHelp>(this);
@@ -130,24 +136,6 @@ ScheduleGrid& TmxWindow::Shown() noexcept {
   return panel_->ShowsHfcc() ? static_cast<ScheduleGrid&>(*hfcc_) : static_cast<ScheduleGrid&>(*eibi_);
 }
 
-void TmxWindow::LoadDatabases() {
-  const WaitCursor wait;
-  const TmyString folder = DataFolder();
-  const ScheduleFiles files = ListScheduleFiles(folder);
-  currentFile_ = NewestArchive(files.archives);
-  ListArchives(files);
-  eibi_->Load(folder);
-  if (!currentFile_.IsEmpty()) hfccProblem_ = hfcc_->Load(folder + "\\" + currentFile_);
-  ShowTexts();
-  Refresh(false);
-}
-
-void TmxWindow::ListArchives(const ScheduleFiles& files) {
-  menu_.ListArchives(files.archives, currentFile_);
-  TmyMenu& menu = menu_.HfccDatabases();
-  for (uint32_t i = 0; i < menu.ItemCount(); ++i) menu.Item(i).chosen.Bind<&TmxWindow::ArchiveChosen>(this);
-}
-
 void TmxWindow::ShowTexts() {
   for (uint32_t filter = 0; filter < FilterPanel::kTextFilters; ++filter) {
     panel_->SetTexts(filter, Shown().FilterTexts(filter));
@@ -169,22 +157,52 @@ void TmxWindow::DatabaseChosen() {
 }
 
 void TmxWindow::ArchiveChosen(TmyMenuItem& item) {
-  currentFile_ = item.Text();
   menuFcc_ = nullptr;
-  TmyMenu& menu = menu_.HfccDatabases();
-  for (uint32_t i = 0; i < menu.ItemCount(); ++i) menu.Item(i).Check(&menu.Item(i) == &item);
-  {
-    const WaitCursor wait;
-    hfccProblem_ = hfcc_->Load(DataFolder() + "\\" + currentFile_);
-  }
+  databases_.LoadArchive(item.Text());
   panel_->ChooseDatabase(true);
   DatabaseChosen();
 }
 
 // What the last load of an archive had to say, once, when its grid is looked at.
 void TmxWindow::TellOfProblem() {
-  const HfccLoad problem = std::exchange(hfccProblem_, HfccLoad::kRead);
+  const HfccLoad problem = databases_.TakeProblem();
   if (problem != HfccLoad::kRead) RunBox(*new TmyMsgBox(this, kProductCaption, HfccLoadText(problem), {"OK"}));
+}
+
+LRESULT TmxWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != kMsgDownload) return TmyComponent::WndProc(message, wParam, lParam);
+  Download();
+  return 0;
+}
+
+void TmxWindow::CheckForUpdates(TmyMenuItem&) {
+  Download();
+}
+
+void TmxWindow::Download() {
+  if (isDownloading_) return;
+  isDownloading_ = true;
+  const DownloadResult result = TmxDownloadWindow::Run(*this, DataFolder());
+  if (!IsAlive()) return;
+  isDownloading_ = false;
+  if (!databases_.Reload(result.hasEibi)) return;
+  menuEibi_ = nullptr;
+  menuFcc_ = nullptr;
+  ShowTexts();
+  Refresh(false);
+  if (panel_->ShowsHfcc()) TellOfProblem();
+}
+
+// Asks once, whatever the answer is.
+void TmxWindow::ShowChanged(bool visible) {
+  if (!visible || isDatabaseQuestionAsked_ || !databases_.IsOneMissing()) return;
+  isDatabaseQuestionAsked_ = true;
+  const int answer = RunBox(
+      *new TmyMsgBox(this, "Database files initialization needed",
+                     "The frequency database files are missing and need to be installed.\r\nDo you wish to download "
+                     "these files from EiBi and HFCC websites?",
+                     {"Yes", "No"}));
+  if (answer == 1) PostMessageA(Handle(), kMsgDownload, 0, 0);
 }
 
 void TmxWindow::Timer(uintptr_t id) {

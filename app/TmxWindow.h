@@ -7,19 +7,20 @@
 
 #include <memory>
 
-#include "app/EibiGrid.h"
-#include "app/FccGrid.h"
+#include "app/Databases.h"
 #include "app/FilterPanel.h"
 #include "app/HelpLibrary.h"
 #include "app/MainMenu.h"
 #include "app/MainRecorder.h"
-#include "app/ScheduleFiles.h"
 #include "app/StatusBar.h"
 #include "plugin/HostInfo.h"
 #include "plugin/HostLink.h"
 #include "plugin/InstanceList.h"
 #include "toolkit/TmyMsgBox.h"
 #include "toolkit/TmyPopupMenu.h"
+
+// Posted to the main window: opens the download window.
+constexpr UINT kMsgDownload = WM_USER + 1;
 
 class TmxWindow : public TmyComponent, public PluginInstance {
  public:
@@ -35,14 +36,14 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ConstrainBounds(int& x, int& y, int& width, int& height) override;
   void FocusChanged(bool focused) override;
   void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
+  void ShowChanged(bool visible) override;
+  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  protected:
   void Destroying() override;
 
  private:
   void BindCommands();
-  void LoadDatabases();
-  void ListArchives(const ScheduleFiles& files);
   void ShowTexts();
   void TellOfProblem();
   [[nodiscard]] ScheduleGrid& Shown() noexcept;  // the grid of the database chosen
@@ -56,6 +57,8 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void TuneFromMenu(TmyMenuItem& item);
   void RecordFromMenu(TmyMenuItem& item);
   void ShowDetails(TmyMenuItem& item);
+  void CheckForUpdates(TmyMenuItem& item);
+  void Download();
   void ExportCsv(TmyMenuItem& item);
   void ChooseColumns(TmyMenuItem& item);
   void ArchiveChosen(TmyMenuItem& item);
@@ -87,15 +90,16 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   std::unique_ptr<FccGrid> hfcc_;
   StatusBar* status_;
   MainRecorder recorder_;
+  Databases databases_;
   TmyMsgBox* about_ = nullptr;          // while it is shown
   TuneTarget menuTarget_ = {};          // what the context menu was opened for, and the one record of the two
   const EibiItem* menuEibi_ = nullptr;  // its database owns it; reset when it is loaded anew
   const FccItem* menuFcc_ = nullptr;
-  TmyString currentFile_;                   // name of the HFCC archive last shown
-  TmyString exportFolder_;                  // last used for a CSV file
-  HfccLoad hfccProblem_ = HfccLoad::kRead;  // not told yet
-  uint32_t lastClick_ = 0;                  // ticks
+  TmyString exportFolder_;  // last used for a CSV file
+  uint32_t lastClick_ = 0;  // ticks
   bool hasClick_ = false;
   bool utc_ = false;      // times are shown in UTC
   bool isReady_ = false;  // all children exist
+  bool isDatabaseQuestionAsked_ = false;
+  bool isDownloading_ = false;  // the download window is open
 };

@@ -30,3 +30,15 @@ std::unique_ptr<TmyTypeList<EibiItem>> LoadEibi(const TmyString& folder) {
   std::reverse(items->Entries(), items->Entries() + items->Count());
   return items;
 }
+
+// Line ends as TmyStringList takes them: CR LF, CR and LF.
+bool HoldsEibiBroadcast(std::string_view content) {
+  EibiItem item;
+  for (uint32_t line = 0; line < kMaximumLines && !content.empty(); ++line) {
+    const size_t end = std::min(content.find_first_of("\r\n"), content.size());
+    if (line >= kHeaderLines && item.Parse(content.substr(0, end))) return true;
+    const bool pair = content.substr(end, 2) == "\r\n";
+    content.remove_prefix(std::min(end + (pair ? 2 : 1), content.size()));
+  }
+  return false;
+}

@@ -1,7 +1,8 @@
-// Marlux 3. Reading the file eibi.txt of a folder into records.
+// Marlux 3. Reading the EiBi schedule, the file eibi.txt of a folder, into records.
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "foundation/TmyString.h"
 #include "foundation/TmyTypeList.h"
@@ -10,3 +11,6 @@
 // The broadcasts of folder\eibi.txt in the order of the file: every readable line after the 17 lines of its header, up
 // to the line 262,144. A missing or unreadable file gives an empty list; never null.
 [[nodiscard]] std::unique_ptr<TmyTypeList<EibiItem>> LoadEibi(const TmyString& folder);
+
+// Whether the content of such a file holds at least one broadcast. Looks no further than the first one.
+[[nodiscard]] bool HoldsEibiBroadcast(std::string_view content);

@@ -12,6 +12,8 @@ PACKAGES=(
   googletest python3 xz-utils clang-format clang-tidy
   xvfb xdotool openbox imagemagick fonts-open-sans x11-utils
 )
+# The web server of the download tests. A program of ours starts it, never the system: see install_web_server.
+WEB_SERVER=(nginx-light curl)
 # Both architectures of Wine must come out of one release, or their shared libraries differ in version; pulseaudio, which
 # the tests play sound to, shares some of them.
 WINE_PACKAGES=(wine wine32:i386 pulseaudio)
@@ -53,6 +55,24 @@ install_packages() {
     apt_get install --no-install-recommends --allow-downgrades -t "$VERSION_CODENAME" "${WINE_PACKAGES[@]}" ||
       fail "Wine did not install, see $SETUP_LOG"
   fi
+}
+
+# Packages of servers start them when they are installed, unless the machine's policy says no: it does meanwhile.
+install_web_server() {
+  local packages policy=/usr/sbin/policy-rc.d ours=no done=yes
+  mapfile -t packages < <(missing_of "${WEB_SERVER[@]}")
+  [ ${#packages[@]} -gt 0 ] || return 0
+  say "installing ${packages[*]}"
+  if [ ! -e "$policy" ]; then
+    ours=yes
+    printf '#!/bin/sh\nexit 101\n' | as_root tee "$policy" >/dev/null
+    as_root chmod 755 "$policy"
+  fi
+  apt_get install --no-install-recommends "${packages[@]}" || { apt_update && apt_get install --no-install-recommends "${packages[@]}"; } || done=no
+  [ $ours = no ] || as_root rm -f "$policy"
+  [ $done = yes ] || fail "the web server did not install, see $SETUP_LOG"
+  # What was not started now is not to be started with the machine either.
+  if [ -d /run/systemd/system ]; then as_root systemctl disable --quiet nginx || true; fi
 }
 
 # Source entries made from the machine's own binary entries, in a private place: /etc stays as it is.
@@ -110,6 +130,7 @@ make_wine_prefix() {
 mkdir -p "$BUILD_DIR/setup"
 export SETUP_LOG=$BUILD_DIR/setup/setup.log
 install_packages
+install_web_server
 fetch_minizip
 unpack_minizip
 use_own_wine

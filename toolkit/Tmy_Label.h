@@ -1,4 +1,4 @@
-// Marlux 3. A drawn line of text.
+// Marlux 3. A drawn line of text, or several with CR LF between them.
 #pragma once
 
 #include "toolkit/TmyControl.h"

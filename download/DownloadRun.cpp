@@ -1,0 +1,182 @@
+#include "download/DownloadRun.h"
+
+#include <windows.h>
+
+#include <vector>
+
+#include "download/IndexPage.h"
+#include "foundation/FolderFiles.h"
+#include "foundation/SwapFile.h"
+#include "schedule/EibiReader.h"
+
+namespace {
+
+constexpr char kEibiFile[] = "eibi.txt";
+constexpr char kEibiFolder[] = "/dx/";
+constexpr char kHfccIndex[] = "/data/index.html";
+constexpr char kHfccFolder[] = "/data/";
+constexpr uint32_t kListStart = 1024;  // names
+constexpr uint32_t kListLimit = 0x40000;
+
+TmyString InPath(const TmyString& folder, const TmyString& name) {
+  return folder + "\\" + name;
+}
+
+TmyString CountOf(uint32_t part, uint32_t whole) {
+  return TmyString::FromDecimal(part) + "/" + TmyString::FromDecimal(whole);
+}
+
+}  // namespace
+
+DownloadRun::DownloadRun(DownloadDesk& desk, const TmyString& folder)
+    : desk_(desk),
+      folder_(folder),
+      pendingFiles_(kListStart, kListLimit),
+      downloadedFiles_(kListStart, kListLimit),
+      knownFiles_(kListStart, kListLimit) {}
+
+void DownloadRun::Start() {
+  site_ = DownloadSite::kEibi;
+  hasEibi_ = reachedHfcc_ = false;
+  desk_.ShowWorking(true);
+  Say("Retrieving the EiBi web page...", "");
+  desk_.Request(site_, TmyString(kEibiFolder) + kEibiFile);
+}
+
+void DownloadRun::StartHfcc() {
+  site_ = DownloadSite::kHfcc;
+  pendingFiles_.Clear();
+  downloadedFiles_.Clear();
+  knownFiles_.Clear();
+  for (const TmyString& name : FolderFiles(folder_)) knownFiles_.Add(name.RemoveExt());
+  desk_.ShowWorking(true);
+  RequestHfcc(kHfccIndex);
+}
+
+void DownloadRun::RequestHfcc(const TmyString& path) {
+  reachedHfcc_ = false;
+  Say(pendingFiles_.Count() == 0 ? TmyString("Retrieving the HFCC web page...")
+                                 : "Downloading HFCC " + CountOf(downloadedFiles_.Count() + 1,
+                                                                 downloadedFiles_.Count() + pendingFiles_.Count()),
+      "");
+  desk_.Request(site_, path);
+}
+
+void DownloadRun::RequestFirstPending() {
+  RequestHfcc(kHfccFolder + pendingFiles_.Get(0));
+}
+
+void DownloadRun::Connected() {
+  if (site_ == DownloadSite::kEibi) {
+    Say("Downloading EiBi database...", "Waiting for EiBi data...");
+  } else {
+    SayBelow("Waiting for HFCC data...");
+  }
+}
+
+// In chunks only the rest of the current one is known: the text tells it, the bar does not trust it.
+void DownloadRun::Progress(uint32_t received, uint32_t stillExpected, bool isWholeKnown) {
+  const TmyString name = site_ == DownloadSite::kEibi ? "Downloaded EiBi " : "Downloaded HFCC ";
+  const uint32_t expected = received + stillExpected;
+  desk_.ShowProgress(received, isWholeKnown ? expected : 0, name + CountOf(received, expected));
+}
+
+void DownloadRun::Finished(const DownloadedDocument& document) {
+  if (site_ == DownloadSite::kEibi) {
+    EibiFinished(document);
+  } else if (pendingFiles_.Count() == 0) {
+    IndexFinished(document);
+  } else {
+    ArchiveFinished(document);
+  }
+}
+
+// The close that follows goes on with the other site.
+void DownloadRun::EibiFinished(const DownloadedDocument& document) {
+  hasEibi_ = KeepFormerEibi(document) && Save(kEibiFile, document);
+  if (hasEibi_) Say("", "EiBi database downloaded.");
+}
+
+void DownloadRun::IndexFinished(const DownloadedDocument& document) {
+  const std::string_view page(reinterpret_cast<const char*>(document.body), document.length);
+  if (!IndexPage::FindArchives(page, knownFiles_, pendingFiles_)) {
+    SayBelow("Incorrect HFCC web page format!");
+    End();
+  } else if (pendingFiles_.Count() > 0) {
+    RequestFirstPending();
+  } else {
+    reachedHfcc_ = true;
+    ShowSummary();
+    End();
+  }
+}
+
+// An archive that is not there, or that the disk does not take, is passed over.
+void DownloadRun::ArchiveFinished(const DownloadedDocument& document) {
+  const TmyString name = pendingFiles_.Get(0);
+  const bool isThere = document.statusLine.Find("200") >= 0;
+  if (isThere && Save(name.FileName().RemoveExt() + ".zip", document)) downloadedFiles_.Add(name);
+  pendingFiles_.Delete(0);
+  reachedHfcc_ = true;
+  if (pendingFiles_.Count() > 0) {
+    RequestFirstPending();
+    return;
+  }
+  ShowSummary();
+  End();
+}
+
+void DownloadRun::TimedOut() {
+  const bool wasEibi = site_ == DownloadSite::kEibi;
+  (wasEibi ? hasEibi_ : reachedHfcc_) = false;
+  ShowSummary();
+  End();
+  if (wasEibi) StartHfcc();
+}
+
+// What is whole was told before, and another request took its place: an HFCC document that ends here never comes.
+void DownloadRun::Closed() {
+  if (site_ == DownloadSite::kHfcc) {
+    TimedOut();
+    return;
+  }
+  Say("", hasEibi_ ? "EiBi database download successful." : "EiBi database download failed.");
+  StartHfcc();
+}
+
+bool DownloadRun::Save(const TmyString& name, const DownloadedDocument& document) const {
+  SwapFile file(InPath(folder_, name));
+  file.Write(document.body, document.length);
+  return file.Commit();
+}
+
+// A page without one broadcast is an error page, most likely: it replaces the schedule, which stays beside it.
+bool DownloadRun::KeepFormerEibi(const DownloadedDocument& document) const {
+  if (HoldsEibiBroadcast({reinterpret_cast<const char*>(document.body), document.length})) return true;
+  if (LoadEibi(folder_)->Count() == 0) return true;  // nothing to keep, or such a page, too
+  return CopyFileA(InPath(folder_, kEibiFile).Chars(), InPath(folder_, "eibi.bak").Chars(), FALSE) != FALSE;
+}
+
+void DownloadRun::ShowSummary() {
+  const uint32_t count = downloadedFiles_.Count();
+  const TmyString eibi = hasEibi_ ? "EiBi database file downloaded. " : "No EiBi database file downloaded. ";
+  const TmyString hfcc = count == 0
+                             ? TmyString("No HFCC database file")
+                             : TmyString::FromDecimal(count) + " HFCC database " + (count == 1 ? "file" : "files");
+  const char* const missing = hasEibi_ ? "HFCC" : reachedHfcc_ ? "EiBi" : "any";
+  const bool isAllThere = hasEibi_ && reachedHfcc_;
+  Say(eibi + hfcc + " downloaded.", isAllThere
+                                        ? TmyString()
+                                        : TmyString("Unable to connect to ") + missing +
+                                              " web page.\r\nPlease check your Internet connection and try again.");
+}
+
+void DownloadRun::End() {
+  desk_.DropRequest();
+  desk_.ShowWorking(false);
+}
+
+void DownloadRun::Say(const TmyString& line1, const TmyString& line2) {
+  line1_ = line1;
+  desk_.ShowStatus(line1, line2);
+}

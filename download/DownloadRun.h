@@ -1,0 +1,81 @@
+// Marlux 3. One run of bringing both databases up to date, without window and without socket: what is asked for, what
+// is saved, what is said. First the EiBi file, then each HFCC archive that the index page lists and the folder lacks.
+//
+//   DownloadRun run(desk, dataFolder);
+//   run.Start();                          // asks desk for the first document
+//   run.Connected(); run.Finished(...);   // what became of it, told by the desk
+//
+// One document at a time. Each function may ask the desk for the next one or end the run, as the last thing it does.
+#pragma once
+
+#include "foundation/TmyString.h"
+#include "foundation/TmyStringList.h"
+
+enum class DownloadSite { kEibi, kHfcc };
+
+// What a run works with: the window and its sockets.
+class DownloadDesk {
+ public:
+  DownloadDesk() noexcept = default;
+  DownloadDesk(const DownloadDesk&) = delete;
+  DownloadDesk& operator=(const DownloadDesk&) = delete;
+
+  virtual void ShowStatus(const TmyString& line1, const TmyString& line2) = 0;
+  // Of the document, in bytes; an expected count of 0 is unknown. Only the lower line changes.
+  virtual void ShowProgress(uint32_t received, uint32_t expected, const TmyString& line2) = 0;
+  virtual void ShowWorking(bool working) = 0;  // false: the run has ended, or it seemed so
+  // In place of the one before, of which nothing is heard any more.
+  virtual void Request(DownloadSite site, const TmyString& path) = 0;
+  virtual void DropRequest() = 0;
+
+ protected:
+  ~DownloadDesk() = default;
+};
+
+// A document that arrived, as bytes of the socket's.
+struct DownloadedDocument {
+  const TmyString& statusLine;
+  const uint8_t* body;
+  uint32_t length;
+};
+
+class DownloadRun {
+ public:
+  DownloadRun(DownloadDesk& desk, const TmyString& folder);
+
+  void Start();
+  // What became of the last request.
+  void Connected();
+  void Progress(uint32_t received, uint32_t stillExpected, bool isWholeKnown);
+  void Finished(const DownloadedDocument& document);
+  void TimedOut();
+  void Closed();
+
+  [[nodiscard]] bool HasEibi() const noexcept { return hasEibi_; }                           // a new eibi.txt is there
+  [[nodiscard]] uint32_t ArchiveCount() const noexcept { return downloadedFiles_.Count(); }  // new ones
+
+ private:
+  void StartHfcc();
+  void RequestHfcc(const TmyString& path);
+  void RequestFirstPending();
+  void EibiFinished(const DownloadedDocument& document);
+  void IndexFinished(const DownloadedDocument& document);
+  void ArchiveFinished(const DownloadedDocument& document);
+  void ListKnownFiles();
+  [[nodiscard]] bool Save(const TmyString& name, const DownloadedDocument& document) const;
+  [[nodiscard]] bool KeepFormerEibi(const DownloadedDocument& document) const;
+  void ShowSummary();
+  void End();
+  void Say(const TmyString& line1, const TmyString& line2);
+  void SayBelow(const TmyString& line2) { Say(line1_, line2); }
+
+  DownloadDesk& desk_;
+  TmyString folder_;
+  DownloadSite site_ = DownloadSite::kEibi;
+  TmyString line1_;
+  TmyStringList pendingFiles_;     // names still to fetch, in the page's order
+  TmyStringList downloadedFiles_;  // names fetched
+  TmyStringList knownFiles_;       // base names of the files that the folder had
+  bool hasEibi_ = false;
+  bool reachedHfcc_ = false;
+};

@@ -1,0 +1,148 @@
+#include "download/TmyHttpSocket.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+
+#include "download/ServerNames.h"
+#include "tests/support/ScriptedServer.h"
+
+namespace {
+
+using Reply = ScriptedServer::Reply;
+using End = ScriptedServer::End;
+using testing::ElementsAreArray;
+using Events = std::vector<std::string>;
+
+constexpr uint32_t kTimeOut = 400;  // milliseconds
+uint16_t port = 0;
+
+template <class Condition>
+bool PumpUntil(Condition condition, uint32_t milliseconds = 10000) {
+  for (const uint32_t start = GetTickCount(); !condition() && GetTickCount() - start < milliseconds;) {
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageA(&message);
+  }
+  return condition();
+}
+
+// In pages of its own, which are gone with it: to touch it afterwards ends the test.
+class Request : public TmyHttpSocket {
+ public:
+  using TmyHttpSocket::TmyHttpSocket;
+  static void* operator new(size_t size) { return VirtualAlloc(nullptr, size, MEM_COMMIT, PAGE_READWRITE); }
+  static void operator delete(void* object) { VirtualFree(object, 0, MEM_RELEASE); }
+};
+
+class TmyHttpSocketTest : public testing::Test {
+ protected:
+  // What the request of "/" reports besides progress, up to its end and a time-out longer.
+  Events Run(const Reply& reply, const std::string& deletedIn = "") {
+    server_.Answer("/", reply);
+    events_.clear();
+    deletedIn_ = deletedIn;
+    port = server_.Port();
+    return Get("127.0.0.1");
+  }
+  Events Get(const char* host) {
+    request_.reset(new Request(kTimeOut));
+    request_->connected.Bind<&TmyHttpSocketTest::Connected>(this);
+    request_->progress.Bind<&TmyHttpSocketTest::Progress>(this);
+    request_->finished.Bind<&TmyHttpSocketTest::Finished>(this);
+    request_->closed.Bind<&TmyHttpSocketTest::Closed>(this);
+    request_->timedOut.Bind<&TmyHttpSocketTest::TimedOut>(this);
+    request_->Get(host, "/");
+    PumpUntil([this] {
+      const std::string last = events_.empty() ? "" : events_.back();
+      return !request_ || last == "closed" || last == "refused" || last == "timed out";
+    });
+    PumpUntil([] { return false; }, kTimeOut + 100);  // nothing may follow
+    return events_;
+  }
+  void Note(const std::string& event) {
+    events_.push_back(event);
+    if (event.starts_with(deletedIn_) && !deletedIn_.empty()) request_.reset();
+  }
+  void Connected(TmyHttpSocket&) { Note("connected"); }
+  void Progress(TmyHttpSocket&) {
+    if (deletedIn_ == "progress") Note("progress");
+  }
+  void Finished(TmyHttpSocket& from) { Note("finished " + std::to_string(from.Body().Size())); }
+  void Closed(TmySocket&, int error) { Note(error == WSAECONNREFUSED ? "refused" : "closed"); }
+  void TimedOut(TmyHttpSocket&) { Note("timed out"); }
+
+  ScriptedServer server_;
+  std::unique_ptr<Request> request_;
+  Events events_;
+  std::string deletedIn_;
+};
+
+const std::string kDocument = ScriptedServer::Document(std::string(50000, 'x'));
+
+TEST_F(TmyHttpSocketTest, EveryRequestEndsOnce) {
+  const Events finishes = {"connected", "finished 50000", "closed"};
+  const Events closes = {"connected", "closed"};
+  const Events timesOut = {"connected", "timed out"};
+  const std::vector<std::pair<Reply, Events>> cases = {
+      {{kDocument}, finishes},
+      {{kDocument, End::kStayOpen}, finishes},
+      {{kDocument + "more", End::kReset, 1000, 1}, finishes},
+      {{kDocument.substr(0, 20000)}, closes},
+      {{"HTTP/1.1 200 OK\r\nConte", End::kReset, 5, 50}, closes},
+      {{"HTTP/1.1 200\nContent-Length: 3\n\nabc", End::kStayOpen, 1, 30}, {"connected", "finished 3", "closed"}},
+      {{"", End::kStayOpen}, timesOut},
+      {{"A\r\nContent-Length: 4\r\n\r\n", End::kStayOpen}, timesOut},
+      {{"A\r\n\r\n" + kDocument, End::kRepeat}, timesOut},
+      {{std::string(70000, 'h'), End::kStayOpen}, timesOut},
+      {{"A\r\nContent-Length: 16777217\r\n\r\n", End::kStayOpen}, timesOut},
+  };
+  for (const auto& [reply, end] : cases) EXPECT_THAT(Run(reply), ElementsAreArray(end)) << reply.bytes.substr(0, 40);
+  EXPECT_EQ(server_.Requests().front(),
+            "GET / HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: close\r\nUser-Agent: Marlux 3.00\r\n\r\n");
+}
+
+TEST_F(TmyHttpSocketTest, HostsThatAreNotThere) {
+  EXPECT_THAT(Get("no such host"), ElementsAreArray({"timed out"}));
+  EXPECT_FALSE(request_->IsValid() || request_->Connect("127.0.0.1", port));
+  events_.clear();
+  {
+    const ScriptedServer gone;
+    port = gone.Port();
+  }
+  EXPECT_THAT(Get("127.0.0.1"), ElementsAreArray({"refused"}));
+}
+
+TEST_F(TmyHttpSocketTest, MayBeDeletedInsideEveryCallback) {
+  for (const std::string at : {"connected", "progress", "finished", "closed"}) {
+    EXPECT_TRUE(Run({kDocument, End::kClose, 10000, 10}, at).back().starts_with(at));
+  }
+  EXPECT_EQ(Run({"", End::kStayOpen}, "timed out").back(), "timed out");
+}
+
+TEST_F(TmyHttpSocketTest, AFullReceiveBufferStopsReadingUntilItIsDrained) {
+  server_.Answer("/", {std::string(3 * TmySocket::kBufferLimit, 'x'), End::kStayOpen});
+  TmyClientSocket client(SOCK_STREAM, IPPROTO_TCP);
+  ASSERT_TRUE(client.Connect("127.0.0.1", server_.Port()));
+  client.Send("GET / HTTP/1.1\r\n\r\n");
+  for (int part = 0; part < 3; ++part) {
+    EXPECT_TRUE(PumpUntil([&] { return client.Received().size() == TmySocket::kBufferLimit; })) << part;
+    SendMessageA(client.Handle(), TmySocket::kEventMessage, 0, FD_CLOSE);  // another socket's
+    client.TakeReceived(TmySocket::kBufferLimit);
+  }
+  EXPECT_FALSE(PumpUntil([&] { return !client.Received().empty(); }, 100));
+}
+
+}  // namespace
+
+const char* ServerNames::EibiHost() noexcept {
+  return "127.0.0.1";
+}
+const char* ServerNames::HfccHost() noexcept {
+  return "127.0.0.1";
+}
+uint16_t ServerNames::Port() noexcept {
+  return port;
+}
+uint32_t ServerNames::TimeOut() noexcept {
+  return kTimeOut;
+}
