@@ -16,8 +16,6 @@ MainMenu::MainMenu()
       help_(bar_.AddSubmenu("&Help")),
       help(help_.AddItem("&Help")),
       about(help_.AddItem("&About")) {
-  // Their windows do not exist yet.
-  for (TmyMenuItem* item : {&viewScheduler, &newTask}) item->Enable(false);
   file_.EnableSubmenu(hfccDatabases_, false);
 }
 
@@ -34,6 +32,4 @@ GridMenu::GridMenu(TmyMenu& menu)
     : showDetails(menu.AddItem("Show &details")),
       tune(menu.AddItem("&Tune to this frequency")),
       record(menu.AddItem("Start &recording this station")),
-      schedule(menu.AddItem("&Schedule this station")) {
-  schedule.Enable(false);  // its window does not exist yet
-}
+      schedule(menu.AddItem("&Schedule this station")) {}

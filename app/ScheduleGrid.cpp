@@ -37,11 +37,7 @@ void ScheduleGrid::SetColumns(const TmyGridColumn* columns, uint32_t count) {
 
 void ScheduleGrid::ScaleWidths() {
   const int now = TmyApplication::Get().Theme().TextHeight();
-  if (now == widthsTextHeight_ || widthsTextHeight_ == 0) return;
-  int32_t widths[TmyStringGrid::kMaxColumns];  // those of columns that are not shown, too: they may come back
-  std::transform(grid_->Widths(), grid_->Widths() + std::size(widths), widths,
-                 [&](int32_t width) { return MulDiv(width, now, widthsTextHeight_); });
-  grid_->SetWidths(widths, std::size(widths));
+  grid_->ScaleWidths(now, widthsTextHeight_);
   widthsTextHeight_ = now;
 }
 

@@ -46,13 +46,17 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       hfcc_(std::make_unique<FccGrid>(*this)),
       status_(new StatusBar(*this)),
       recorder_(*this, link_, *status_, utc_),
-      databases_(*eibi_, *hfcc_, menu_) {
+      databases_(*eibi_, *hfcc_, menu_),
+      scheduler_(recorder_.Session()),
+      desk_(*this, scheduler_, link_, hostInfo_, utc_) {
   if (!IsAlive()) return;
   SetDoubleBuffered(true);
   SetNewestInstance(this);
   exportFolder_ = DocumentsFolder();
   menu_.AttachTo(Handle());
   BindCommands();
+  scheduler_.LoadTasks();
+  desk_.TasksLoaded();
   isReady_ = true;
   Shown().Control().Show(true);
   databases_.Load();
@@ -72,6 +76,9 @@ void TmxWindow::BindCommands() {
   menu_.about.chosen.Bind<&TmxWindow::ShowAbout>(this);
   gridMenu_.tune.chosen.Bind<&TmxWindow::TuneFromMenu>(this);
   gridMenu_.record.chosen.Bind<&TmxWindow::RecordFromMenu>(this);
+  gridMenu_.schedule.chosen.Bind<&TmxWindow::ScheduleFromMenu>(this);
+  menu_.viewScheduler.chosen.Bind<&TmxWindow::ViewScheduler>(this);
+  menu_.newTask.chosen.Bind<&TmxWindow::NewTask>(this);
   menu_.exportItems.chosen.Bind<&TmxWindow::ExportCsv>(this);
   menu_.hfccSettings.chosen.Bind<&TmxWindow::ChooseColumns>(this);
   gridMenu_.showDetails.chosen.Bind<&TmxWindow::ShowDetails>(this);
@@ -125,6 +132,7 @@ void TmxWindow::Destroying() {
   EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
+  if (isReady_) scheduler_.SaveTasks();
   recorder_.End();
   Instances().Remove(*this);
   link_.TellClosed();
@@ -205,7 +213,11 @@ void TmxWindow::ShowChanged(bool visible) {
   if (answer == 1) PostMessageA(Handle(), kMsgDownload, 0, 0);
 }
 
+// Scheduled recordings come first, whichever timer it is.
 void TmxWindow::Timer(uintptr_t id) {
+  scheduler_.Tick();
+  if (!IsAlive()) return;
+  desk_.Ticked();
   if (id == kTickTimer) {
     if (panel_->FollowsClock() && !IsClicking()) Refresh(true);
   } else if (id == kAutoTuningTimer) {
@@ -312,6 +324,16 @@ void TmxWindow::RecordFromMenu(TmyMenuItem&) {
   recorder_.RecordStation(menuTarget_);
 }
 
+void TmxWindow::ScheduleFromMenu(TmyMenuItem&) {
+  desk_.Schedule(menuTarget_);
+}
+void TmxWindow::ViewScheduler(TmyMenuItem&) {
+  desk_.View();
+}
+void TmxWindow::NewTask(TmyMenuItem&) {
+  desk_.NewTask();
+}
+
 void TmxWindow::TuneTo(uint32_t row) {
   if (Shown().ShowsRecord(row)) recorder_.TuneStation(Shown().TargetOf(row));
 }
@@ -353,6 +375,7 @@ void TmxWindow::Exit(TmyMenuItem&) {
 void TmxWindow::ToggleUtc(TmyMenuItem& item) {
   utc_ = !utc_;
   item.Check(utc_);
+  desk_.ZoneChanged();
   Refresh(false);
 }
 

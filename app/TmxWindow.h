@@ -12,6 +12,8 @@
 #include "app/HelpLibrary.h"
 #include "app/MainMenu.h"
 #include "app/MainRecorder.h"
+#include "app/MainScheduler.h"
+#include "app/SchedulerDesk.h"
 #include "app/StatusBar.h"
 #include "plugin/HostInfo.h"
 #include "plugin/HostLink.h"
@@ -56,6 +58,9 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ShowAbout(TmyMenuItem& item);
   void TuneFromMenu(TmyMenuItem& item);
   void RecordFromMenu(TmyMenuItem& item);
+  void ScheduleFromMenu(TmyMenuItem& item);
+  void ViewScheduler(TmyMenuItem& item);
+  void NewTask(TmyMenuItem& item);
   void ShowDetails(TmyMenuItem& item);
   void CheckForUpdates(TmyMenuItem& item);
   void Download();
@@ -91,6 +96,8 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   StatusBar* status_;
   MainRecorder recorder_;
   Databases databases_;
+  MainScheduler scheduler_;
+  SchedulerDesk desk_;
   TmyMsgBox* about_ = nullptr;          // while it is shown
   TuneTarget menuTarget_ = {};          // what the context menu was opened for, and the one record of the two
   const EibiItem* menuEibi_ = nullptr;  // its database owns it; reset when it is loaded anew

@@ -67,5 +67,6 @@ inline void PrintMegabytes(const char* what, uint32_t rows, double megabytes) {
 void BenchStart(const ScheduleText& schedule);
 void BenchWindow(const ScheduleText& schedule);
 void BenchSchedule(const ScheduleText& schedule);
+void BenchTasks(const ScheduleText& schedule);
 // This one takes the folder that holds the archives.
 void BenchHfcc(const char* dataFolder);

@@ -1,4 +1,4 @@
-// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc], where DIR holds an
+// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc], where DIR holds an
 // eibi.txt.
 
 #include <cstring>
@@ -13,7 +13,8 @@ struct Subject {
 };
 
 // The start comes first: it measures the memory of the process, which the others would have filled.
-constexpr Subject kSubjects[] = {{"start", BenchStart}, {"window", BenchWindow}, {"schedule", BenchSchedule}};
+constexpr Subject kSubjects[] = {
+    {"start", BenchStart}, {"window", BenchWindow}, {"schedule", BenchSchedule}, {"tasks", BenchTasks}};
 
 const char* Option(int argc, char** argv, const char* name) {
   for (int i = 1; i + 1 < argc; ++i) {
@@ -28,7 +29,7 @@ int main(int argc, char** argv) {
   const char* folder = Option(argc, argv, "--data");
   const char* only = Option(argc, argv, "--only");
   if (!folder) {
-    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|hfcc]\n");
+    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc]\n");
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));

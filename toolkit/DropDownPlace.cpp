@@ -19,3 +19,10 @@ RECT DropDownPlace::Of(const RECT& field, const RECT& workArea, int rows, int ro
   const int top = static_cast<int>(upward ? field.top - height : field.bottom);
   return {left, top, left + width, top + height};
 }
+
+RECT DropDownPlace::OfSize(const RECT& field, const RECT& workArea, SIZE size) {
+  const bool upward = field.bottom + size.cy > workArea.bottom && field.top - size.cy >= workArea.top;
+  const LONG left = std::max(workArea.left, std::min(field.left, workArea.right - size.cx));
+  const LONG top = upward ? field.top - size.cy : field.bottom;
+  return {left, top, left + size.cx, top + size.cy};
+}

@@ -12,4 +12,7 @@ constexpr int kMaximumRows = 12;
 // at least one, also for a list without items.
 [[nodiscard]] RECT Of(const RECT& field, const RECT& workArea, int rows, int rowHeight, int textWidth, int scrollBar);
 
+// For a window of a size of its own: below the field, above it when only there is room, inside the work area sideways.
+[[nodiscard]] RECT OfSize(const RECT& field, const RECT& workArea, SIZE size);
+
 }  // namespace DropDownPlace

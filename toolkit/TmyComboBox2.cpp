@@ -4,30 +4,15 @@
 
 #include "foundation/Clock.h"
 #include "toolkit/DropDownPlace.h"
+#include "toolkit/DropField.h"
 #include "toolkit/ListKeys.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyDropDown.h"
 
 namespace {
 
-constexpr int kArrowWidth = 9;  // at 96 dpi
-constexpr int kArrowHeight = 5;
-constexpr int kArrowMargin = 8;
-
 TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
-}
-
-void PaintArrow(HDC dc, int right, int centre, COLORREF color) {
-  constexpr int kUnits = 16;  // a pixel, in the polygon's units
-  const int width = Theme().Scaled(kArrowWidth);
-  const int height = Theme().Scaled(kArrowHeight);
-  const int left = right - width;
-  const int top = centre - height / 2;
-  const POINT points[] = {{left * kUnits, top * kUnits},
-                          {right * kUnits, top * kUnits},
-                          {(left + right) * kUnits / 2, (top + height) * kUnits}};
-  ThemeDraw::Polygon(dc, points, 3, color);
 }
 
 }  // namespace
@@ -252,15 +237,9 @@ void TmyComboBox2::ThemeChanged() {
 }
 
 void TmyComboBox2::Paint(HDC dc) {
-  const TmyTheme::Colors& color = Theme().Color();
   const bool enabled = IsEnabled();
-  const RECT all = {0, 0, ClientWidth(), ClientHeight()};
-  ThemeDraw::Fill(dc, all, enabled ? color.field : color.surface);
-  ThemeDraw::Frame(dc, all, enabled && (HasKeyboard() || IsDropped()) ? color.accent : color.line);
-  const int arrowRight = all.right - Theme().Scaled(kArrowMargin);
-  PaintArrow(dc, arrowRight, (all.bottom + 1) / 2, enabled ? color.secondary : color.disabled);
-  const RECT place = {TmyListBox::TextInset(), 0, arrowRight - Theme().Scaled(kArrowWidth + kArrowMargin / 2),
-                      all.bottom};
+  const RECT place = DropField::Paint(dc, {0, 0, ClientWidth(), ClientHeight()}, enabled, HasKeyboard() || IsDropped());
   if (place.right <= place.left) return;
+  const TmyTheme::Colors& color = Theme().Color();
   ThemeDraw::Text(dc, place, SelectedText().View(), enabled ? color.text : color.disabled, Font());
 }

@@ -99,6 +99,12 @@ void TmyStringGrid::SetColumnWidth(uint32_t column, int32_t width) {
   UpdateLayout();
 }
 
+void TmyStringGrid::ScaleWidths(int multiplier, int divisor) {
+  if (multiplier == divisor || divisor == 0) return;
+  for (int32_t& width : widths_) width = MulDiv(width, multiplier, divisor);
+  UpdateLayout();
+}
+
 void TmyStringGrid::FitColumn(uint32_t column) {
   if (column >= layout_.columns) return;
   const HDC dc = GetDC(Handle());

@@ -42,7 +42,7 @@ TEST_F(Menus, BarHoldsEveryCommandAndMarksUtcTime) {
     EXPECT_THAT(
         Texts(GetMenu(window)),
         ElementsAre("&File", "-&Check for DB updates", "-HFCC &databases", "&Export items to CSV", "E&xit", "&Options",
-                    utc, "HFCC &settings", "&Scheduler", "-&View scheduler", "-&New task", "&Help", "&Help", "&About"));
+                    utc, "HFCC &settings", "&Scheduler", "&View scheduler", "&New task", "&Help", "&Help", "&About"));
     Choose(window, "&UTC time");
   }
 }
@@ -55,12 +55,39 @@ TEST_F(Menus, GridMenuOpensByKeyboardAndMouseAndTunesTheCurrentRow) {
   GetWindowRect(grid, &place);
   const LPARAM firstRow = MAKELPARAM(place.left + 30, place.top + 30);
   const auto expected = ElementsAre("Show &details", "&Tune to this frequency", "Start &recording this station",
-                                    "-&Schedule this station");
+                                    "&Schedule this station");
   EXPECT_THAT(ContextMenu(window, -1, WM_CANCELMODE), expected);
   EXPECT_TRUE(host_.Calls().empty());
   EXPECT_THAT(ContextMenu(window, -1, WM_CHAR, 't'), expected);
   EXPECT_THAT(ContextMenu(window, firstRow, WM_CHAR, 't'), expected);
   EXPECT_THAT(TunedFrequencies(), ElementsAre(15770500u, 9420000u));
+}
+
+TEST_F(Menus, SchedulerOpensAnEditorOnceForANewTaskAndForTheRow) {
+  const HWND window = StartPlugin();
+  std::vector<std::string> texts;  // of the editor's fields: start, stop, frequency
+  const auto confirm = [&] {
+    for (HWND edit = nullptr; (edit = FindWindowExA(FakeHost::Find("New Task"), edit, "Edit", nullptr));) {
+      texts.push_back(TextOf(edit));
+    }
+    PostMessageA(FakeHost::Find("New Task"), WM_KEYDOWN, VK_RETURN, 1);
+  };
+  const auto isOpen = [] { return FakeHost::Find("New Task") && FakeHost::Find("Scheduler"); };
+  host_.When(isOpen, confirm);
+  Choose(window, "&New task");
+  Key(Grid(window), VK_END);
+  host_.When([] { return FakeHost::Find("", kMenuClass) != nullptr; },
+             [&] {
+               PostMessageA(window, WM_CHAR, 's', 0);
+               host_.When(isOpen, confirm);
+             });
+  PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
+  EXPECT_TRUE(host_.PumpUntil([&] { return texts.size() == 6 && !FakeHost::Find("New Task"); }));
+  EXPECT_FALSE(host_.WasLate());
+  ASSERT_EQ(texts.size(), 6u);
+  EXPECT_EQ(texts[5], "15770.5");
+  host_.Close(7);
+  EXPECT_EQ(ReadFileBytes(documents_.DataFolder() + "\\tasks.mxt").size(), 2 * 48u);
 }
 
 TEST_F(Menus, HelpSaysThatItsFileIsMissing) {

@@ -1,0 +1,28 @@
+#include "scheduler/SchedulerEngine.h"
+
+#include "foundation/Clock.h"
+#include "scheduler/TaskTime.h"
+
+// What was started is looked at once more: the host may have deleted or changed the task inside. A running task that is
+// not in the list is gone; its address is not followed.
+void SchedulerEngine::Tick() {
+  if (isStarting_) return;
+  const TaskMoment now = MomentOf(DateOfTime(Clock::Utc()));
+  if (!session_.CurrentTask() && !StartFirstDue(now)) return;
+  const TmxTask* const task = session_.CurrentTask();
+  if (task && (tasks_.IndexOf(task) < 0 || !IsDue(*task, now))) session_.Stop();
+}
+
+// While the host tunes, a loop of its own may let timers run.
+bool SchedulerEngine::StartFirstDue(const TaskMoment& now) {
+  for (uint32_t i = 0; i < tasks_.Count(); ++i) {
+    TmxTask* const task = tasks_.Get(i);
+    if (!IsDue(*task, now)) continue;
+    isStarting_ = true;
+    const bool started =
+        session_.Start(RecordingSession::kTask, task->frequency, static_cast<uint32_t>(task->mode), task);
+    isStarting_ = false;
+    return started;
+  }
+  return false;
+}

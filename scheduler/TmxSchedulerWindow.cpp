@@ -1,0 +1,307 @@
+#include "scheduler/TmxSchedulerWindow.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "foundation/Clock.h"
+#include "scheduler/NewTask.h"
+#include "scheduler/TaskTexts.h"
+#include "scheduler/TaskTime.h"
+#include "scheduler/TmxTaskWindow.h"
+#include "toolkit/FocusOrder.h"
+#include "toolkit/TmyApplication.h"
+#include "toolkit/TmyMsgBox.h"
+
+namespace {
+
+constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW | WS_TABSTOP | WS_CLIPCHILDREN;
+constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
+constexpr int kLeastWidth = 429;  // pixels, frame included
+constexpr int kLeastHeight = 208;
+constexpr int kBesideColumns = 10;  // pixels that the window is at least wider than its columns
+constexpr int kFirstRows = 8;
+constexpr uint32_t kLeastRows = 3;
+constexpr int kCellMargin = 17;  // beside a cell's text, both sides together, at 96 dpi
+constexpr int kYes = 1;          // the question's first button
+
+constexpr TmyGridColumn kColumns[] = {{"Active"},         {"Frequency", 0, true}, {"From"}, {"To"},
+                                      {"Start", 0, true}, {"Stop", 0, true},      {"Mode"}, {"Days"}};
+static_assert(std::size(kColumns) == kTaskColumnCount);
+
+const TmyTheme& Theme() {
+  return TmyApplication::Get().Theme();
+}
+int StripHeight() {  // of the buttons
+  return Theme().FieldHeight() + 3 * Theme().Step();
+}
+
+SIZE FrameSize() {
+  RECT frame = {};
+  AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
+  return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
+}  // namespace
+
+TmxSchedulerWindow::TmxSchedulerWindow(SchedulerOwner& owner)
+    : TmyComponent("Scheduler", kStyle, kExtendedStyle, 0, 0, kLeastWidth, kLeastHeight, &owner.Window()),
+      owner_(owner),
+      grid_(new TmyStringGrid(*this)),
+      newTask_(*this, "New task"),
+      deleteTask_(*this, "Delete task"),
+      editTask_(*this, "Edit task"),
+      close_(*this, "Close") {
+  SetDoubleBuffered(true);
+  SetKeyPreview(true);
+  newTask_.SetToolTip("Insert");
+  deleteTask_.SetToolTip("Delete");
+  editTask_.SetToolTip("Enter");
+  for (Tmy_Btn* button : {&newTask_, &deleteTask_, &editTask_, &close_}) {
+    button->clicked.Bind<&TmxSchedulerWindow::Clicked>(this);
+  }
+  grid_->SetColumns(kColumns, kTaskColumnCount);
+  SetFirstWidths();
+  grid_->SetModel(this);
+  grid_->currentMoved.Bind<&TmxSchedulerWindow::CurrentMoved>(this);
+  grid_->rowClicked.Bind<&TmxSchedulerWindow::RowClicked>(this);
+  grid_->rowActivated.Bind<&TmxSchedulerWindow::RowActivated>(this);
+  grid_->columnResized.Bind<&TmxSchedulerWindow::ColumnResized>(this);
+  SetFirstBounds();
+  grid_->Show(true);
+  TasksChanged();
+}
+
+// For the texts of a task with long ones: dates and times are as long as the user's form of them.
+void TmxSchedulerWindow::SetFirstWidths() {
+  constexpr uint32_t kMondayWednesdayFriday = 0x2A;
+  const SYSTEMTIME longDate = {2028, 12, 0, 28, 0, 0, 0, 0};
+  const TaskDate date = DateOfTime(longDate);
+  const TmxTask sample = {29999500, 1, 0, date, date, 22 * 3600, 22 * 3600, kMondayWednesdayFriday, 1};
+  for (uint32_t column = 0; column < kTaskColumnCount; ++column) {
+    const TmyString text = TaskText(sample, TaskColumn{column}, 0);
+    const int title = Theme().TextWidth(kColumns[column].title, TmyTheme::Font::kBold);
+    grid_->SetColumnWidth(column, std::max(title, Theme().TextWidth(text.View())) + Theme().Scaled(kCellMargin));
+  }
+  fittedHeight_ = Theme().TextHeight();
+}
+
+void TmxSchedulerWindow::SetFirstBounds() {
+  const GridGeometry::Layout& grid = grid_->Layout();
+  const SIZE frame = FrameSize();
+  const int width = grid_->ColumnsRight() + TmyScrollBar::Thickness() + static_cast<int>(frame.cx) + 2;
+  const int height = static_cast<int>(frame.cy) + grid.titleHeight + kFirstRows * grid.rowHeight + 2 + StripHeight();
+  const RECT& around = owner_.Window().Bounds();
+  SetBounds(std::max(0L, (around.left + around.right - width) / 2),
+            std::max(0L, (around.top + around.bottom - height) / 2), width, height);
+  Realign();
+}
+
+// All columns in view beside the frame, the buttons side by side, some rows.
+SIZE TmxSchedulerWindow::LeastSize() const {
+  const SIZE frame = FrameSize();
+  const int besideColumns = std::max<int>(kBesideColumns, frame.cx + 2);
+  int buttons = 0;
+  for (const Tmy_Btn* button : {&newTask_, &deleteTask_, &editTask_, &close_}) {
+    buttons += button->PreferredWidth() + Theme().Step();
+  }
+  const GridGeometry::Layout& grid = grid_->Layout();
+  const int rows = grid.titleHeight + static_cast<int>(kLeastRows) * grid.rowHeight + TmyScrollBar::Thickness();
+  return {std::max({kLeastWidth, grid_->ColumnsRight() + besideColumns,
+                    buttons + 2 * Theme().Step() + static_cast<int>(frame.cx)}),
+          std::max(kLeastHeight, rows + StripHeight() + static_cast<int>(frame.cy))};
+}
+
+void TmxSchedulerWindow::ConstrainBounds(int&, int&, int& width, int& height) {
+  if (fittedHeight_ == 0) return;
+  const SIZE least = LeastSize();
+  width = std::max<int>(width, least.cx);
+  height = std::max<int>(height, least.cy);
+}
+
+void TmxSchedulerWindow::ColumnResized(int) {
+  SetBounds(Bounds().left, Bounds().top, std::max<int>(Width(), LeastSize().cx), Height());
+}
+
+void TmxSchedulerWindow::Realign() {
+  if (fittedHeight_ == 0) return;
+  const int step = Theme().Step();
+  const int gridHeight = std::max(0, ClientHeight() - StripHeight());
+  grid_->SetBounds(0, 0, ClientWidth(), gridHeight);
+  const int top = gridHeight + 3 * step / 2;
+  int left = 3 * step / 2;
+  for (Tmy_Btn* button : {&newTask_, &deleteTask_, &editTask_}) {
+    button->SetBounds(left, top, button->PreferredWidth(), Theme().FieldHeight());
+    left += button->PreferredWidth() + step;
+  }
+  close_.SetBounds(ClientWidth() - 3 * step / 2 - close_.PreferredWidth(), top, close_.PreferredWidth(),
+                   Theme().FieldHeight());
+}
+
+void TmxSchedulerWindow::ThemeChanged() {
+  grid_->ScaleWidths(Theme().TextHeight(), std::exchange(fittedHeight_, Theme().TextHeight()));
+  TmyComponent::ThemeChanged();
+  ColumnResized(0);
+}
+
+void TmxSchedulerWindow::CellText(uint32_t record, uint32_t column, TmyCellText& text) const {
+  const TmxTask* task = owner_.Tasks().Get(record);
+  if (!task) return;
+  text.Set(TaskText(*task, TaskColumn{column}, owner_.IsUtc() ? 0 : Clock::LocalOffsetSeconds()).View());
+  text.secondary = task->enabled == 0;
+}
+
+bool TmxSchedulerWindow::IsMarked(uint32_t record) const {
+  const TmxTask* running = owner_.RunningTask();
+  return running && running == owner_.Tasks().Get(record);
+}
+
+void TmxSchedulerWindow::TasksChanged() {
+  grid_->RowsChanged();
+  grid_->SetCurrentRow(RowCount() == 0 ? TmyStringGrid::kNoRow : TmyStringGrid::RowOf(RowCount() - 1), true);
+  grid_->RepaintRows();
+  EnableButtons();
+}
+
+void TmxSchedulerWindow::EnableButtons() {
+  const bool hasTask = SelectedTask() != nullptr;
+  deleteTask_.Enable(hasTask);
+  editTask_.Enable(hasTask);
+}
+
+void TmxSchedulerWindow::CurrentMoved(uint32_t) {
+  EnableButtons();
+}
+void TmxSchedulerWindow::RowClicked(const TmyRowClick&) {
+  EnableButtons();
+}
+void TmxSchedulerWindow::RowActivated(uint32_t) {
+  EditSelected();
+}
+
+void TmxSchedulerWindow::Clicked(Tmy_Btn& button) {
+  if (&button == &newTask_) NewTaskWanted(nullptr);
+  if (&button == &deleteTask_) DeleteSelected();
+  if (&button == &editTask_) EditSelected();
+  if (&button == &close_) SendMessageA(Handle(), WM_CLOSE, 0, 0);
+}
+
+TmxTask* TmxSchedulerWindow::SelectedTask() const noexcept {
+  return owner_.Tasks().Get(TmyStringGrid::RecordOf(grid_->CurrentRow()));  // null when there is no row
+}
+
+TmyComponent* TmxSchedulerWindow::OpenDialog() const noexcept {
+  return editor_ ? static_cast<TmyComponent*>(editor_) : question_;
+}
+
+void TmxSchedulerWindow::NewTaskWanted(std::unique_ptr<TmxTask> task) {
+  const Hold hold;
+  if (!task) {
+    const uint32_t frequency = owner_.CurrentFrequencyRaw();
+    if (!IsAlive()) return;
+    task = std::make_unique<TmxTask>(NewTask(frequency, DateOfTime(Clock::Utc())));
+  }
+  if (const TmyComponent* dialog = OpenDialog()) {
+    SetForegroundWindow(dialog->Handle());
+    return;
+  }
+  if (!RunEditor(*task)) return;
+  owner_.Tasks().Add(std::move(task));
+  TasksChanged();
+}
+
+// The editor works on a copy: the list may change under it.
+void TmxSchedulerWindow::EditSelected() {
+  TmxTask* task = SelectedTask();
+  if (!task || OpenDialog()) return;
+  const Hold hold;
+  TmxTask edited = *task;
+  if (!RunEditor(edited) || owner_.Tasks().IndexOf(task) < 0) return;
+  *task = edited;
+  TasksChanged();
+}
+
+void TmxSchedulerWindow::DeleteSelected() {
+  const TmxTask* task = SelectedTask();
+  if (!task || OpenDialog()) return;
+  const Hold hold;
+  if (!IsConfirmed()) return;
+  const int32_t at = owner_.Tasks().IndexOf(task);
+  if (at < 0) return;
+  owner_.Tasks().Delete(static_cast<uint32_t>(at));
+  TasksChanged();
+}
+
+bool TmxSchedulerWindow::RunEditor(TmxTask& task) {
+  auto* editor = new TmxTaskWindow(owner_, *this);
+  editor_ = editor;
+  const bool confirmed = editor->Edit(task);
+  if (TmyApplication::IsTerminating() || !IsAlive()) return false;
+  editor_ = nullptr;
+  editor->Destroy();
+  return confirmed;
+}
+
+bool TmxSchedulerWindow::IsConfirmed() {
+  auto* question = new TmyMsgBox(this, "Delete task", "Are you sure?", {"Yes", "No"});
+  question_ = question;
+  const int result = question->ShowModal(this);
+  if (TmyApplication::IsTerminating() || !IsAlive()) return false;
+  question_ = nullptr;
+  question->Destroy();
+  return result == kYes;
+}
+
+void TmxSchedulerWindow::Open() {
+  ShowWindow(Handle(), IsIconic(Handle()) ? SW_RESTORE : SW_SHOW);
+  if (IsAlive()) SetForegroundWindow(OpenDialog() ? OpenDialog()->Handle() : Handle());
+}
+
+void TmxSchedulerWindow::PostNewTask(std::unique_ptr<TmxTask> task) {
+  if (PostMessageA(Handle(), kMsgNewTask, 0, reinterpret_cast<LPARAM>(task.get()))) static_cast<void>(task.release());
+}
+
+void TmxSchedulerWindow::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM) {
+  if (&sender != grid_ || (key != VK_INSERT && key != VK_DELETE)) return;
+  std::exchange(key, 0) == VK_INSERT ? NewTaskWanted(nullptr) : DeleteSelected();
+}
+
+void TmxSchedulerWindow::Escape() {
+  SendMessageA(Handle(), WM_CLOSE, 0, 0);
+}
+
+// Never destroyed by the user, only by its owner.
+bool TmxSchedulerWindow::Closing() {
+  if (const TmyComponent* dialog = OpenDialog()) {
+    SendMessageA(dialog->Handle(), WM_CLOSE, 0, 0);
+    return false;
+  }
+  const bool wasActive = GetActiveWindow() == Handle();
+  Show(false);
+  if (wasActive) SetForegroundWindow(owner_.Window().Handle());
+  return false;
+}
+
+void TmxSchedulerWindow::Destroying() {
+  if (editor_) std::exchange(editor_, nullptr)->Destroy();
+  MSG message;  // tasks that nobody would free any more
+  while (PeekMessageA(&message, Handle(), kMsgNewTask, kMsgNewTask, PM_REMOVE)) {
+    delete reinterpret_cast<TmxTask*>(message.lParam);
+  }
+}
+
+void TmxSchedulerWindow::FocusChanged(bool focused) {
+  if (focused && !FocusedControl()) FocusOrderOf(*this).First();
+  TmyComponent::FocusChanged(focused);
+}
+
+LRESULT TmxSchedulerWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == kMsgNewTask) {
+    NewTaskWanted(std::unique_ptr<TmxTask>(reinterpret_cast<TmxTask*>(lParam)));
+    return 0;
+  }
+  if (message == WM_GETMINMAXINFO && fittedHeight_ > 0) {
+    const SIZE least = LeastSize();
+    reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+  }
+  return TmyComponent::WndProc(message, wParam, lParam);
+}

@@ -1,0 +1,261 @@
+#include "scheduler/TmxTaskWindow.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "foundation/Clock.h"
+#include "plugin/ModeNames.h"
+#include "schedule/DayTime.h"
+#include "scheduler/TaskTime.h"
+#include "scheduler/ZoneTime.h"
+#include "toolkit/DropField.h"
+#include "toolkit/FocusOrder.h"
+#include "toolkit/ListKeys.h"
+#include "toolkit/TmyApplication.h"
+
+namespace {
+
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_TABSTOP | WS_CLIPCHILDREN;
+constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+constexpr int64_t kHzInKhz = 1000;
+constexpr LPARAM kRepeated = LPARAM{1} << 30;  // the key was down already
+
+// The lines from the top; the check box stands above them.
+constexpr const char* kLabels[] = {"From date", "To date", "Start time", "Stop time", "Frequency", "Mode", "Days"};
+constexpr int kRows = static_cast<int>(std::size(kLabels));
+constexpr int kFrequencyRow = 4;
+constexpr int kDaysRow = kRows - 1;
+constexpr std::string_view kUnit = "kHz";
+
+const TmyTheme& Theme() {
+  return TmyApplication::Get().Theme();
+}
+int Margin() {
+  return 2 * Theme().Step();
+}
+int Pitch() {  // from one line to the next
+  return Theme().FieldHeight() + Theme().Step();
+}
+int LineTop(int row) {
+  return Margin() + Pitch() * (1 + row);
+}
+int LabelWidth() {
+  int widest = 0;
+  for (const char* label : kLabels) widest = std::max(widest, Theme().TextWidth(label));
+  return widest;
+}
+int FieldLeft() {
+  return Margin() + LabelWidth() + 3 * Theme().Step();
+}
+
+// What a file's impossible date shows as: the last that there is.
+constexpr SYSTEMTIME kBeyondAnyDate = {10000, 1, 6, 1, 0, 0, 0, 0};
+
+// A date that the user left alone stays as it is, down to what no field shows.
+TaskDate DateIn(const TmyCalendar& picker, TaskDate before) {
+  const SYSTEMTIME& shown = picker.Value();
+  const SYSTEMTIME former = TimeOfDate(before).value_or(kBeyondAnyDate);
+  return CalendarMath::DateOf(former) == CalendarMath::DateOf(shown) ? before : DateOfTime(shown);
+}
+
+TmyString DayCaption(uint32_t bit) {
+  constexpr uint32_t kLetters = 3;
+  return {DayMaskText(1U << bit), kLetters};
+}
+
+}  // namespace
+
+TmxTaskWindow::TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent)
+    : TmyComponent("New Task", kStyle, kExtendedStyle, 0, 0, 100, 100, &parent),
+      owner_(owner),
+      enabled_(*this, "Enable task"),
+      from_(new TmyCalendar(*this, WS_VISIBLE | WS_TABSTOP)),
+      to_(new TmyCalendar(*this, WS_VISIBLE | WS_TABSTOP)),
+      start_(new TmyTimeEdit(*this)),
+      stop_(new TmyTimeEdit(*this)),
+      frequency_(new TmyFrequencyEdit(*this, 0, std::numeric_limits<int64_t>::max())),
+      mode_(new TmyComboBox2(*this, WS_VISIBLE | WS_TABSTOP)),
+      days_{{{*this, DayCaption(0)},
+             {*this, DayCaption(1)},
+             {*this, DayCaption(2)},
+             {*this, DayCaption(3)},
+             {*this, DayCaption(4)},
+             {*this, DayCaption(5)},
+             {*this, DayCaption(6)}}},
+      ok_(*this, "OK"),
+      cancel_(*this, "Cancel") {
+  SetDoubleBuffered(true);
+  SetKeyPreview(true);
+  ok_.SetDefault(true);
+  ok_.clicked.Bind<&TmxTaskWindow::Clicked>(this);
+  cancel_.clicked.Bind<&TmxTaskWindow::Clicked>(this);
+  if (const auto range = owner.Host().FrequencyRangeKhz()) {
+    frequency_->SetRange(range->lowestKhz * kHzInKhz, range->highestKhz * kHzInKhz);
+  }
+  AddModes();
+  for (TmyComponent* edit : std::initializer_list<TmyComponent*>{start_, stop_, frequency_}) edit->Show(true);
+  FitSize(parent.IsVisible() ? parent : owner.Window());
+}
+
+void TmxTaskWindow::AddModes() {
+  for (const int32_t mode : owner_.Host().ModeNumbers()) {
+    mode_->Add(ModeName(mode), static_cast<uintptr_t>(static_cast<intptr_t>(mode)));
+  }
+}
+
+bool TmxTaskWindow::Edit(TmxTask& task) {
+  const Hold hold;
+  Fill(task);
+  if (ShowModal(GetParent()) != kConfirmed) return false;
+  Store(task);
+  return true;
+}
+
+void TmxTaskWindow::Fill(const TmxTask& task) {
+  offset_ = owner_.IsUtc() ? 0 : Clock::LocalOffsetSeconds();
+  enabled_.SetChecked(task.enabled != 0);
+  from_->SetValue(TimeOfDate(task.from).value_or(kBeyondAnyDate));
+  to_->SetValue(TimeOfDate(task.to).value_or(kBeyondAnyDate));
+  start_->SetValue(LocalOfUtc(task.start, offset_));
+  stop_->SetValue(LocalOfUtc(task.stop, offset_));
+  constexpr uint64_t kMost = std::numeric_limits<int64_t>::max();
+  frequency_->SetValue(static_cast<int64_t>(std::min(task.frequency, kMost)));
+  SelectMode(task.mode);
+  for (uint32_t day = 0; day < days_.size(); ++day) days_[day].SetChecked((task.days & 1U << day) != 0);
+}
+
+void TmxTaskWindow::SelectMode(int32_t mode) {
+  mode_->SetSelection(0);
+  for (int32_t i = mode_->Count() - 1; i >= 0; --i) {
+    if (static_cast<int32_t>(mode_->ItemData(i)) == mode) mode_->SetSelection(i);
+  }
+}
+
+void TmxTaskWindow::Store(TmxTask& task) const {
+  task.enabled = enabled_.IsChecked() ? 1 : 0;
+  task.from = DateIn(*from_, task.from);
+  task.to = DateIn(*to_, task.to);
+  task.start = UtcOfLocal(static_cast<uint32_t>(start_->Value()), offset_);
+  task.stop = UtcOfLocal(static_cast<uint32_t>(stop_->Value()), offset_);
+  task.frequency = static_cast<uint64_t>(frequency_->Value());
+  const auto mode = static_cast<int32_t>(mode_->ItemData(mode_->Selection()));
+  task.mode = mode == -1 ? 0 : mode;
+  task.days = 0;
+  for (uint32_t day = 0; day < days_.size(); ++day) task.days |= days_[day].IsChecked() ? 1U << day : 0;
+}
+
+int TmxTaskWindow::FrequencyWidth() const {
+  return frequency_->PreferredWidth("00000000.000");
+}
+
+int TmxTaskWindow::ModeWidth() const {
+  int widest = 0;
+  for (int32_t i = 0; i < mode_->Count(); ++i) widest = std::max(widest, Theme().TextWidth(mode_->ItemText(i).View()));
+  return std::max(DropField::WidthFor(widest), from_->PreferredWidth());
+}
+
+int TmxTaskWindow::DaysWidth() const {
+  int width = 0;
+  for (const Tmy_CheckBox& day : days_) width += day.PreferredWidth() + Theme().Step();
+  return width - Theme().Step();
+}
+
+void TmxTaskWindow::FitSize(const TmyComponent& around) {
+  fittedHeight_ = Theme().TextHeight();
+  const int fields = std::max({DaysWidth(), ModeWidth(), FrequencyWidth() + Theme().Step() + Theme().TextWidth(kUnit)});
+  RECT frame = {0, 0, FieldLeft() + fields + Margin(),
+                LineTop(kRows) + Theme().Step() + Theme().FieldHeight() + Margin()};
+  AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
+  const LONG width = frame.right - frame.left, height = frame.bottom - frame.top;
+  RECT place = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  if (around.IsVisible() && !IsIconic(around.Handle())) GetWindowRect(around.Handle(), &place);
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& work = monitor.rcWork;
+  const LONG left = std::min((place.left + place.right - width) / 2, work.right - width);
+  const LONG top = std::min((place.top + place.bottom - height) / 2, work.bottom - height);
+  SetBounds(std::max(left, work.left), std::max(top, work.top), width, height);
+  Realign();
+}
+
+void TmxTaskWindow::Realign() {
+  if (fittedHeight_ == 0) return;
+  enabled_.SetBounds(FieldLeft(), Margin(), enabled_.PreferredWidth(), Theme().FieldHeight());
+  PlaceFields();
+  PlaceDays();
+  PlaceButtons();
+}
+
+void TmxTaskWindow::PlaceFields() {
+  const struct {
+    TmyComponent* field;
+    int width;
+  } fields[] = {{from_, ModeWidth()},
+                {to_, ModeWidth()},
+                {start_, start_->PreferredWidth("00:00:00")},
+                {stop_, stop_->PreferredWidth("00:00:00")},
+                {frequency_, FrequencyWidth()},
+                {mode_, ModeWidth()}};
+  int row = 0;
+  for (const auto& [field, width] : fields) field->SetBounds(FieldLeft(), LineTop(row++), width, Theme().FieldHeight());
+}
+
+void TmxTaskWindow::PlaceDays() {
+  int left = FieldLeft();
+  for (Tmy_CheckBox& day : days_) {
+    day.SetBounds(left, LineTop(kDaysRow), day.PreferredWidth(), Theme().FieldHeight());
+    left += day.PreferredWidth() + Theme().Step();
+  }
+}
+
+void TmxTaskWindow::PlaceButtons() {
+  const int top = ClientHeight() - Margin() - Theme().FieldHeight();
+  const int cancelLeft = ClientWidth() - Margin() - cancel_.PreferredWidth();
+  cancel_.SetBounds(cancelLeft, top, cancel_.PreferredWidth(), Theme().FieldHeight());
+  ok_.SetBounds(cancelLeft - Theme().Step() - ok_.PreferredWidth(), top, ok_.PreferredWidth(), Theme().FieldHeight());
+}
+
+void TmxTaskWindow::Paint(HDC dc) {
+  const auto text = [&](int row, int left, std::string_view words) {
+    const RECT place = {left, LineTop(row), ClientWidth(), LineTop(row) + Theme().FieldHeight()};
+    ThemeDraw::Text(dc, place, words, Theme().Color().text, Font());
+  };
+  for (int row = 0; row < kRows; ++row) text(row, Margin(), kLabels[row]);
+  text(kFrequencyRow, FieldLeft() + FrequencyWidth() + Theme().Step(), kUnit);
+}
+
+void TmxTaskWindow::ThemeChanged() {
+  TmyComponent::ThemeChanged();
+  if (fittedHeight_ != Theme().TextHeight()) FitSize(*this);
+}
+
+// Enter confirms from everywhere but the buttons, which it presses, and open lists, whose row it takes. The edits
+// bring their text into its form first, by themselves.
+void TmxTaskWindow::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) {
+  if (key != VK_RETURN || ListKeys::IsWithAlt(flags)) return;
+  const TmyControl* drawn = &sender == this ? FocusedControl() : nullptr;
+  const bool isOnButton = drawn == &ok_ || drawn == &cancel_;
+  const bool isOpen = mode_->IsDropped() || from_->IsDropped() || to_->IsDropped();
+  const bool isEdit = &sender == start_ || &sender == stop_ || &sender == frequency_;
+  if (isOnButton || isOpen || isEdit) return;
+  key = 0;
+  if ((flags & kRepeated) == 0) Confirm();  // not the Enter that opened the dialog
+}
+
+void TmxTaskWindow::Confirm() {
+  ok_.Press();
+}
+
+void TmxTaskWindow::Escape() {
+  EndModal(kCancelled);
+}
+
+void TmxTaskWindow::Clicked(Tmy_Btn& button) {
+  EndModal(&button == &ok_ ? kConfirmed : kCancelled);
+}
+
+void TmxTaskWindow::FocusChanged(bool focused) {
+  if (focused && !FocusedControl()) FocusOrderOf(*this).First();
+  TmyComponent::FocusChanged(focused);
+}

@@ -1,0 +1,67 @@
+// Marlux 3. The task editor: a dialog for one task.
+//
+//   auto* editor = new TmxTaskWindow(owner, *this);   // belongs to its window, which the scheduler window owns
+//   const bool confirmed = editor->Edit(task);
+//
+// It checks nothing: an empty day mask, dates in the wrong order and equal times are stored as they were entered.
+#pragma once
+
+#include <array>
+
+#include "scheduler/SchedulerOwner.h"
+#include "toolkit/TmyCalendar.h"
+#include "toolkit/TmyComboBox2.h"
+#include "toolkit/TmyFrequencyEdit.h"
+#include "toolkit/TmyTimeEdit.h"
+#include "toolkit/Tmy_Btn.h"
+#include "toolkit/Tmy_CheckBox.h"
+
+class TmxTaskWindow : public TmyComponent {
+ public:
+  static constexpr int kConfirmed = 1;  // what ShowModal returns
+  static constexpr int kCancelled = 2;
+
+  // `parent` is the window that waits; both outlive the editor.
+  TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent);
+
+  // Shows the task and waits. True: the user confirmed, the task is changed. False: it is as it was, and the editor and
+  // its parent may be gone. The reserved word always stays.
+  [[nodiscard]] bool Edit(TmxTask& task);
+
+  void Paint(HDC dc) override;
+  void Realign() override;
+  void ThemeChanged() override;
+  void Confirm() override;
+  void Escape() override;
+  void FocusChanged(bool focused) override;
+  void PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) override;
+
+ private:
+  void AddModes();
+  void Fill(const TmxTask& task);
+  void Store(TmxTask& task) const;
+  void SelectMode(int32_t mode);
+  [[nodiscard]] int ModeWidth() const;
+  [[nodiscard]] int FrequencyWidth() const;
+  [[nodiscard]] int DaysWidth() const;
+  void FitSize(const TmyComponent& around);
+  void PlaceFields();
+  void PlaceDays();
+  void PlaceButtons();
+  void Clicked(Tmy_Btn& button);
+
+  SchedulerOwner& owner_;
+  // In the order in which Tab walks through them; the child windows belong to their windows.
+  Tmy_CheckBox enabled_;
+  TmyCalendar* from_;
+  TmyCalendar* to_;
+  TmyTimeEdit* start_;
+  TmyTimeEdit* stop_;
+  TmyFrequencyEdit* frequency_;
+  TmyComboBox2* mode_;                // the items' data are the host's numbers
+  std::array<Tmy_CheckBox, 7> days_;  // box i stands for bit i of the mask, from Sunday on
+  Tmy_Btn ok_;
+  Tmy_Btn cancel_;
+  int32_t offset_ = 0;    // seconds to add to UTC for the times shown: the zone may change while they are
+  int fittedHeight_ = 0;  // of the theme's text when the dialog was sized
+};

@@ -1,0 +1,103 @@
+#include "scheduler/SchedulerEngine.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "foundation/Clock.h"
+#include "tests/support/FreshDocumentsFolder.h"
+#include "toolkit/TmyApplication.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+// A main window as far as recording knows it, whose host may do something while it tunes.
+class Owner : public TmyComponent, public RecordingOwner {
+ public:
+  Owner() : TmyComponent("Owner", WS_OVERLAPPEDWINDOW, 0, 0, 0, 640, 480, nullptr) {}
+
+  bool Tune(uint32_t frequencyHz, uint32_t) override {
+    tuned.push_back(frequencyHz);
+    if (const auto action = std::exchange(duringTune, nullptr)) action();
+    return IsAlive();
+  }
+  int64_t CurrentFrequency() override { return 0; }
+  void SetCaption(const TmyString& caption) override { TmyComponent::SetCaption(caption); }
+  bool IsUtc() const override { return true; }
+  TmyMediaPlayer& Media() override { return *media_; }
+  bool IsAlive() const override { return TmyComponent::IsAlive(); }
+
+  std::vector<uint32_t> tuned;
+  std::function<void()> duringTune;
+
+ private:
+  TmyMediaPlayer* media_ = new TmyMediaPlayer(*this);  // belongs to its window
+};
+
+class SchedulerEngineTest : public testing::Test {
+ protected:
+  SchedulerEngineTest() {
+    Clock::Hold({2026, 3, 0, 2, 12, 0, 0, 0}, 0);
+    for (const uint32_t frequency : {1, 2, 3}) {
+      tasks_.Add(std::make_unique<TmxTask>(TmxTask{frequency, 1, 0, {}, {0, UINT32_MAX}, 0, 0, kEveryDay, 1}));
+    }
+  }
+  ~SchedulerEngineTest() override {
+    owner_->Destroy();
+    Clock::Release();
+  }
+  // What is recorded after a tick, by its frequency; 0 for nothing.
+  uint64_t Tick() {
+    engine_.Tick();
+    EXPECT_EQ(session_.IsRecording(), session_.CurrentTask() != nullptr);
+    return session_.CurrentTask() ? session_.CurrentTask()->frequency : 0;
+  }
+
+  FreshDocumentsFolder documents_;
+  TmyTypeList<TmxTask> tasks_;
+  Owner* owner_ = new Owner;  // belongs to its window
+  RecordingSession session_{*owner_};
+  SchedulerEngine engine_{tasks_, session_};
+};
+
+}  // namespace
+
+TEST_F(SchedulerEngineTest, FollowsWhatTheUserDoesWithTasks) {
+  tasks_.Get(0)->enabled = 0;
+  EXPECT_EQ(Tick(), 2u);
+  tasks_.Get(0)->enabled = 1;  // comes before the running one, but waits
+  EXPECT_EQ(Tick(), 2u);
+  tasks_.Get(1)->frequency = 20;  // an edit that keeps it due changes nothing of the recording
+  EXPECT_EQ(Tick(), 20u);
+  tasks_.Get(1)->start = 1, tasks_.Get(1)->stop = 2;
+  EXPECT_EQ(Tick(), 0u);
+  EXPECT_EQ(Tick(), 1u);
+  tasks_.Delete(0);
+  engine_.Tick();
+  EXPECT_EQ(session_.CurrentTask(), nullptr);
+  EXPECT_EQ(Tick(), 3u);
+  EXPECT_THAT(owner_->tuned, ElementsAre(2, 1, 3));
+}
+
+TEST_F(SchedulerEngineTest, TakesTheReceiverBackAndOverridesTheGrid) {
+  EXPECT_TRUE(session_.Start(RecordingSession::kFromGrid, 9, 1, nullptr));
+  EXPECT_EQ(Tick(), 1u);
+  session_.FrequencyChanged();
+  EXPECT_EQ(owner_->Caption(), "Marlux 3");
+  EXPECT_EQ(Tick(), 1u);
+  EXPECT_THAT(owner_->tuned, ElementsAre(9, 1, 1));
+}
+
+TEST_F(SchedulerEngineTest, SurvivesWhatTheHostDoesInside) {
+  owner_->duringTune = [this] { engine_.Tick(), tasks_.Delete(0); };  // a timer in its loop, then the user
+  EXPECT_EQ(Tick(), 0u);
+  EXPECT_EQ(Tick(), 2u);
+  EXPECT_THAT(owner_->tuned, ElementsAre(1, 2));
+  session_.Stop();
+  owner_->duringTune = [this] { owner_->Destroy(); };
+  engine_.Tick();
+  EXPECT_FALSE(owner_->IsAlive());
+}

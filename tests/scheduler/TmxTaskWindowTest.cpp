@@ -1,0 +1,77 @@
+#include "scheduler/TmxTaskWindow.h"
+
+#include "foundation/Clock.h"
+#include "scheduler/TaskTime.h"
+#include "tests/scheduler/SchedulerFixture.h"
+
+namespace {
+
+class TmxTaskWindowTest : public SchedulerFixture {
+ protected:
+  TmxTaskWindowTest() { Clock::Hold({2026, 11, 6, 21, 12, 0, 0, 0}, 7200); }
+  ~TmxTaskWindowTest() override { Clock::Release(); }
+
+  // What the editor makes of a task when the user does this and Enter confirms.
+  TmxTask Edited(const TmxTask& task, std::function<void(TmyComponent&)> act) {
+    TmxTask edited = task;
+    auto* editor = new TmxTaskWindow(*this, *scheduler_);
+    In(
+        "New Task", [&] { EXPECT_TRUE(editor->Edit(edited)); },
+        [&](TmyComponent& dialog) {
+          act(dialog);
+          SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0);
+        });
+    editor->Destroy();
+    return edited;
+  }
+  static TmyComponent& Field(TmyComponent& dialog, int index) {
+    TmyComponent* field = dialog.NextChild(nullptr);
+    while (index-- > 0) field = dialog.NextChild(field);
+    return *field;
+  }
+  static void Retype(TmyComponent& field, const char* text) {
+    SendMessageA(field.Handle(), EM_SETSEL, 0, -1);
+    Input::Type(field, text);
+  }
+};
+
+TaskDate Day(WORD year, WORD month, WORD day, WORD hour) {
+  return DateOfTime({year, month, 0, day, hour, 0, 0, 0});
+}
+
+TEST_F(TmxTaskWindowTest, StoresWhatWasEntered) {
+  const TmxTask before = {9420000, 9, 77, Day(2026, 11, 21, 5), Day(2026, 12, 31, 6), 82800, 86400, 0x7F, 5};
+  for (const bool utc : {true, false}) {
+    utc_ = utc;
+    const TmxTask after = Edited(before, [](TmyComponent& dialog) {
+      Click<Tmy_CheckBox>(dialog, 0);  // disabled
+      Click<Tmy_CheckBox>(dialog, 1);  // not on Sundays
+      Input::Key(Field(dialog, 0), VK_PRIOR);
+      Input::Key(Field(dialog, 1), VK_PRIOR);  // the 31st of January
+      Input::Key(Field(dialog, 1), VK_PRIOR);  // February has none
+      Retype(Field(dialog, 2), "003000");
+      Retype(Field(dialog, 3), "010000");
+      Retype(Field(dialog, 4), "99999");  // beyond the host's range
+      Input::Key(Field(dialog, 5), VK_HOME);
+    });
+    EXPECT_EQ(after, (TmxTask{30000000, 4, 77, Day(2026, 12, 21, 5), Day(2027, 2, 28, 6), utc ? 1800u : 81000u,
+                              utc ? 3600u : 82800u, 0x7E, 0}));
+  }
+}
+
+TEST_F(TmxTaskWindowTest, WhatIsLeftAloneStays) {
+  constexpr TaskDate kNoDate = {0x12345678, 0xFFFFFFFF};
+  const TmxTask odd = {6005000, 9, 1, kNoDate, {1, 0}, 1800, 1800, 0, 1};
+  for (const bool utc : {true, false}) {
+    utc_ = utc;
+    EXPECT_EQ(Edited(odd, [](TmyComponent&) {}), odd);
+  }
+  TmxTask unknown = odd;
+  unknown.mode = 20;  // not one of the host's: its first
+  unknown.stop = 86400 + 1800;
+  EXPECT_EQ(Edited(unknown, [](TmyComponent&) {}), (TmxTask{6005000, 4, 1, kNoDate, {1, 0}, 1800, 1800, 0, 1}));
+  host_ = HostInfo();
+  EXPECT_EQ(Edited(odd, [](TmyComponent&) {}).mode, 0);
+}
+
+}  // namespace

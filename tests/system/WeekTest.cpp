@@ -1,0 +1,187 @@
+// The module under a clock of the test's own: a week of scheduled recordings in fast motion, for many sets of tasks,
+// beside a model that shares nothing with the module but the task file.
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <random>
+#include <set>
+
+#include "tests/system/PluginFixture.h"
+
+namespace {
+
+using std::chrono::days;
+using std::chrono::seconds;
+using std::chrono::sys_days;
+using std::chrono::sys_seconds;
+
+constexpr uint32_t kSets = 50;
+constexpr seconds kLocalOffset{5 * 3600 + 1800};
+constexpr sys_days kMonday = std::chrono::year(2026) / 3 / 2;
+constexpr sys_days kFirstDay = std::chrono::year(1601) / 1 / 1;
+sys_seconds now;  // UTC
+
+uint64_t Ticks(sys_seconds time) {  // 100 ns since 1601
+  return static_cast<uint64_t>((time - kFirstDay) / seconds(1)) * 10'000'000;
+}
+
+SYSTEMTIME Calendar(sys_seconds time) {
+  const FILETIME ticks = {static_cast<DWORD>(Ticks(time)), static_cast<DWORD>(Ticks(time) >> 32)};
+  SYSTEMTIME calendar = {};
+  FileTimeToSystemTime(&ticks, &calendar);
+  return calendar;
+}
+
+void WINAPI Utc(SYSTEMTIME* time) {
+  *time = Calendar(now);
+}
+void WINAPI Local(SYSTEMTIME* time) {
+  *time = Calendar(now + kLocalOffset);
+}
+
+// From now on the loaded module calls `replacement` instead of what it imported under this name.
+bool Redirect(const char* function, void(WINAPI* replacement)(SYSTEMTIME*)) {
+  const auto base = reinterpret_cast<uintptr_t>(GetModuleHandleA("marlux3.dll"));
+  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + static_cast<uintptr_t>(dos->e_lfanew));
+  const IMAGE_DATA_DIRECTORY& table = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IAT];
+  const auto begin = reinterpret_cast<uintptr_t*>(base + table.VirtualAddress);
+  const auto end = begin + table.Size / sizeof(uintptr_t);
+  const auto real = reinterpret_cast<uintptr_t>(GetProcAddress(GetModuleHandleA("kernel32.dll"), function));
+  const auto place = std::find(begin, end, real);
+  DWORD before = 0;
+  if (place == end || !VirtualProtect(place, sizeof *place, PAGE_READWRITE, &before)) return false;
+  *place = reinterpret_cast<uintptr_t>(replacement);
+  return true;
+}
+
+// One record of the task file.
+struct Task {
+  uint64_t frequency;
+  uint32_t mode, reserved;
+  uint64_t from, to;  // 100 ns since 1601
+  uint32_t start, stop, days, enabled;
+
+  [[nodiscard]] bool IsDue() const {
+    const auto today = std::chrono::floor<std::chrono::days>(now);
+    const auto dayOf = [](uint64_t ticks) {
+      return kFirstDay + std::chrono::days(ticks / Ticks(kFirstDay + std::chrono::days(1)));
+    };
+    const auto second = static_cast<uint32_t>((now - today).count());
+    const bool isOutside = start < stop   ? second < start || second > stop
+                           : start > stop ? stop < second && second < start
+                                          : false;
+    return enabled != 0 && !isOutside && today >= dayOf(from) && today <= dayOf(to) &&
+           (days >> std::chrono::weekday(today).c_encoding()) % 2 == 1;
+  }
+};
+static_assert(sizeof(Task) == 48);
+
+std::string KhzText(uint64_t hz) {
+  std::string text = std::to_string(hz / 1000) + "." + std::to_string(1000 + hz % 1000).substr(1);
+  while (text.back() == '0') text.pop_back();
+  if (text.back() == '.') text.pop_back();
+  return text;
+}
+
+using Calls = std::vector<std::pair<uint32_t, uint32_t>>;  // code and first argument
+
+// What is to be seen of the plug-in from outside.
+struct Model {
+  std::vector<Task> tasks;
+  bool isUtc = false;
+  const Task* running = nullptr;
+  std::string caption = "Marlux 3";
+  Calls calls;
+  std::set<std::string> files;
+
+  void Stop() {
+    if (!running) return;
+    running = nullptr;
+    caption = "Marlux 3";
+    calls.emplace_back(0x1101, 0);
+  }
+  void Tick() {
+    if (running) {
+      if (!running->IsDue()) Stop();
+      return;
+    }
+    const auto due = std::find_if(tasks.begin(), tasks.end(), [](const Task& task) { return task.IsDue(); });
+    if (due == tasks.end()) return;
+    running = &*due;
+    const auto low = static_cast<uint32_t>(due->frequency);
+    calls.insert(calls.end(), {{0x800, low}, {0x900, due->mode}, {0xF00, 0}, {0x902, 5000}, {0x1101, 0}});
+    const SYSTEMTIME t = Calendar(isUtc ? now : now + kLocalOffset);
+    char name[80];
+    std::snprintf(name, sizeof name, "task_%llu_%04u%02u%02u_%02u%02u%02u.wav", due->frequency, t.wYear, t.wMonth,
+                  t.wDay, t.wHour, t.wMinute, t.wSecond);
+    files.insert(name);
+    caption = "Marlux 3 recording " + KhzText(due->frequency);
+  }
+};
+
+class WeekTest : public PluginFixture {
+ public:
+  uint32_t Below(uint32_t end) { return random_() % end; }
+  uint64_t DateInTheWeek() { return Ticks(kMonday + days(Below(7)) + seconds(Below(86400))) + Below(10'000'000); }
+  // Times lie on five minutes, where the test looks second by second; some reach beyond the day.
+  Task RandomTask() {
+    Task task = {};
+    task.frequency = Below(8) == 0 ? 10'000'000'000 : 150'000 + Below(30'000'000);
+    task.mode = Below(21), task.reserved = Below(UINT32_MAX);
+    task.from = DateInTheWeek(), task.to = DateInTheWeek();
+    if (task.from > task.to && Below(8) != 0) std::swap(task.from, task.to);
+    task.start = Below(288) * 300;
+    task.stop = Below(10) == 0 ? task.start : Below(4) == 0 ? task.start + 3600 : Below(288) * 300;
+    task.days = Below(3) == 0 ? 127 : Below(128), task.enabled = Below(8);
+    return task;
+  }
+  void RunWeek(uint32_t set);
+
+  std::mt19937 random_;
+};
+
+void WeekTest::RunWeek(uint32_t set) {
+  random_.seed(set);
+  now = kMonday - seconds(2);
+  Model model;
+  model.isUtc = set % 2 == 1;
+  for (uint32_t left = 1 + Below(6); left > 0; --left) model.tasks.push_back(RandomTask());
+  const std::string file(reinterpret_cast<const char*>(model.tasks.data()), model.tasks.size() * sizeof(Task));
+  const std::string fileName = documents_.DataFolder() + "\\tasks.mxt";
+  ASSERT_TRUE(WriteFileBytes(fileName, file));
+  const std::string recordings = documents_.DataFolder() + "\\Recordings";
+  std::filesystem::remove_all(recordings);
+  const HWND window = StartPlugin();
+  KillTimer(window, 1);
+  std::filesystem::remove(fileName);  // it is written again at the end
+  if (model.isUtc) Choose(window, "&UTC time");
+  for (seconds at{0}; at < days(7); at += seconds(300)) {
+    for (const seconds offset : {seconds(-1), seconds(0), seconds(1), seconds(2 + Below(297))}) {
+      now = kMonday + at + offset;
+      if (Below(100) == 0) host_.Notify(7, 0x800), model.Stop();
+      SendMessageA(window, WM_TIMER, 1, 0);
+      model.Tick();
+      Calls calls;
+      for (const HostCall& call : host_.Calls()) calls.emplace_back(call.code, call.a);
+      ASSERT_EQ(calls, model.calls) << "set " << set << ", second " << (now - kMonday).count();
+      ASSERT_EQ(TextOf(window), model.caption) << "set " << set << ", second " << (now - kMonday).count();
+      host_.Clear(), model.calls.clear();
+    }
+  }
+  host_.Close(7);
+  EXPECT_EQ(ReadFileBytes(fileName), file);
+  std::set<std::string> files;
+  std::error_code missing;  // when no task was due
+  for (const auto& entry : std::filesystem::directory_iterator(recordings, missing)) {
+    files.insert(entry.path().filename().string());
+  }
+  EXPECT_EQ(files, model.files) << "set " << set;
+}
+
+}  // namespace
+
+TEST_F(WeekTest, RecordsWhatTheModelRecords) {
+  ASSERT_TRUE(Redirect("GetSystemTime", &Utc) && Redirect("GetLocalTime", &Local));
+  for (uint32_t set = 0; set < kSets && !HasFailure(); ++set) RunWeek(set);
+}

@@ -1,0 +1,110 @@
+#include "toolkit/TmyCalendar.h"
+
+#include "tests/toolkit/ControlFixture.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using CalendarMath::Date;
+using CalendarMath::DateOf;
+
+class TmyCalendarTest : public ControlFixture {
+ protected:
+  TmyCalendarTest() {
+    calendar_->SetBounds(10, 10, 120, 25);
+    calendar_->changed.Bind<&TmyCalendarTest::Changed>(this);
+    calendar_->TakeFocus();
+  }
+  void Changed(TmyCalendar&) { Tell(); }
+  void Show(Date date) {
+    SYSTEMTIME time = {0, 0, 0, 0, 7, 0, 0, 0};
+    CalendarMath::SetDate(time, date);
+    calendar_->SetValue(time);
+  }
+  Date Shown() const { return DateOf(calendar_->Value()); }
+  void Key(uint32_t key) const { Input::Key(*calendar_, key); }
+
+  TmyCalendar* calendar_ = new TmyCalendar(*window_, WS_VISIBLE | WS_TABSTOP);
+};
+
+TEST(CalendarMathTest, KeepsToDatesThatThereAre) {
+  EXPECT_EQ(DateOf({2026, 2, 0, 31, 0, 0, 0, 0}), Date(2026y / 2 / 28));
+  EXPECT_EQ(DateOf({65535, 99, 0, 99, 0, 0, 0, 0}), CalendarMath::kLast);
+  EXPECT_EQ(DateOf({}), CalendarMath::kFirst);
+  EXPECT_EQ(CalendarMath::PlusMonths(2028y / 3 / 31, -1), Date(2028y / 2 / 29));
+  EXPECT_EQ(CalendarMath::PlusDays(CalendarMath::kFirst, -1), CalendarMath::kFirst);
+  EXPECT_EQ(CalendarMath::PlusMonths(CalendarMath::kLast, 12), CalendarMath::kLast);
+  EXPECT_EQ(CalendarMath::DayInCell(2026y / 11 / 21, 0, 0), Date(2026y / 11 / 1));  // a Sunday
+  EXPECT_EQ(CalendarMath::DayInCell(2026y / 11 / 21, 0, 1), Date(2026y / 10 / 26));
+  EXPECT_EQ(CalendarMath::DayInCell(CalendarMath::kFirst, 0, 0), std::nullopt);
+}
+
+TEST(CalendarMathTest, SplitsPictures) {
+  using enum CalendarMath::Part;
+  using Parts = std::vector<CalendarMath::PicturePart>;
+  EXPECT_EQ(CalendarMath::SplitPicture("M/d/yyyy"),
+            (Parts{{kMonth, "M"}, {kText, "/"}, {kDay, "d"}, {kText, "/"}, {kYear, "yyyy"}}));
+  EXPECT_EQ(CalendarMath::SplitPicture("ddd, dd' de 'MMM"),
+            (Parts{{kWeekday, "ddd"}, {kText, ", "}, {kDay, "dd"}, {kText, " de "}, {kMonth, "MMM"}}));
+}
+
+TEST_F(TmyCalendarTest, KeysAndDigitsChangeTheDateInMonthDayYearOrder) {
+  const struct {
+    std::vector<uint32_t> keys;
+    const char* typed;
+    Date after;
+  } cases[] = {
+      {{VK_UP}, "", 2026y / 2 / 28},
+      {{VK_RIGHT, VK_UP}, "", 2026y / 2 / 1},
+      {{VK_END, VK_DOWN}, "", 2025y / 1 / 31},
+      {{VK_NEXT}, "", 2025y / 12 / 31},
+      {{}, "12242027", 2027y / 12 / 24},
+      {{}, "3/5", 2026y / 3 / 5},
+      {{VK_END}, "28", 2026y / 1 / 31},
+      {{VK_RIGHT}, "09", 2026y / 1 / 9},
+      {{VK_F4, VK_DOWN, VK_RETURN}, "", 2026y / 2 / 7},
+      {{VK_F4, VK_HOME, VK_ESCAPE}, "", 2026y / 1 / 31},
+      {{VK_F4, VK_NEXT, VK_TAB}, "", 2026y / 2 / 28},
+  };
+  for (const auto& c : cases) {
+    Show(2026y / 1 / 31);
+    calendar_->TakeFocus();
+    Key(VK_HOME);
+    for (const uint32_t key : c.keys) Key(key);
+    Input::Type(*calendar_, c.typed);
+    EXPECT_EQ(Shown(), c.after) << calendar_->Text().Chars();
+    EXPECT_EQ(calendar_->Value().wHour, 7);
+    EXPECT_FALSE(calendar_->IsDropped());
+  }
+  EXPECT_EQ(window_->escapes, 0);  // it closed the month
+  Show(2026y / 1 / 31);
+  Key(VK_END);
+  Input::Type(*calendar_, "30");
+  SetFocus(window_->Handle());  // leaves the year half typed
+  EXPECT_EQ(Shown(), Date(2030y / 1 / 31));
+}
+
+TEST_F(TmyCalendarTest, AClickOnADayChoosesItAndOneElsewhereDoesNot) {
+  Show(2026y / 11 / 21);
+  Input::Click(*calendar_, 5, 5);
+  const HWND drop = GetCapture();
+  RECT place = {};
+  GetClientRect(drop, &place);
+  const LPARAM lastCell = MAKELPARAM(place.right - 20, place.bottom - 15);  // 12/12, weeks from Sunday on
+  SendMessageA(drop, WM_LBUTTONDOWN, MK_LBUTTON, lastCell);
+  SendMessageA(drop, WM_LBUTTONUP, 0, lastCell);
+  EXPECT_EQ(Shown(), Date(2026y / 12 / 12));
+  EXPECT_EQ(events_, 1);
+  Input::Click(*calendar_, 5, 5);
+  SendMessageA(GetCapture(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(place.right + 50, place.bottom + 50));
+  EXPECT_FALSE(calendar_->IsDropped());
+  EXPECT_EQ(events_, 1);
+}
+
+TEST_F(TmyCalendarTest, SurvivesAnOwnerThatCloses) {
+  destroyInEvent_ = true;
+  Input::Type(*calendar_, "5");
+  EXPECT_EQ(events_, 1);
+}
+
+}  // namespace
