@@ -29,6 +29,8 @@ FilterText CodeText(std::string_view code, std::string_view name) {
 }  // namespace
 
 FccGrid::FccGrid(TmyComponent& parent) : ScheduleGrid(parent) {
+  Control().SetColumnsMovable(true);
+  Control().columnMoved.Bind<&FccGrid::ColumnMoved>(this);
   SetFields(kFirstFccFields, std::size(kFirstFccFields));
 }
 
@@ -55,6 +57,15 @@ void FccGrid::SetFields(const uint32_t* fields, uint32_t count) {
   SetColumns(shown, count);
   const auto place = std::ranges::find(columns_, sortedBy);
   MoveSort(place == columns_.end() ? -1 : static_cast<int>(place - columns_.begin()));
+}
+
+void FccGrid::ColumnMoved(uint32_t from, uint32_t to) {
+  std::vector<uint32_t> fields = fields_;
+  const uint32_t moved = fields[from];
+  fields.erase(fields.begin() + from);
+  fields.insert(fields.begin() + to, moved);
+  SetFields(fields.data(), static_cast<uint32_t>(fields.size()));
+  fieldsMoved();
 }
 
 const FccItem* FccGrid::ItemOf(uint32_t row) const noexcept {

@@ -15,9 +15,11 @@ class FccGrid : public ScheduleGrid {
   HfccLoad Load(const TmyString& archivePath);
 
   // The field of each column, from left to right; at most kFccFields. Widths stay with the places, a place that was
-  // never shown gets its field's own. Sorting stays with the field, and ends when the field is not shown any more.
+  // never shown gets its field's own. (A dragged title takes its width along.) Sorting stays with the field, and ends
+  // when the field is not shown any more.
   void SetFields(const uint32_t* fields, uint32_t count);
   [[nodiscard]] const std::vector<uint32_t>& Fields() const noexcept { return fields_; }  // as they were set
+  TmyEvent<> fieldsMoved;  // the user dragged a title: Fields() have another order; nothing needs a refresh
 
   [[nodiscard]] const HfccDatabase& Database() const noexcept { return database_; }
   [[nodiscard]] const FccItem* ItemOf(uint32_t row) const noexcept;  // null for a row that shows no record
@@ -36,6 +38,7 @@ class FccGrid : public ScheduleGrid {
     return *static_cast<const FccItem*>(RecordAt(record));
   }
   [[nodiscard]] std::vector<FilterText> ZoneTexts() const;
+  void ColumnMoved(uint32_t from, uint32_t to);
 
   HfccDatabase database_;
   std::vector<uint32_t> fields_;           // as they were set

@@ -28,7 +28,7 @@ FilterPanel::TextFilter::TextFilter(TmyComponent& owner, const char* caption)
     : box(owner, caption), list(new TmyComboBox2(owner)) {}
 
 FilterPanel::FilterPanel(TmyComponent& parent)
-    : TmyPanel(parent, WS_VISIBLE | WS_TABSTOP),
+    : TmyScrollPanel(parent, WS_VISIBLE | WS_TABSTOP),
       eibi_(*this, "EiBi database", kDatabaseGroup),
       hfcc_(*this, "HFCC database", kDatabaseGroup),
       autoTuning_(*this, "Auto-tuning"),
@@ -36,8 +36,10 @@ FilterPanel::FilterPanel(TmyComponent& parent)
       around_(*this, "Around", kFrequencyGroup),
       between_(*this, "Between", kFrequencyGroup),
       first_(new TmyFrequencyEdit(*this)),
+      firstUpDown_(new TmyUpDown(*this, *first_)),
       frequencyLabel_(*this, "span"),
       second_(new TmyFrequencyEdit(*this)),
+      secondUpDown_(new TmyUpDown(*this, *second_)),
       unit_(*this, "kHz"),
       time_(*this, "Time"),
       utcTime_(*this, "UTC Time", kTimeGroup),
@@ -104,8 +106,10 @@ void FilterPanel::BuildGroups() {
   AddMember(frequency, around_, around_.PreferredWidth(), step);
   AddMember(frequency, between_, between_.PreferredWidth(), step);
   AddMember(frequency, *first_, frequencyWidth, step);
+  AddMember(frequency, *firstUpDown_, TmyUpDown::PreferredWidth(), 0);
   AddMember(frequency, frequencyLabel_, Theme().TextWidth("span"), step);
   AddMember(frequency, *second_, frequencyWidth, step);
+  AddMember(frequency, *secondUpDown_, TmyUpDown::PreferredWidth(), 0);
   AddMember(frequency, unit_, unit_.PreferredWidth(), step);
   Group& time = AddGroup(true);
   AddMember(time, time_, time_.PreferredWidth(), 0);
@@ -129,19 +133,23 @@ std::vector<FlowPlace> FilterPanel::Flow(int width) const {
   return FlowLayout(flow, width - 2 * step, 2 * step);
 }
 
-int FilterPanel::HeightFor(int width) const {
+int FilterPanel::ContentHeight(int width) const {
+  if (groups_.empty()) return 0;
   const int rows = Flow(width).back().row + 1;
   return Theme().Step() + rows * (Theme().FieldHeight() + Theme().Step());
 }
 
-void FilterPanel::Realign() {
+int FilterPanel::LeastHeight() const {
+  return Theme().FieldHeight() + 2 * Theme().Step();
+}
+
+void FilterPanel::PlaceContent(int width, int top) {
   if (groups_.empty()) return;
   const int step = Theme().Step();
-  const std::vector<FlowPlace> places = Flow(ClientWidth());
+  const std::vector<FlowPlace> places = Flow(width);
   for (size_t i = 0; i < groups_.size(); ++i) {
-    PlaceGroup(groups_[i], step + places[i].left, step + places[i].row * (Theme().FieldHeight() + step));
+    PlaceGroup(groups_[i], step + places[i].left, top + step + places[i].row * (Theme().FieldHeight() + step));
   }
-  Repaint();
 }
 
 void FilterPanel::PlaceGroup(const Group& group, int left, int top) {
@@ -155,7 +163,7 @@ void FilterPanel::PlaceGroup(const Group& group, int left, int top) {
 
 void FilterPanel::ThemeChanged() {
   BuildGroups();
-  TmyPanel::ThemeChanged();
+  TmyScrollPanel::ThemeChanged();
 }
 
 // Thin lines between groups that stand side by side, and one below the panel.
@@ -231,8 +239,8 @@ bool FilterPanel::FollowsClock() const {
 // A filter that is off keeps its values, greyed.
 void FilterPanel::EnableByBoxes() {
   const bool byFrequency = frequency_.IsChecked();
-  for (TmyControl* control :
-       std::initializer_list<TmyControl*>{&around_, &between_, first_, &frequencyLabel_, second_, &unit_}) {
+  for (TmyControl* control : std::initializer_list<TmyControl*>{&around_, &between_, first_, firstUpDown_,
+                                                                &frequencyLabel_, second_, secondUpDown_, &unit_}) {
     control->Enable(byFrequency);
   }
   const bool byTime = time_.IsChecked();

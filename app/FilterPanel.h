@@ -1,7 +1,8 @@
 // Marlux 3. The panel above the grid: choice of the database, auto-tuning, and the filters by frequency, time and four
 // texts. It holds no filter state of its own: Choices() reads what its controls show.
 //
-// The controls stand in groups that flow into as many rows as the window's width needs.
+// The controls stand in groups that flow into as many rows as the window's width needs; rows for which the window has
+// no height are scrolled to.
 #pragma once
 
 #include <array>
@@ -12,13 +13,14 @@
 #include "app/FlowLayout.h"
 #include "toolkit/TmyComboBox2.h"
 #include "toolkit/TmyFrequencyEdit.h"
-#include "toolkit/TmyPanel.h"
+#include "toolkit/TmyScrollPanel.h"
 #include "toolkit/TmyTimeEdit.h"
+#include "toolkit/TmyUpDown.h"
 #include "toolkit/Tmy_CheckBox.h"
 #include "toolkit/Tmy_Label.h"
 #include "toolkit/Tmy_OptionButton.h"
 
-class FilterPanel : public TmyPanel {
+class FilterPanel : public TmyScrollPanel {
  public:
   static constexpr uint32_t kTextFilters = 4;
 
@@ -39,11 +41,14 @@ class FilterPanel : public TmyPanel {
   // Replaces the choices of a text filter (0 to 3). A selected choice that is still there stays selected.
   void SetTexts(uint32_t filter, std::vector<FilterText> texts);
 
-  [[nodiscard]] int HeightFor(int width) const;  // pixels, all rows
+  [[nodiscard]] int ContentHeight(int width) const override;  // pixels, all rows
+  [[nodiscard]] int LeastHeight() const;                      // one row
 
-  void Realign() override;
   void ThemeChanged() override;
   void Paint(HDC dc) override;
+
+ protected:
+  void PlaceContent(int width, int top) override;
 
  private:
   struct Member {
@@ -87,9 +92,11 @@ class FilterPanel : public TmyPanel {
   Tmy_CheckBox frequency_;
   Tmy_OptionButton around_;
   Tmy_OptionButton between_;
-  TmyFrequencyEdit* first_;  // the edits belong to their windows
+  TmyFrequencyEdit* first_;  // the edits and their buttons belong to their windows
+  TmyUpDown* firstUpDown_;
   Tmy_Label frequencyLabel_;
   TmyFrequencyEdit* second_;
+  TmyUpDown* secondUpDown_;
   Tmy_Label unit_;
   Tmy_CheckBox time_;
   Tmy_OptionButton utcTime_;

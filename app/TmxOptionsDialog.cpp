@@ -54,11 +54,13 @@ TmxOptionsDialog::TmxOptionsDialog(TmyComponent& owner, const std::vector<Column
       availableLabel_(*this, "Available columns"),
       selectedLabel_(*this, "Selected columns"),
       available_(new TmyListBox(*this, WS_VISIBLE | WS_TABSTOP)),
-      add_(*this, ">"),
-      remove_(*this, "<"),
+      availableSide_(new TmyInvisiblePanel(*this)),
+      add_(*availableSide_, ">"),
+      remove_(*availableSide_, "<"),
       selected_(new TmyListBox(*this, WS_VISIBLE | WS_TABSTOP)),
-      up_(*this, "Up"),
-      down_(*this, "Down"),
+      selectedSide_(new TmyInvisiblePanel(*this)),
+      up_(*selectedSide_, "Up"),
+      down_(*selectedSide_, "Down"),
       ok_(*this, "OK"),
       cancel_(*this, "Cancel") {
   SetDoubleBuffered(true);
@@ -125,17 +127,19 @@ void TmxOptionsDialog::Realign() {
   selectedLabel_.SetBounds(second, titles, listWidth, row);
   available_->SetBounds(first, top, listWidth, listHeight);
   selected_->SetBounds(second, top, listWidth, listHeight);
-  PlaceButtons(first + listWidth + step, top, add_, remove_);
-  PlaceButtons(second + listWidth + step, top, up_, down_);
+  PlaceButtons(first + listWidth + step, top, *availableSide_, add_, remove_);
+  PlaceButtons(second + listWidth + step, top, *selectedSide_, up_, down_);
   const int cancelLeft = ClientWidth() - Margin() - cancel_.PreferredWidth();
   cancel_.SetBounds(cancelLeft, bottom, cancel_.PreferredWidth(), buttonHeight);
   ok_.SetBounds(cancelLeft - step - ok_.PreferredWidth(), bottom, ok_.PreferredWidth(), buttonHeight);
 }
 
-void TmxOptionsDialog::PlaceButtons(int left, int top, Tmy_Btn& upper, Tmy_Btn& lower) {
+void TmxOptionsDialog::PlaceButtons(int left, int top, TmyInvisiblePanel& side, Tmy_Btn& upper, Tmy_Btn& lower) {
   const int height = Theme().FieldHeight();
-  upper.SetBounds(left, top, SideWidth(), height);
-  lower.SetBounds(left, top + height + Theme().Step(), SideWidth(), height);
+  const int second = height + Theme().Step();
+  side.SetBounds(left, top, SideWidth(), second + height);
+  upper.SetBounds(0, 0, SideWidth(), height);
+  lower.SetBounds(0, second, SideWidth(), height);
 }
 
 void TmxOptionsDialog::ThemeChanged() {
@@ -197,8 +201,8 @@ void TmxOptionsDialog::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM fl
   const bool withAlt = ListKeys::IsWithAlt(flags);
   const bool inSelected = &sender == selected_;
   if (key == VK_RETURN && !withAlt) {
-    const bool onButton = &sender == this && FocusedControl() && FocusedControl()->IsEnabled();
-    if (onButton) return;
+    const TmyControl* button = sender.FocusedControl();
+    if (button && button->IsEnabled()) return;
     if ((flags & kRepeated) == 0) Confirm();  // not the Enter that opened the dialog
   } else if (key == VK_INSERT && &sender == available_) {
     Add();

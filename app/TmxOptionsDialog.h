@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/ColumnChoice.h"
+#include "toolkit/TmyInvisiblePanel.h"
 #include "toolkit/TmyListBox.h"
 #include "toolkit/Tmy_Btn.h"
 #include "toolkit/Tmy_Label.h"
@@ -36,7 +37,7 @@ class TmxOptionsDialog : public TmyComponent {
  private:
   void BindEvents();
   void FitSize(const TmyComponent& around);
-  void PlaceButtons(int left, int top, Tmy_Btn& upper, Tmy_Btn& lower);
+  void PlaceButtons(int left, int top, TmyInvisiblePanel& side, Tmy_Btn& upper, Tmy_Btn& lower);
   [[nodiscard]] int SideWidth() const;  // of the buttons beside the lists
   [[nodiscard]] SIZE SizeFor(int listWidth, int rows) const;
   void ShowLists(int32_t available, int32_t selected);
@@ -53,10 +54,12 @@ class TmxOptionsDialog : public TmyComponent {
   Tmy_Label availableLabel_;
   Tmy_Label selectedLabel_;
   // In the order in which Tab walks through them.
-  TmyListBox* available_;  // the lists belong to their windows
+  TmyListBox* available_;  // lists and panels belong to their windows
+  TmyInvisiblePanel* availableSide_;
   Tmy_Btn add_;
   Tmy_Btn remove_;
   TmyListBox* selected_;
+  TmyInvisiblePanel* selectedSide_;
   Tmy_Btn up_;
   Tmy_Btn down_;
   Tmy_Btn ok_;

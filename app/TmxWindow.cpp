@@ -21,6 +21,7 @@ constexpr UINT_PTR kTickTimer = 1;
 constexpr UINT kTickMilliseconds = 500;
 constexpr UINT_PTR kAutoTuningTimer = 2;
 constexpr UINT kAutoTuningMilliseconds = 400;  // a selection that moves by keyboard tunes when it rests this long
+constexpr int kLeastGridRows = 7;              // the title row among them
 constexpr int kFirstWidth = 800;
 constexpr int kFirstHeight = 600;
 
@@ -229,12 +230,19 @@ void TmxWindow::Timer(uintptr_t id) {
 void TmxWindow::Realign() {
   if (!isReady_) return;
   const int width = ClientWidth();
-  const int panelHeight = panel_->HeightFor(width);
-  const int gridHeight = std::max(0, ClientHeight() - panelHeight - recorder_.LayOut(width, ClientHeight()));
+  const int shared = ClientHeight() - recorder_.LayOut(width, ClientHeight());
+  const int panelHeight = PanelHeight(width, shared);
+  const int gridHeight = std::max(0, shared - panelHeight);
   panel_->SetBounds(0, 0, width, panelHeight);
   for (ScheduleGrid* grid : std::initializer_list<ScheduleGrid*>{eibi_.get(), hfcc_.get()}) {
     grid->Control().SetBounds(0, panelHeight, width, gridHeight);
   }
+}
+
+// All its rows, unless some of the grid would no longer be seen: then the panel scrolls.
+int TmxWindow::PanelHeight(int width, int shared) const {
+  const int leastGrid = kLeastGridRows * TmyApplication::Get().Theme().RowHeight();
+  return std::min(panel_->ContentHeight(width), std::max(panel_->LeastHeight(), shared - leastGrid));
 }
 
 void TmxWindow::ThemeChanged() {

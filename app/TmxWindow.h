@@ -47,6 +47,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
  private:
   void BindCommands();
   void ShowTexts();
+  [[nodiscard]] int PanelHeight(int width, int shared) const;
   void TellOfProblem();
   [[nodiscard]] ScheduleGrid& Shown() noexcept;  // the grid of the database chosen
   [[nodiscard]] ShownZone Zone() const;

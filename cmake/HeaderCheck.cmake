@@ -14,4 +14,4 @@ function(marlux_check_headers name)
   target_compile_options(${name} PRIVATE -O0 -g0)  # only the errors are of interest
 endfunction()
 
-marlux_check_headers(header-check foundation toolkit schedule plugin scheduler download app host)
+marlux_check_headers(header-check foundation toolkit schedule plugin scheduler download app host gallery)

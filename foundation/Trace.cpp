@@ -4,12 +4,28 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
 constexpr size_t kLongestLine = 1000;
 
 bool on = false;
+
+// The buffer and where its next line goes.
+char* lines = nullptr;
+size_t linesSize = 0;
+size_t nextLine = 0;
+
+void Keep(const char* text) noexcept {
+  const size_t length = std::strlen(text);
+  if (!lines || length + 2 > linesSize) return;  // with line feed and zero
+  if (nextLine + length + 2 > linesSize) nextLine = 0;
+  std::memcpy(lines + nextLine, text, length);
+  nextLine += length;
+  lines[nextLine++] = '\n';
+  lines[nextLine] = 0;
+}
 
 }  // namespace
 
@@ -21,6 +37,12 @@ void Trace::SwitchOn(bool state) noexcept {
   on = state;
 }
 
+void Trace::SetBuffer(char* buffer, size_t size) noexcept {
+  lines = buffer;
+  linesSize = size;
+  nextLine = 0;
+}
+
 void Trace::Line(const char* format, ...) noexcept {
   if (!on) return;
   char text[kLongestLine + 1];
@@ -29,6 +51,7 @@ void Trace::Line(const char* format, ...) noexcept {
   _vsnprintf(text, kLongestLine, format, arguments);
   va_end(arguments);
   text[kLongestLine] = 0;  // a text that was cut comes without its zero
+  Keep(text);
   OutputDebugStringA(text);
 }
 

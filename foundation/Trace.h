@@ -1,6 +1,9 @@
 // Marlux 3. Lines for developers in the debugger's output, switched on by the host's command line "/l".
-// Off, a trace costs one test of a flag.
+// Off, a trace costs one test of a flag. A buffer, when one is set, holds the last lines for whoever looks at a memory
+// dump.
 #pragma once
+
+#include <cstddef>
 
 #include "foundation/Compiler.h"
 
@@ -8,6 +11,9 @@ namespace Trace {
 
 [[nodiscard]] bool IsOn() noexcept;
 void SwitchOn(bool state) noexcept;
+// Lines are written into it, too, each with a line feed; where one no longer fits they begin again at its start. The
+// caller owns it and takes it away with null; the byte behind the last line is zero.
+void SetBuffer(char* buffer, size_t size) noexcept;
 // One line, printf-style, cut at 1,000 characters.
 void Line(const char* format, ...) noexcept MARLUX_PRINTF(1, 2);
 

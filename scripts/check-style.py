@@ -34,6 +34,7 @@ LAYERS = {
     "app": ("foundation", "toolkit", "schedule", "plugin", "scheduler", "download"),
     "plugin/Exports": ("foundation", "toolkit", "schedule", "plugin", "scheduler", "download", "app"),
     "host": (),
+    "gallery": ("foundation", "toolkit"),
     "bench": ("foundation", "toolkit", "schedule", "plugin", "scheduler", "download", "app", "tests"),  # for what tests share
     "fuzz": ("foundation", "schedule", "scheduler", "download", "plugin", "app"),
 }

@@ -123,6 +123,26 @@ Hit HitTest(const Layout& layout, int x, int y, int grab) noexcept {
   return hit;
 }
 
+uint32_t GapAt(const Layout& layout, int x) noexcept {
+  uint32_t gap = 0;
+  for (; gap < layout.columns; ++gap) {
+    const RECT strip = ColumnStrip(layout, gap);
+    if (x < (strip.left + strip.right) / 2) break;
+  }
+  return gap;
+}
+
+int GapEdge(const Layout& layout, uint32_t gap) noexcept {
+  return gap == 0 ? layout.area.left - layout.scrollX : ColumnStrip(layout, gap - 1).right;
+}
+
+int PlaceAfterMove(int place, uint32_t from, uint32_t to) noexcept {
+  const int source = static_cast<int>(from), target = static_cast<int>(to);
+  if (place == source) return target;
+  if (place > source && place <= target) return place - 1;
+  return place < source && place >= target ? place + 1 : place;
+}
+
 uint32_t TopFor(const Layout& layout, uint32_t record) noexcept {
   if (record < layout.top) return record;
   const uint32_t full = FullRecords(layout);

@@ -63,6 +63,16 @@ struct RecordRange {
 // `grab` is how far beside a column's border the title row still belongs to the border.
 [[nodiscard]] Hit HitTest(const Layout& layout, int x, int y, int grab) noexcept;
 
+// Where a dragged title would be dropped. Gap i lies before column i, the last one behind the last column.
+[[nodiscard]] uint32_t GapAt(const Layout& layout, int x) noexcept;
+[[nodiscard]] int GapEdge(const Layout& layout, uint32_t gap) noexcept;  // its x
+// The place that the column takes when it leaves its own and goes to the gap.
+[[nodiscard]] constexpr uint32_t PlaceInGap(uint32_t column, uint32_t gap) noexcept {
+  return gap > column ? gap - 1 : gap;
+}
+// Where the thing at a place is after the column `from` has moved to `to`.
+[[nodiscard]] int PlaceAfterMove(int place, uint32_t from, uint32_t to) noexcept;
+
 // The `top` nearest to the present one with which a record is shown uncut.
 [[nodiscard]] uint32_t TopFor(const Layout& layout, uint32_t record) noexcept;
 

@@ -11,6 +11,9 @@ namespace {
 using GridGeometry::Hit;
 using GridGeometry::Part;
 
+constexpr int kDragDistance = 6;  // from which on a pressed title is dragged, at 96 dpi
+constexpr uintptr_t kScrollTimer = 1;
+constexpr UINT kScrollMilliseconds = 60;
 constexpr LPARAM kAltHeld = LPARAM{1} << 29;
 constexpr LPARAM kRepeated = LPARAM{1} << 30;  // the key was down already
 
@@ -33,13 +36,14 @@ void TmyStringGrid::Click(uint32_t record, bool shift, bool control) {
 void TmyStringGrid::MouseDown(uint32_t keys, int x, int y) {
   EndPress();
   press_ = HitAt(x, y);
+  dragFrom_ = x;
   plainPress_ = (keys & (MK_SHIFT | MK_CONTROL)) == 0;
   if (press_.part == Part::kBorder) {
     dragging_ = true;
-    dragFrom_ = x;
     widthBefore_ = widths_[press_.column];
   } else if (press_.part == Part::kTitle) {
     state_.pressedTitle = state_.hotTitle = press_.column;
+    grip_ = x - static_cast<int>(GridGeometry::ColumnStrip(layout_, static_cast<uint32_t>(press_.column)).left);
     RepaintTitles();
   } else if (press_.part == Part::kRecord) {
     Click(press_.record, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
@@ -50,6 +54,7 @@ void TmyStringGrid::MouseDown(uint32_t keys, int x, int y) {
 void TmyStringGrid::DragBorder(int x) {
   const int width = GridGeometry::DrawnWidth(widthBefore_) + x - dragFrom_;
   SetColumnWidth(static_cast<uint32_t>(press_.column), GridGeometry::DrawnWidth(width));
+  markers_.ShowBorder(*this, layout_, static_cast<uint32_t>(press_.column));
 }
 
 void TmyStringGrid::MouseMove(uint32_t keys, int x, int y) {
@@ -58,6 +63,10 @@ void TmyStringGrid::MouseMove(uint32_t keys, int x, int y) {
     EndPress();
   }
   if (dragging_) return DragBorder(x);
+  if (movable_ && state_.pressedTitle != GridGeometry::kNoColumn && !moving_) {
+    moving_ = std::abs(x - dragFrom_) > TmyApplication::Get().Theme().Scaled(kDragDistance);
+  }
+  if (moving_) return DragTitle(x);
   const Hit hit = HitAt(x, y);
   const int title = hit.part == Part::kTitle ? hit.column : GridGeometry::kNoColumn;
   const bool other = state_.pressedTitle != GridGeometry::kNoColumn && title != state_.pressedTitle;
@@ -70,6 +79,7 @@ void TmyStringGrid::MouseUp(uint32_t, int x, int y) {
     if (x != dragFrom_) DragBorder(x);
     return EndDrag();
   }
+  if (moving_) return DropTitle(x);
   EndPress();
   const Hit hit = HitAt(x, y);
   if (title != GridGeometry::kNoColumn && hit.part == Part::kTitle && hit.column == title) titleClicked(title);
@@ -77,14 +87,72 @@ void TmyStringGrid::MouseUp(uint32_t, int x, int y) {
 
 void TmyStringGrid::EndDrag() {
   dragging_ = false;
+  markers_.Hide();
   if (widths_[press_.column] != widthBefore_) columnResized(press_.column);
 }
 
 void TmyStringGrid::EndPress() {
   dragging_ = false;
+  moving_ = false;
+  markers_.Hide();
   if (state_.pressedTitle == GridGeometry::kNoColumn) return;
+  KillTimer(Handle(), kScrollTimer);
   state_.pressedTitle = GridGeometry::kNoColumn;
   RepaintTitles();
+}
+
+// The cursor held beside the grid scrolls it, again and again.
+void TmyStringGrid::DragTitle(int x) {
+  const int beyond = x < layout_.area.left ? -1 : x >= layout_.area.right ? 1 : 0;
+  if (beyond != 0) {
+    SetTimer(Handle(), kScrollTimer, kScrollMilliseconds, nullptr);
+    horizontal_->ScrollBy(int64_t{beyond} * layout_.rowHeight);
+  } else {
+    KillTimer(Handle(), kScrollTimer);
+  }
+  SetHotTitle(state_.pressedTitle);
+  markers_.ShowTitle(*this, layout_, columns_[press_.column].title, static_cast<uint32_t>(press_.column), x - grip_,
+                     GridGeometry::GapAt(layout_, x));
+}
+
+void TmyStringGrid::Timer(uintptr_t id) {
+  if (id != kScrollTimer) return;
+  POINT at = {};
+  GetCursorPos(&at);
+  ScreenToClient(Handle(), &at);
+  moving_&& GetCapture() == Handle() ? DragTitle(at.x) : EndPress();
+}
+
+void TmyStringGrid::DropTitle(int x) {
+  const auto from = static_cast<uint32_t>(press_.column);
+  const uint32_t to = GridGeometry::PlaceInGap(from, GridGeometry::GapAt(layout_, x));
+  EndPress();
+  if (to == from) return;
+  MoveColumn(from, to);
+  columnMoved(from, to);
+}
+
+void TmyStringGrid::MoveColumn(uint32_t from, uint32_t to) {
+  const auto rotate = [=](auto* items) {
+    if (from < to) {
+      std::rotate(items + from, items + from + 1, items + to + 1);
+    } else {
+      std::rotate(items + to, items + from, items + from + 1);
+    }
+  };
+  rotate(columns_);
+  rotate(widths_);
+  state_.sortColumn = GridGeometry::PlaceAfterMove(state_.sortColumn, from, to);
+  state_.hotTitle = GridGeometry::kNoColumn;
+  Repaint();
+}
+
+bool TmyStringGrid::CancelDrag() {
+  if (!dragging_ && !moving_) return false;
+  if (dragging_) SetColumnWidth(static_cast<uint32_t>(press_.column), widthBefore_);
+  press_ = {};
+  EndPress();
+  return true;
 }
 
 void TmyStringGrid::SetHotTitle(int column) {
@@ -159,6 +227,7 @@ bool TmyStringGrid::ActOnCurrent(uint32_t key) {
 
 bool TmyStringGrid::KeyDown(uint32_t key, LPARAM flags) {
   if ((flags & kAltHeld) != 0) return TmyComponent::KeyDown(key, flags);
+  if (key == VK_ESCAPE && CancelDrag()) return true;
   if (key == VK_LEFT || key == VK_RIGHT) {
     const int64_t step = int64_t{GridGeometry::kMinWidth} * 3;
     horizontal_->ScrollBy(key == VK_LEFT ? -step : step);
@@ -179,6 +248,8 @@ HCURSOR TmyStringGrid::GetCursor() const {
 
 LRESULT TmyStringGrid::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_MOUSELEAVE) SetHotTitle(GridGeometry::kNoColumn);
+  // Somebody took the mouse while the button is held. (Our own release comes with the button up.)
+  if (message == WM_CAPTURECHANGED && IsDown(VK_LBUTTON)) CancelDrag();
   if (message == WM_MOUSEHWHEEL && IsAlive()) {
     // Here positive notches turn to the right, which is away from the start.
     horizontal_->ScrollByNotches(-(GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA));

@@ -35,6 +35,11 @@ int64_t Moved(const Range& range, int64_t delta) noexcept {
   return delta <= -position ? 0 : position + delta;
 }
 
+int64_t PositionShowing(int64_t position, int64_t page, int64_t begin, int64_t end) noexcept {
+  if (begin < position || end - begin > page) return begin;
+  return std::max(position, end - page);
+}
+
 Thumb ThumbOf(const Range& range, int track, int minimumThumb) noexcept {
   const int64_t max = MaxPosition(range);
   if (max == 0 || track <= minimumThumb) return {};

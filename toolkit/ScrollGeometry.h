@@ -25,6 +25,9 @@ enum class Part { kBefore, kThumb, kAfter };  // of the track, seen from its sta
 [[nodiscard]] int64_t Clamped(const Range& range, int64_t position) noexcept;
 // position + delta without overflow, brought into the range.
 [[nodiscard]] int64_t Moved(const Range& range, int64_t delta) noexcept;
+// The position nearest to the present one with which [begin, end) lies on the page; its begin when it is too long. The
+// caller brings the position into its range.
+[[nodiscard]] int64_t PositionShowing(int64_t position, int64_t page, int64_t begin, int64_t end) noexcept;
 
 [[nodiscard]] Thumb ThumbOf(const Range& range, int track, int minimumThumb) noexcept;
 // The position that a thumb dragged to `thumbBegin` stands for; both ends of the track give both ends of the range.

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "foundation/Trace.h"
+#include "toolkit/DebugListing.h"
 #include "toolkit/TmyHoveringMonitor.h"
 #include "toolkit/TmyPublicTimer.h"
 #include "toolkit/TmyToolTip.h"
@@ -63,6 +64,9 @@ void TmyApplication::CreateHelpers() {
 }
 
 TmyApplication::~TmyApplication() {
+  Trace::SetBuffer(nullptr, 0);
+  logBuffer_.reset();
+  if (listing_) listing_->Write();
   if (atom_ != 0 && !UnregisterClassA(className_, module_)) OutputDebugStringA("Class failed to unregister");
 }
 
@@ -81,7 +85,10 @@ void TmyApplication::ReadCommandLine() {
     if (lstrcmpW(arguments[i], L"/l") == 0) logBuffer_ = std::make_unique<char[]>(kLogBufferSize);
   }
   LocalFree(arguments);
-  if (logBuffer_) Trace::SwitchOn(true);
+  if (!logBuffer_) return;
+  Trace::SetBuffer(logBuffer_.get(), kLogBufferSize);
+  Trace::SwitchOn(true);
+  listing_ = std::make_unique<DebugListing>();
 }
 
 // The load address in the name keeps two loaded modules of this kind apart.
@@ -136,6 +143,11 @@ void TmyApplication::RecordFocus(TmyComponent& component) {
   focusRecords_.Add(std::make_unique<TmyPopupFocus>(TmyPopupFocus{top, &component}));
 }
 
+void TmyApplication::WindowCreated(TmyWindowBase& window) {
+  windows_.Insert(&window, TmyList::kAtEnd);
+  if (listing_) listing_->Add(window);
+}
+
 // Pointers are compared, never followed: the object is half destroyed.
 void TmyApplication::Forget(const TmyWindowBase& window) noexcept {
   if (const int32_t at = windows_.IndexOf(&window); at >= 0) windows_.Delete(static_cast<uint32_t>(at));
@@ -158,6 +170,7 @@ void TmyApplication::LeaveDispatch() {
 
 // The helpers are controls themselves: they come here when they go.
 void TmyApplication::ForgetControl(const TmyControl& control) noexcept {
+  if (listing_) listing_->Remove(control);
   if (hoveringMonitor_) hoveringMonitor_->Forget(control);
   if (publicTimer_) publicTimer_->StopTimer(control);
 }

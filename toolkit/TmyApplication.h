@@ -9,6 +9,7 @@
 #include "foundation/TmyTypeList.h"
 #include "toolkit/TmyTheme.h"
 
+class DebugListing;
 class TmyComponent;
 class TmyControl;
 class TmyHoveringMonitor;
@@ -52,6 +53,9 @@ class TmyApplication {
   void SetLastMessageTime(uint32_t ticks) noexcept { lastMessageTime_ = ticks; }
   [[nodiscard]] uint32_t LastMessageTime() const noexcept { return lastMessageTime_; }
 
+  // What the debug listing tells of; null without a log. Windows are in it by themselves.
+  [[nodiscard]] DebugListing* Listing() const noexcept { return listing_.get(); }
+
   [[nodiscard]] TmyComponent* FocusOf(const TmyComponent& topLevel) const noexcept;  // null: nothing recorded
   void RecordFocus(TmyComponent& component);                                         // under its top-level window
   void Forget(const TmyWindowBase& window) noexcept;                                 // the object is going
@@ -59,7 +63,7 @@ class TmyApplication {
   [[nodiscard]] TmyWindowBase* WindowOf(HWND handle) const noexcept;  // null: not one of this module's
   void SystemLookChanged();  // tells every top-level window when the theme is another one now
 
-  void WindowCreated(TmyWindowBase& window) { windows_.Insert(&window, TmyList::kAtEnd); }
+  void WindowCreated(TmyWindowBase& window);
   [[nodiscard]] const TmyList& Windows() const noexcept { return windows_; }  // live window objects, oldest first
 
   // Destroyed windows' objects are deleted when the outermost message has returned.
@@ -83,7 +87,8 @@ class TmyApplication {
   char className_[32] = {};
   ATOM atom_ = 0;
   TmyTheme theme_;
-  std::unique_ptr<char[]> logBuffer_;
+  std::unique_ptr<char[]> logBuffer_;  // with "/l" only, as the listing
+  std::unique_ptr<DebugListing> listing_;
   TmyTypeList<TmyPopupFocus> focusRecords_;
   TmyList windows_;    // TmyWindowBase pointers, not owned
   TmyList graveyard_;  // objects whose windows are gone; owned until LeaveDispatch deletes them

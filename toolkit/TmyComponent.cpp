@@ -154,6 +154,7 @@ void TmyComponent::FocusDrawn(TmyControl* control) {
   if (former) former->FocusChanged(false);
   if (!IsAlive()) return;
   if (focusedControl_ && ::GetFocus() == Handle()) focusedControl_->FocusChanged(true);
+  if (IsAlive() && focusedControl_) FocusInside(*focusedControl_);
   if (IsAlive()) FocusMoved(focusedControl_);
 }
 
@@ -194,6 +195,10 @@ void TmyComponent::ShowChanged(bool) {}
 void TmyComponent::Realign() {}
 bool TmyComponent::Closing() {
   return true;
+}
+
+void TmyComponent::FocusInside(const TmyControl& focused) {
+  if (parent_ && this != TopLevel()) parent_->FocusInside(focused);
 }
 
 void TmyComponent::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {

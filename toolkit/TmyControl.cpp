@@ -1,10 +1,12 @@
 #include "toolkit/TmyControl.h"
 
+#include "toolkit/DebugListing.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
 TmyControl::TmyControl(TmyComponent& owner) : owner_(&owner) {
   owner.Link(this);
+  if (DebugListing* listing = TmyApplication::Get().Listing()) listing->Add(*this);
 }
 
 TmyControl::~TmyControl() {

@@ -9,7 +9,6 @@ namespace {
 
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_TABSTOP;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
-constexpr UINT kTextFormat = DT_LEFT | DT_WORDBREAK | DT_NOPREFIX;
 
 const TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
@@ -25,7 +24,7 @@ int ButtonHeight() {
 
 TmyMsgBox::TmyMsgBox(TmyComponent* owner, const TmyString& title, const TmyString& text,
                      std::initializer_list<const char*> buttons)
-    : TmyComponent(title.Chars(), kStyle, kExtendedStyle, -1, -1, 100, 100, owner), text_(text) {
+    : TmyComponent(title.Chars(), kStyle, kExtendedStyle, -1, -1, 100, 100, owner), text_(new TmyLabel(*this, text)) {
   SetDoubleBuffered(true);
   for (const char* caption : buttons) {
     auto& button = buttons_.emplace_back(std::make_unique<Tmy_Btn>(*this, caption));
@@ -35,17 +34,6 @@ TmyMsgBox::TmyMsgBox(TmyComponent* owner, const TmyString& title, const TmyStrin
   LayOut(owner);
 }
 
-SIZE TmyMsgBox::TextSize() const {
-  const HDC screen = GetDC(nullptr);
-  RECT area = {0, 0, Theme().Scaled(420), 0};
-  {
-    const Selected selected(screen, Font());
-    DrawTextA(screen, text_.Chars(), -1, &area, kTextFormat | DT_CALCRECT);
-  }
-  ReleaseDC(nullptr, screen);
-  return {area.right, area.bottom};
-}
-
 int TmyMsgBox::ButtonsWidth() const {
   int width = 0;
   for (const auto& button : buttons_) width += (width > 0 ? Theme().Step() : 0) + button->PreferredWidth();
@@ -53,7 +41,7 @@ int TmyMsgBox::ButtonsWidth() const {
 }
 
 void TmyMsgBox::LayOut(const TmyComponent* owner) {
-  const SIZE text = TextSize();
+  const SIZE text = text_->SizeFor(Theme().Scaled(420));
   const int inner = std::max({static_cast<int>(text.cx), ButtonsWidth(), Theme().Scaled(180)});
   RECT frame = {0, 0, inner + 2 * Margin(), static_cast<int>(text.cy) + ButtonHeight() + 3 * Margin()};
   AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
@@ -72,6 +60,8 @@ void TmyMsgBox::ResizeCentred(int width, int height) {
 
 // Buttons at the right of the last line.
 void TmyMsgBox::Realign() {
+  text_->SetBounds(Margin(), Margin(), ClientWidth() - 2 * Margin(),
+                   std::max(0, ClientHeight() - 3 * Margin() - ButtonHeight()));
   int right = ClientWidth() - Margin();
   const int top = ClientHeight() - Margin() - ButtonHeight();
   for (auto button = buttons_.rbegin(); button != buttons_.rend(); ++button) {
@@ -79,16 +69,6 @@ void TmyMsgBox::Realign() {
     (*button)->SetBounds(right - width, top, width, ButtonHeight());
     right -= width + Theme().Step();
   }
-}
-
-void TmyMsgBox::Paint(HDC dc) {
-  const Selected selected(dc, Font());
-  const COLORREF former = SetTextColor(dc, Theme().Color().text);
-  const int formerMode = SetBkMode(dc, TRANSPARENT);
-  RECT area = {Margin(), Margin(), ClientWidth() - Margin(), ClientHeight() - 2 * Margin() - ButtonHeight()};
-  DrawTextA(dc, text_.Chars(), -1, &area, kTextFormat);
-  SetBkMode(dc, formerMode);
-  SetTextColor(dc, former);
 }
 
 void TmyMsgBox::FocusChanged(bool focused) {

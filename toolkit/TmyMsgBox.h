@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+#include "toolkit/TmyLabel.h"
 #include "toolkit/Tmy_Btn.h"
 #include "toolkit/myComponents.h"
 
@@ -21,7 +22,6 @@ class TmyMsgBox : public TmyComponent {
 
   void ResizeCentred(int width, int height);  // pixels, frame included; the middle stays
 
-  void Paint(HDC dc) override;
   void Realign() override;
   void Confirm() override;
   void Escape() override;
@@ -29,10 +29,9 @@ class TmyMsgBox : public TmyComponent {
 
  private:
   void LayOut(const TmyComponent* owner);
-  [[nodiscard]] SIZE TextSize() const;
   [[nodiscard]] int ButtonsWidth() const;
   void Clicked(Tmy_Btn& button);
 
-  TmyString text_;
+  TmyLabel* text_;  // belongs to its window
   std::vector<std::unique_ptr<Tmy_Btn>> buttons_;
 };

@@ -13,10 +13,13 @@
 //
 // Keys: arrows, Page, Home and End move the current row (with Shift they are shift-clicks), Left and Right scroll,
 // Space clicks the current row (with Ctrl or Shift so), Enter activates it, Menu or Shift+F10 asks for its menu.
-// The grid marks nothing by itself: clicks are events, marks are the model's.
+// Mouse: a border of the title row is dragged or double-clicked (fits), a title is clicked or, where columns are
+// movable, dragged to another place; Escape while dragging leaves things as they were. The grid marks nothing by
+// itself: clicks are events, marks are the model's.
 #pragma once
 
 #include "toolkit/GridGeometry.h"
+#include "toolkit/GridMarkers.h"
 #include "toolkit/GridPainter.h"
 #include "toolkit/TmyGridModel.h"
 #include "toolkit/TmyScrollBar.h"
@@ -49,6 +52,9 @@ class TmyStringGrid : public TmyComponent {
   TmyEvent<uint32_t, int, int> rowContext;  // row, screen x and y for its menu; the row is current already
   TmyEvent<uint32_t> currentMoved;          // by the keyboard without Shift, never by SetCurrentRow
   TmyEvent<int> columnResized;              // by the user, when it is done
+  // The user dragged a title to another place: from and to. Title, width and sort arrow have moved already; what the
+  // cells show is the model's.
+  TmyEvent<uint32_t, uint32_t> columnMoved;
 
   [[nodiscard]] static constexpr uint32_t RowOf(uint32_t record) noexcept { return record + 1; }
   [[nodiscard]] static constexpr uint32_t RecordOf(uint32_t row) noexcept { return row - 1; }  // kNoRow: kNoRecord
@@ -62,7 +68,8 @@ class TmyStringGrid : public TmyComponent {
   [[nodiscard]] int32_t ColumnWidth(uint32_t column) const noexcept;  // as set; 0 beyond kMaxColumns
   void SetColumnWidth(uint32_t column, int32_t width);
   void ScaleWidths(int multiplier, int divisor);    // all of them, also of columns that are not shown
-  void FitColumn(uint32_t column);                  // to its title and the texts in view
+  void SetColumnsMovable(bool movable) noexcept { movable_ = movable; }  // by dragging their titles; off at first
+  void FitColumn(uint32_t column);                                       // to its title and the texts in view
   [[nodiscard]] int ColumnsRight() const noexcept;  // right edge of the last column, when nothing is scrolled
 
   void SetModel(const TmyGridModel* model);
@@ -94,6 +101,7 @@ class TmyStringGrid : public TmyComponent {
   void FocusChanged(bool focused) override;
   void EnabledChanged() override;
   void ThemeChanged() override;
+  void Timer(uintptr_t id) override;
   [[nodiscard]] HCURSOR GetCursor() const override;
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -113,6 +121,10 @@ class TmyStringGrid : public TmyComponent {
   void DragBorder(int x);
   void EndDrag();
   void EndPress();
+  void DragTitle(int x);
+  void DropTitle(int x);
+  void MoveColumn(uint32_t from, uint32_t to);
+  bool CancelDrag();  // false: nothing is dragged
   void SetHotTitle(int column);
 
   GridGeometry::Layout layout_;
@@ -126,6 +138,10 @@ class TmyStringGrid : public TmyComponent {
   GridGeometry::Hit press_;  // where the left button went down last
   bool plainPress_ = false;  // without Shift and Ctrl
   bool dragging_ = false;    // the border of press_.column
+  bool moving_ = false;      // the title of press_.column
+  bool movable_ = false;
   int dragFrom_ = 0;         // x where the drag began
+  int grip_ = 0;             // from the title's left edge to there
   int32_t widthBefore_ = 0;  // of that column, as stored
+  GridMarkers markers_;
 };

@@ -49,6 +49,11 @@ bool TmyTheme::Reload() {
   return colors || fonts;
 }
 
+void TmyTheme::SetTextPercent(int percent) {
+  textPercent_ = percent;
+  LoadFonts();
+}
+
 bool TmyTheme::LoadColors() {
   HIGHCONTRASTA contrast = {};
   contrast.cbSize = sizeof(contrast);
@@ -65,6 +70,7 @@ bool TmyTheme::LoadFonts() {
   metrics.cbSize = offsetof(NONCLIENTMETRICSA, iPaddedBorderWidth);
   SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
   LOGFONTA font = metrics.lfMessageFont;
+  font.lfHeight = MulDiv(font.lfHeight, textPercent_, 100);
   if (message_ && std::memcmp(&font, &logFont_, sizeof(font)) == 0) return false;
   logFont_ = font;
   message_.reset(CreateFontIndirectA(&font));

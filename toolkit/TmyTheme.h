@@ -24,6 +24,10 @@ class TmyTheme {
   // Asks the system again. True when fonts or colours are others now: fonts handed out before are gone then.
   bool Reload();
 
+  // Text of another size than the system's, in per cent of it, for looking at how everything grows. Windows that exist
+  // already must be told by ThemeChanged.
+  void SetTextPercent(int percent);
+
   [[nodiscard]] const Colors& Color() const noexcept { return colors_; }
   [[nodiscard]] HFONT Get(Font font) const noexcept;  // owned by the theme
   [[nodiscard]] bool IsHighContrast() const noexcept { return highContrast_; }
@@ -47,6 +51,7 @@ class TmyTheme {
   LOGFONTA logFont_ = {};  // what the fonts were made from
   bool highContrast_ = false;
   int textHeight_ = 15;
+  int textPercent_ = 100;
 };
 
 // Drawing that all controls share. Rectangles in the context's coordinates; contexts come back as they were.

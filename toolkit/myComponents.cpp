@@ -101,6 +101,7 @@ void TmyComponent::ActiveOrFocus(UINT message, WPARAM wParam) {
   if (!recorded || recorded == this) {
     application.RecordFocus(*this);
     FocusChanged(true);
+    if (IsAlive()) FocusInside(focusedControl_ ? *focusedControl_ : static_cast<TmyControl&>(*this));
   } else {
     recorded->TakeFocus();
   }

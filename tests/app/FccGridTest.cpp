@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <string>
+#include <tuple>
 
 #include "toolkit/TmyApplication.h"
 
@@ -62,6 +63,26 @@ TEST_F(FccGridTest, ShowsTheChosenFields) {
   grid_.SetFields(many.data(), 40);
   EXPECT_EQ(grid_.Fields().size(), 22U);
   EXPECT_EQ(grid_.Control().ColumnWidth(21), TmyApplication::Get().Theme().Scaled(FccColumnOf(22).width));
+}
+
+TEST_F(FccGridTest, ADraggedTitleMovesItsField) {
+  const uint32_t fields[] = {0, 4, 5};
+  grid_.SetFields(fields, 3);
+  SortBy(1);
+  TmyStringGrid& grid = grid_.Control();
+  grid.SetBounds(0, 0, 400, 200);
+  const int32_t widths[] = {50, 100, 60};
+  grid.SetWidths(widths, 3);
+  const std::string before = Texts(1);
+  for (const auto& [message, x] : {std::pair{WM_LBUTTONDOWN, 70}, {WM_MOUSEMOVE, 10}, {WM_LBUTTONUP, 10}}) {
+    SendMessageA(grid.Handle(), static_cast<UINT>(message), MK_LBUTTON, MAKELPARAM(x, 5));
+  }
+  EXPECT_EQ(grid_.Fields(), (std::vector<uint32_t>{4, 0, 5}));
+  EXPECT_EQ(Texts(0), R"("Location","Freq","Power")");
+  EXPECT_NE(Texts(1), before);
+  EXPECT_EQ(std::tuple(grid.ColumnWidth(0), grid.ColumnWidth(1), grid.ColumnWidth(2)), std::tuple(100, 50, 60));
+  EXPECT_EQ(grid.SortColumn(), 0);
+  EXPECT_TRUE(IsOrdered(0));
 }
 
 TEST_F(FccGridTest, SortsThroughTheFieldOfTheColumn) {

@@ -16,8 +16,11 @@ void CALLBACK Act(HWND, UINT, UINT_PTR id, DWORD) {
 }
 
 TmyListBox& List(TmxOptionsDialog& dialog, bool selected) {
-  TmyComponent* first = dialog.NextChild(nullptr);
-  return dynamic_cast<TmyListBox&>(selected ? *dialog.NextChild(first) : *first);
+  std::vector<TmyListBox*> lists;
+  for (TmyComponent* child = dialog.NextChild(nullptr); child; child = dialog.NextChild(child)) {
+    if (auto* list = dynamic_cast<TmyListBox*>(child)) lists.push_back(list);
+  }
+  return *lists.at(selected ? 1 : 0);
 }
 
 void Key(const TmyComponent& window, WPARAM key, bool alt = false) {

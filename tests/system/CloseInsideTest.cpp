@@ -51,11 +51,7 @@ class CloseInside : public PluginFixture {
     PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
   }
   void DropDown(HWND window) {
-    HWND combo = GetWindow(Panel(window), GW_CHILD);
-    char className[64] = "";
-    while (GetClassNameA(combo, className, sizeof className), !std::string(className).starts_with("Tmy")) {
-      combo = GetWindow(combo, GW_HWNDNEXT);
-    }
+    const HWND combo = GetWindow(GetWindow(Panel(window), GW_CHILD), GW_HWNDLAST);
     SetFocus(combo);
     Key(combo, VK_F4);
   }

@@ -43,6 +43,27 @@ TEST_F(GridGeometryTest, DividesTheClientArea) {
   }
 }
 
+TEST_F(GridGeometryTest, FindsTheGapForADraggedTitle) {
+  layout_.scrollX = 10;
+  const struct {
+    int x;
+    uint32_t gap;
+    int edge;
+  } kCases[] = {{-50, 0, -9}, {15, 0, -9}, {16, 1, 41}, {90, 1, 41}, {91, 2, 141}, {176, 3, 211}, {900, 3, 211}};
+  for (const auto& c : kCases) {
+    EXPECT_EQ(GapAt(layout_, c.x), c.gap) << c.x;
+    EXPECT_EQ(GapEdge(layout_, c.gap), c.edge) << c.x;
+  }
+  constexpr uint32_t kPlaces[4][4] = {{0, 0, 1, 2}, {0, 1, 1, 2}, {0, 1, 2, 2}, {0, 1, 2, 3}};
+  for (uint32_t column = 0; column < 4; ++column) {
+    for (uint32_t gap = 0; gap < 4; ++gap) EXPECT_EQ(PlaceInGap(column, gap), kPlaces[column][gap]);
+  }
+  const int kAfter[][4] = {{2, 2, 0, 0}, {0, 2, 0, 1}, {1, 0, 2, 0}, {0, 0, 2, 2}, {3, 0, 2, 3}, {-1, 2, 0, -1}};
+  for (const auto& [place, from, to, after] : kAfter) {
+    EXPECT_EQ(PlaceAfterMove(place, static_cast<uint32_t>(from), static_cast<uint32_t>(to)), after) << place;
+  }
+}
+
 TEST_F(GridGeometryTest, TellsWhatIsUnderThePoint) {
   layout_.top = 7;
   const struct {

@@ -36,6 +36,18 @@ TEST(ScrollGeometry, PlacesTheThumb) {
   }
 }
 
+TEST(ScrollGeometry, BringsAStretchIntoView) {
+  const int64_t kCases[][4] = {// position, begin, end, position with it; the page is 100 long
+                               {50, 60, 150, 50},
+                               {50, 40, 60, 40},
+                               {50, 140, 160, 60},
+                               {50, 200, 320, 200},
+                               {50, 20, 190, 20}};
+  for (const auto& [position, begin, end, shown] : kCases) {
+    EXPECT_EQ(PositionShowing(position, 100, begin, end), shown) << begin << " to " << end;
+  }
+}
+
 TEST(ScrollGeometry, ADraggedThumbStaysWhereItIsDropped) {
   const Range kRanges[] = {{400, 20, 0}, {9611, 30, 0}, {262144, 25, 0}, {int64_t{1} << 40, 100, 0}};
   for (Range range : kRanges) {

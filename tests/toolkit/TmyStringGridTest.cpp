@@ -45,6 +45,7 @@ class StringGridTest : public ControlFixture {
     grid_->rowContext.Bind<&StringGridTest::RowContext>(this);
     grid_->currentMoved.Bind<&StringGridTest::CurrentMoved>(this);
     grid_->columnResized.Bind<&StringGridTest::ColumnResized>(this);
+    grid_->columnMoved.Bind<&StringGridTest::ColumnMoved>(this);
   }
   void Fill(uint32_t records) {
     model_.count = records;
@@ -68,6 +69,8 @@ class StringGridTest : public ControlFixture {
   void RowContext(uint32_t row, int, int) { Log("context ", row); }
   void CurrentMoved(uint32_t row) { Log("moved ", row); }
   void ColumnResized(int column) { Log("resized ", static_cast<uint32_t>(column)); }
+
+  void ColumnMoved(uint32_t from, uint32_t to) { Log("column ", from, (" to " + std::to_string(to)).c_str()); }
 
   CountingModel model_;
   TmyStringGrid* grid_ = nullptr;
@@ -100,6 +103,35 @@ TEST_F(StringGridTest, TitlesAreClickedWhereTheyWerePressedAndBordersDragged) {
   Input::Mouse(*grid_, WM_MOUSEMOVE, 160, 5, 0);  // released elsewhere
   EXPECT_THAT(Events(), ElementsAre("resized 0"));
   EXPECT_EQ(grid_->ColumnWidth(0), GridGeometry::kMinWidth);
+}
+
+TEST_F(StringGridTest, ADraggedTitleTakesItsColumnAlongUnlessEscapeIsPressed) {
+  const auto widths = [this] { return std::vector<int32_t>(grid_->Widths(), grid_->Widths() + 3); };
+  grid_->SetSort(0, true);
+  const auto press = [this](int x, int toX) {
+    Input::Mouse(*grid_, WM_LBUTTONDOWN, x, 5);
+    Input::Mouse(*grid_, WM_MOUSEMOVE, toX, 100);
+  };
+  grid_->SetColumnsMovable(true);
+  Input::Drag(*grid_, 20, 5, 23, 5);  // not far enough: a click
+  press(20, 200);
+  const HWND marker = GetTopWindow(grid_->Handle());
+  EXPECT_EQ(SendMessageA(marker, WM_NCHITTEST, 0, 0), HTTRANSPARENT);
+  EXPECT_TRUE(IsWindowVisible(marker));
+  Input::Key(*grid_, VK_ESCAPE);
+  EXPECT_FALSE(IsWindowVisible(marker));
+  Input::Mouse(*grid_, WM_LBUTTONUP, 200, 5, 0);
+  Input::Drag(*grid_, 20, 5, 100, 5);  // back where it was
+  EXPECT_THAT(widths(), ElementsAre(60, 120, 80));
+  Input::Drag(*grid_, 20, 5, 200, 5);
+  EXPECT_THAT(widths(), ElementsAre(120, 60, 80));
+  EXPECT_EQ(grid_->SortColumn(), 1);
+  Input::Drag(*grid_, 200, 5, -100, 200);
+  EXPECT_THAT(widths(), ElementsAre(80, 120, 60));
+  press(81, 300);  // a border
+  Input::Key(*grid_, VK_ESCAPE);
+  EXPECT_THAT(widths(), ElementsAre(80, 120, 60));
+  EXPECT_THAT(Events(), ElementsAre("title 0", "column 0 to 1", "column 2 to 0"));
 }
 
 TEST_F(StringGridTest, KeysMoveAndAct) {

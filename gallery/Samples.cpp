@@ -1,0 +1,273 @@
+#include "gallery/Samples.h"
+
+#include "toolkit/TmyApplication.h"
+#include "toolkit/TmyComboBox2.h"
+#include "toolkit/TmyFloatingSelection.h"
+#include "toolkit/TmyFrequencyEdit.h"
+#include "toolkit/TmyInvisiblePanel.h"
+#include "toolkit/TmyLabel.h"
+#include "toolkit/TmyListBox.h"
+#include "toolkit/TmyScrollPanel.h"
+#include "toolkit/TmySplitter.h"
+#include "toolkit/TmyStringGrid.h"
+#include "toolkit/TmyTimeEdit.h"
+#include "toolkit/TmyUpDown.h"
+#include "toolkit/Tmy_Btn.h"
+#include "toolkit/Tmy_CheckBox.h"
+#include "toolkit/Tmy_Label.h"
+#include "toolkit/Tmy_OptionButton.h"
+
+namespace {
+
+const TmyTheme& Theme() {
+  return TmyApplication::Get().Theme();
+}
+
+void Fill(SampleCell& cell, TmyControl& control) {
+  control.SetBounds(0, 0, cell.ClientWidth(), cell.ClientHeight());
+  control.Show(true);
+}
+
+void MakeButton(SampleCell& cell) {
+  Fill(cell, cell.Draw<Tmy_Btn>("Button"));
+}
+
+void MakeDefaultButton(SampleCell& cell) {
+  auto& button = cell.Draw<Tmy_Btn>("Default");
+  button.SetDefault(true);
+  Fill(cell, button);
+}
+
+void MakeCheckBox(SampleCell& cell) {
+  auto& box = cell.Draw<Tmy_CheckBox>("Check box");
+  box.SetChecked(true);
+  Fill(cell, box);
+}
+
+void MakeEmptyCheckBox(SampleCell& cell) {
+  Fill(cell, cell.Draw<Tmy_CheckBox>("Not checked"));
+}
+
+void MakeOption(SampleCell& cell) {
+  auto& option = cell.Draw<Tmy_OptionButton>("Option", 1u);
+  option.SetChecked(true);
+  Fill(cell, option);
+}
+
+void MakeDrawnLabel(SampleCell& cell) {
+  Fill(cell, cell.Draw<Tmy_Label>("One drawn line"));
+}
+
+void MakeEdit(SampleCell& cell) {
+  auto* edit = new TmyEdit(cell);
+  edit->SetText("Text");
+  Fill(cell, *edit);
+}
+
+void MakeUpDown(SampleCell& cell) {
+  auto* edit = new TmyIntEdit(cell, 0, 1000, TmyEdit::Align::kRight);
+  edit->SetValue(128);
+  auto* upDown = new TmyUpDown(cell, *edit);
+  const int width = cell.ClientWidth() - TmyUpDown::PreferredWidth();
+  edit->SetBounds(0, 0, width, cell.ClientHeight());
+  upDown->SetBounds(width, 0, TmyUpDown::PreferredWidth(), cell.ClientHeight());
+  edit->Show(true);
+  upDown->Show(true);
+}
+
+void MakeFrequencyEdit(SampleCell& cell) {
+  auto* edit = new TmyFrequencyEdit(cell);
+  edit->SetValue(7325500);
+  Fill(cell, *edit);
+}
+
+void MakeTimeEdit(SampleCell& cell) {
+  auto* edit = new TmyTimeEdit(cell);
+  edit->SetValue(52200);
+  Fill(cell, *edit);
+}
+
+void MakeComboBox(SampleCell& cell) {
+  auto* list = new TmyComboBox2(cell);
+  list->Add("Choice");
+  list->Add("Other");
+  list->SetSelection(0);
+  Fill(cell, *list);
+}
+
+void MakeScrollBar(SampleCell& cell) {
+  auto* bar = new TmyScrollBar(cell, TmyScrollBar::Direction::kHorizontal);
+  bar->SetRange(100, 40);
+  bar->SetPosition(20);
+  bar->SetBounds(0, (cell.ClientHeight() - TmyScrollBar::Thickness()) / 2, cell.ClientWidth(),
+                 TmyScrollBar::Thickness());
+  bar->Show(true);
+}
+
+void MakeLabel(SampleCell& cell) {
+  Fill(cell, *new TmyLabel(cell, "A text that is broken into lines where the width of its window ends."));
+}
+
+void MakeListBox(SampleCell& cell) {
+  auto* list = new TmyListBox(cell);
+  for (const char* text : {"Aurora", "Boreal", "Crux", "Delta", "Echo", "Foxtrot", "Golf"}) list->Add(text);
+  Fill(cell, *list);
+  list->SetSelection(1);
+}
+
+class SampleModel : public TmyGridModel {
+ public:
+  [[nodiscard]] uint32_t RowCount() const override { return 9; }
+  void CellText(uint32_t record, uint32_t column, TmyCellText& text) const override {
+    constexpr const char* kStations[] = {"Radio Aurora", "Boreal", "Crux Radio"};
+    text.Set(column == 0 ? TmyString::FromDecimal(6005 + 5 * int64_t{record}).View() : kStations[record % 3]);
+  }
+  [[nodiscard]] bool IsMarked(uint32_t record) const override { return record == 2; }
+};
+const SampleModel kModel;
+
+void MakeGrid(SampleCell& cell) {
+  auto* grid = new TmyStringGrid(cell);
+  const TmyGridColumn columns[] = {{"Freq", Theme().Scaled(56), true}, {"Station", Theme().Scaled(100)}};
+  grid->SetColumns(columns, 2);
+  grid->SetModel(&kModel);
+  grid->SetCurrentRow(2, false);
+  grid->SetSort(0, true);
+  Fill(cell, *grid);
+}
+
+void MakeMarkers(SampleCell& cell) {
+  auto* grid = new TmyStringGrid(cell);
+  const TmyGridColumn columns[] = {{"Freq", Theme().Scaled(56), true}, {"Station", Theme().Scaled(100)}};
+  grid->SetColumns(columns, 2);
+  Fill(cell, *grid);
+  const RECT title = GridGeometry::ColumnStrip(grid->Layout(), 0);
+  auto* piece = new TmyFloatingSelection2(*grid);
+  piece->SetText("Freq");
+  piece->ShowAt({title.left + 20, title.top, title.right + 20, title.top + Theme().RowHeight()});
+  auto* line = new TmyFloatingSelection(*grid);
+  line->ShowAt({title.right - 1, title.top, title.right + 1, title.bottom});
+}
+
+class SampleScrollPanel : public TmyScrollPanel {
+ public:
+  explicit SampleScrollPanel(TmyComponent& parent) : TmyScrollPanel(parent, WS_TABSTOP) {
+    for (const char* caption : {"First", "Second", "Third", "Fourth", "Fifth", "Sixth"}) {
+      boxes_.push_back(std::make_unique<Tmy_CheckBox>(*this, caption));
+    }
+  }
+  [[nodiscard]] int ContentHeight(int) const override {
+    return static_cast<int>(boxes_.size()) * Theme().FieldHeight() + Theme().Step();
+  }
+
+ protected:
+  void PlaceContent(int width, int top) override {
+    top += Theme().Step() / 2;
+    for (const auto& box : boxes_) {
+      box->SetBounds(Theme().Step(), top, width - Theme().Step(), Theme().FieldHeight());
+      top += Theme().FieldHeight();
+    }
+  }
+
+ private:
+  std::vector<std::unique_ptr<Tmy_CheckBox>> boxes_;
+};
+
+void MakeScrollPanel(SampleCell& cell) {
+  Fill(cell, *new SampleScrollPanel(cell));
+}
+
+// Two lists with a bar between them.
+class SplitPanel : public TmyPanel {
+ public:
+  SplitPanel(TmyComponent& parent, TmySplitter* (*make)(TmyComponent& parent))
+      : TmyPanel(parent, 0), splitter_(make(*this)), first_(new TmyListBox(*this)), second_(new TmyListBox(*this)) {
+    splitter_->SetLeast(Theme().Scaled(20), Theme().Scaled(20));
+    splitter_->SetLength(Theme().Scaled(40));
+    splitter_->moved.Bind<&SplitPanel::BarMoved>(this);
+    first_->Add("First");
+    second_->Add("Second");
+    first_->Show(true);
+    second_->Show(true);
+  }
+  void Realign() override {
+    splitter_->Place({0, 0, ClientWidth(), ClientHeight()});
+    Put(*first_, splitter_->First());
+    Put(*second_, splitter_->Second());
+  }
+
+ private:
+  void BarMoved(TmySplitter&) { Realign(); }
+  static void Put(TmyComponent& part, const RECT& place) {
+    part.SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
+  }
+
+  TmySplitter* splitter_;  // all three belong to their windows
+  TmyListBox* first_;
+  TmyListBox* second_;
+};
+
+template <class Splitter>
+void MakeSplitter(SampleCell& cell) {
+  Fill(cell, *new SplitPanel(cell, [](TmyComponent& parent) -> TmySplitter* { return new Splitter(parent); }));
+}
+
+class StripedPanel : public TmyPanel {
+ public:
+  explicit StripedPanel(TmyComponent& parent) : TmyPanel(parent, 0), over_(new TmyInvisiblePanel(*this)) {
+    box_ = std::make_unique<Tmy_CheckBox>(*over_, "Above stripes");
+  }
+  void Realign() override {
+    over_->SetBounds(0, 0, ClientWidth(), ClientHeight());
+    box_->SetBounds(Theme().Step(), Theme().Step(), ClientWidth() - 2 * Theme().Step(), Theme().FieldHeight());
+  }
+  void Paint(HDC dc) override {
+    for (int y = 0; y < ClientHeight(); y += 2 * Theme().Step()) {
+      ThemeDraw::Fill(dc, {0, y, ClientWidth(), y + Theme().Step()}, Theme().Color().marked);
+    }
+  }
+
+ private:
+  TmyInvisiblePanel* over_;  // belongs to its window
+  std::unique_ptr<Tmy_CheckBox> box_;
+};
+
+void MakeInvisiblePanel(SampleCell& cell) {
+  Fill(cell, *new StripedPanel(cell));
+}
+
+constexpr Sample kSmall[] = {
+    {"Tmy_Btn", MakeButton},
+    {"Tmy_Btn, default", MakeDefaultButton},
+    {"Tmy_CheckBox", MakeCheckBox},
+    {"Tmy_CheckBox, off", MakeEmptyCheckBox},
+    {"Tmy_OptionButton", MakeOption},
+    {"Tmy_Label", MakeDrawnLabel},
+    {"TmyEdit", MakeEdit},
+    {"TmyIntEdit, TmyUpDown", MakeUpDown},
+    {"TmyFrequencyEdit", MakeFrequencyEdit},
+    {"TmyTimeEdit", MakeTimeEdit},
+    {"TmyComboBox2", MakeComboBox},
+    {"TmyScrollBar", MakeScrollBar},
+};
+
+constexpr Sample kLarge[] = {
+    {"TmyStringGrid", MakeGrid},
+    {"TmyFloatingSelection", MakeMarkers},
+    {"TmyListBox", MakeListBox},
+    {"TmyScrollPanel", MakeScrollPanel},
+    {"TmySplitter", MakeSplitter<TmySplitter>},
+    {"TmySplitter2", MakeSplitter<TmySplitter2>},
+    {"TmyInvisiblePanel", MakeInvisiblePanel},
+    {"TmyLabel", MakeLabel},
+};
+
+}  // namespace
+
+std::span<const Sample> SmallSamples() {
+  return kSmall;
+}
+
+std::span<const Sample> LargeSamples() {
+  return kLarge;
+}

@@ -1,0 +1,88 @@
+#include "toolkit/TmyScrollPanel.h"
+
+#include "tests/toolkit/ControlFixture.h"
+#include "toolkit/BackBuffer.h"
+#include "toolkit/TmyEdit.h"
+#include "toolkit/TmyInvisiblePanel.h"
+#include "toolkit/Tmy_CheckBox.h"
+
+namespace {
+
+constexpr int kRow = 40;
+
+// Two columns of a drawn box and an edit while it is wide, one when it is narrow.
+class TwoFields : public TmyScrollPanel {
+ public:
+  explicit TwoFields(TmyComponent& parent) : TmyScrollPanel(parent, WS_VISIBLE | WS_TABSTOP) { edit->Show(true); }
+  int ContentHeight(int width) const override { return width >= 200 ? kRow : 2 * kRow; }
+
+  Tmy_CheckBox box{*this, "Box"};
+  TmyEdit* edit = new TmyEdit(*this);
+
+ protected:
+  void PlaceContent(int width, int top) override {
+    const bool wide = width >= 200;
+    box.SetBounds(0, top, 100, kRow);
+    edit->SetBounds(wide ? 100 : 0, wide ? top : top + kRow, 100, kRow);
+  }
+};
+
+class TmyScrollPanelTest : public ControlFixture {
+ protected:
+  TwoFields* panel_ = new TwoFields(*window_);
+};
+
+TEST_F(TmyScrollPanelTest, ScrollsWhatDoesNotFit) {
+  panel_->SetBounds(0, 0, 200, kRow);
+  EXPECT_FALSE(panel_->IsScrollable());
+  Input::Wheel(*panel_, -1);
+  EXPECT_EQ(window_->wheels, 1) << "nothing to scroll: the parent's";
+  panel_->SetBounds(0, 0, 199, kRow);
+  EXPECT_TRUE(panel_->IsScrollable());
+  EXPECT_EQ(panel_->Bar().Bounds().right, 199);
+  panel_->SetBounds(0, 0, 200, kRow - 1);
+  EXPECT_EQ(panel_->Bar().MaxPosition(), kRow + 1) << "the bar itself made the content higher";
+  Input::Wheel(*panel_, -1);
+  EXPECT_EQ(window_->wheels, 1);
+  EXPECT_LT(panel_->box.Bounds().top, 0);
+  panel_->SetBounds(0, 0, 200, 2 * kRow);
+  EXPECT_EQ(panel_->box.Bounds().top, 0);
+}
+
+TEST_F(TmyScrollPanelTest, TheFocusBringsAControlIntoView) {
+  panel_->SetBounds(0, 0, 150, kRow + 20);
+  panel_->edit->TakeFocus();
+  EXPECT_EQ(panel_->edit->Bounds().bottom, panel_->ClientHeight());
+  panel_->TakeFocus();
+  panel_->FocusDrawn(&panel_->box);
+  EXPECT_EQ(panel_->box.Bounds().top, 0);
+}
+
+class Field : public TmyPanel {
+ public:
+  explicit Field(TmyComponent& parent) : TmyPanel(parent, WS_VISIBLE) {}
+  void Paint(HDC dc) override { ThemeDraw::Fill(dc, {0, 50, 200, 60}, RGB(1, 2, 3)); }
+};
+
+TEST_F(TmyScrollPanelTest, AnInvisiblePanelShowsWhatIsBelowAndTakesTheMouseOnlyForItsControls) {
+  auto* field = new Field(*window_);
+  field->SetBounds(0, 0, 200, 100);
+  auto* panel = new TmyInvisiblePanel(*field);
+  Tmy_CheckBox box(*panel, "");
+  panel->SetBounds(20, 40, 100, 50);
+  box.SetBounds(0, 30, 20, 20);
+  BackBuffer picture;
+  ASSERT_TRUE(picture.Resize(panel->Handle(), 100, 50));
+  panel->EraseBackground(picture.Dc());
+  for (const int y : {9, 20}) EXPECT_NE(GetPixel(picture.Dc(), 50, y), RGB(1, 2, 3));
+  for (const int y : {10, 19}) EXPECT_EQ(GetPixel(picture.Dc(), 50, y), RGB(1, 2, 3));
+  const auto hit = [&](int x, int y) {
+    POINT at = {x, y};
+    ClientToScreen(panel->Handle(), &at);
+    return SendMessageA(panel->Handle(), WM_NCHITTEST, 0, MAKELPARAM(at.x, at.y));
+  };
+  EXPECT_EQ(hit(5, 35), HTCLIENT);
+  EXPECT_EQ(hit(50, 15), HTTRANSPARENT);
+}
+
+}  // namespace
