@@ -145,9 +145,14 @@ BOOL FileTimeToSystemTime(const FILETIME* file, SYSTEMTIME* t) {
   const year_month_day date{at};
   if (date.year() > year{30827}) return Fail(ERROR_INVALID_PARAMETER);
   const auto word = [](auto number) { return static_cast<WORD>(number); };
-  *t = {word(int{date.year()}),  word(unsigned{date.month()}),
-        word(weekday{at}.c_encoding()), word(unsigned{date.day()}), word(inDay / 3600), word(inDay / 60 % 60),
-        word(inDay % 60),        word(ticks % kSecond / (kSecond / 1000))};
+  *t = {word(int{date.year()}),
+        word(unsigned{date.month()}),
+        word(weekday{at}.c_encoding()),
+        word(unsigned{date.day()}),
+        word(inDay / 3600),
+        word(inDay / 60 % 60),
+        word(inDay % 60),
+        word(ticks % kSecond / (kSecond / 1000))};
   return TRUE;
 }
 
