@@ -67,7 +67,7 @@ class TmyStringGrid : public TmyComponent {
   void SetWidths(const int32_t* widths, uint32_t count);
   [[nodiscard]] int32_t ColumnWidth(uint32_t column) const noexcept;  // as set; 0 beyond kMaxColumns
   void SetColumnWidth(uint32_t column, int32_t width);
-  void ScaleWidths(int multiplier, int divisor);    // all of them, also of columns that are not shown
+  void ScaleWidths(int multiplier, int divisor);  // all of them, also of columns that are not shown
   void SetColumnsMovable(bool movable) noexcept { movable_ = movable; }  // by dragging their titles; off at first
   void FitColumn(uint32_t column);                                       // to its title and the texts in view
   [[nodiscard]] int ColumnsRight() const noexcept;  // right edge of the last column, when nothing is scrolled
