@@ -12,7 +12,7 @@ class TmyMediaPlayer {
 
   int32_t StartRecording(const TmyString& fileName, uint32_t sampleRate, uint32_t channels, uint32_t bits) {
     fileName_ = fileName;
-    file_ = std::make_unique<TmyWaveFilePCM>(fileName, sampleRate, channels, bits, 0x10000);
+    file_ = std::make_unique<TmyWaveFilePCM>(fileName, sampleRate, channels, bits, 0x1000);
     return 1;
   }
   int32_t StopRecording() {
