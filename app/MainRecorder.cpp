@@ -22,6 +22,8 @@ MainRecorder::MainRecorder(TmyComponent& window, HostLink& link, StatusBar& stat
   media_.parametersWanted.Bind<&MainRecorder::NameRecording>(this);
   media_.stateChanged.Bind<&MainRecorder::StateChanged>(this);
   feed_.fileFull.Bind<&MainRecorder::FileFull>(this);
+  feed_.fileFailed.Bind<&MainRecorder::FileFailed>(this);
+  feed_.fileChanged.Bind<&MainRecorder::Follow>(this);
   media_.Show(true);
 }
 
@@ -33,7 +35,9 @@ void MainRecorder::TuneStation(const TuneTarget& target) {
 }
 
 void MainRecorder::RecordStation(const TuneTarget& target) {
-  if (HasFrequency(target)) session_.Start(RecordingSession::kFromGrid, target.frequencyHz, target.mode, nullptr);
+  if (!HasFrequency(target)) return;
+  feed_.EndRecording();
+  session_.Start(RecordingSession::kFromGrid, target.frequencyHz, target.mode, nullptr);
 }
 
 void MainRecorder::FrequencyChanged() {
@@ -42,10 +46,18 @@ void MainRecorder::FrequencyChanged() {
   session_.FrequencyChanged();
 }
 
+void MainRecorder::Stop() {
+  feed_.EndRecording();
+  session_.Stop();
+}
+
 void MainRecorder::End() {
+  const bool played = media_.StateCode() == TmyMediaPlayer::kPlaying;
   media_.stateChanged.Unbind();
   media_.parametersWanted.Unbind();
   media_.StopRecording();
+  media_.StopPlayback();
+  if (played) link_.TellMediaState(false);
 }
 
 int MainRecorder::LayOut(int clientWidth, int clientHeight) {
@@ -74,13 +86,27 @@ void MainRecorder::NameRecording(RecordingParameters& parameters) {
 // A change of files is none of the session's affair: the recording goes on. The host is told of each change; that comes
 // last, for it may close the plug-in.
 void MainRecorder::StateChanged(TmyMediaPlayer& media) {
-  if (!feed_.IsChangingFile()) {
-    session_.MediaStateChanged(media.StateCode());
-    if (media.StateCode() == TmyMediaPlayer::kRecording) status_.SetNote({});
-  }
+  if (!feed_.IsChangingFile()) Follow();
   link_.TellMediaState(media.StateCode() == TmyMediaPlayer::kPlaying);
+}
+
+// A note about a recording is there until something else begins.
+void MainRecorder::Follow() {
+  const int32_t state = media_.StateCode();
+  session_.MediaStateChanged(state);
+  if (state == TmyMediaPlayer::kIdle) {
+    feed_.FreeMemory();
+    hasEnded_ = true;
+  } else if (hasEnded_) {
+    hasEnded_ = false;
+    status_.SetNote({});
+  }
 }
 
 void MainRecorder::FileFull(const TmyString& next) {
   status_.SetNote(TmyString("4 GB reached: recording goes on in ") + next.FileName());
+}
+
+void MainRecorder::FileFailed(const TmyString& next) {
+  status_.SetNote(TmyString("Recording ended: ") + next.FileName() + " cannot be made");
 }

@@ -23,7 +23,9 @@ class MainRecorder : private RecordingOwner {
   void RecordStation(const TuneTarget& target);
   void Audio(uint32_t kind, const void* block) { feed_.Feed(kind, block); }
   void FrequencyChanged();  // told by the host
-  // The window goes: files are whole afterwards, and the host is told nothing any more.
+  void Stop();              // ends what is recorded, a session of ours or not; the file is whole afterwards
+  // The window goes: files are whole afterwards. The host, which does not find the window any more, is told that
+  // nothing plays now if something did, and nothing else.
   void End();
 
   [[nodiscard]] RecordingSession& Session() noexcept { return session_; }
@@ -40,7 +42,9 @@ class MainRecorder : private RecordingOwner {
 
   void NameRecording(RecordingParameters& parameters);
   void StateChanged(TmyMediaPlayer& media);
+  void Follow();
   void FileFull(const TmyString& next);
+  void FileFailed(const TmyString& next);
 
   TmyComponent& window_;
   HostLink& link_;
@@ -49,4 +53,5 @@ class MainRecorder : private RecordingOwner {
   TmyMediaPlayer& media_;  // belongs to its window
   AudioFeed feed_;
   RecordingSession session_;
+  bool hasEnded_ = false;  // the recording that the note may be about
 };

@@ -133,12 +133,23 @@ void TmxWindow::Destroying() {
   EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
+<<<<<<< HEAD
   if (isReady_) scheduler_.SaveTasks();
   recorder_.End();
+=======
+>>>>>>> main
   Instances().Remove(*this);
+  recorder_.End();
   link_.TellClosed();
   hostInfo_ = HostInfo();
   help_.Unload();
+}
+
+// All that must not be lost goes to the disk here, and nothing new begins.
+void TmxWindow::SessionEnds() {
+  KillTimer(Handle(), kTickTimer);
+  KillTimer(Handle(), kAutoTuningTimer);
+  recorder_.Stop();  // last: the host is told inside
 }
 
 ScheduleGrid& TmxWindow::Shown() noexcept {

@@ -70,3 +70,5 @@ void BenchSchedule(const ScheduleText& schedule);
 void BenchTasks(const ScheduleText& schedule);
 // This one takes the folder that holds the archives.
 void BenchHfcc(const char* dataFolder);
+// And this one neither: it records.
+void BenchRecording();

@@ -4,85 +4,20 @@
 // The process status header needs the one above first.
 #include <psapi.h>
 
-#include <memory>
 #include <string>
 
 #include "bench/Bench.h"
-#include "plugin/HostLink.h"
+#include "bench/HostedPlugin.h"
 #include "tests/support/FreshDocumentsFolder.h"
 
 namespace {
 
-constexpr uint32_t kHostHandle = 1;
 constexpr uint32_t kLaterRuns = 9;
-
-uint32_t __stdcall AnswerNothing(uint32_t, uint32_t, uint32_t, uint32_t, uint32_t) {
-  return 0;
-}
-
-struct FreeModule {
-  void operator()(HMODULE module) const noexcept { FreeLibrary(module); }
-};
-
-// The module that lies beside this program, through its exports.
-class Plugin {
- public:
-  Plugin() : module_(LoadLibraryA(BesideUs("marlux3.dll").c_str())) {
-    Find(init_, "zqnPluginInit");
-    Find(start_, "zqnPluginStart");
-    Find(notify_, "zqnPluginNotify");
-    Find(done_, "zqnPluginDone");
-    char name[64];
-    if (IsLoaded()) init_(0, 0, name, sizeof name);
-  }
-  ~Plugin() {
-    if (IsLoaded()) done_();
-  }
-  Plugin(const Plugin&) = delete;
-  Plugin& operator=(const Plugin&) = delete;
-
-  [[nodiscard]] bool IsLoaded() const noexcept { return init_ && start_ && notify_ && done_; }
-  // 0 when it did not start.
-  [[nodiscard]] uint32_t Start() const { return start_(kHostHandle, 0, &AnswerNothing, nullptr); }
-  void Close() const { notify_(kHostHandle, HostNotification::kClose, 0, 0, 0); }
-
- private:
-  static std::string BesideUs(const char* name) {
-    char path[MAX_PATH];
-    const std::string program(path, GetModuleFileNameA(nullptr, path, sizeof path));
-    return program.substr(0, program.rfind('\\') + 1) + name;
-  }
-  template <class Function>
-  void Find(Function& function, const char* name) const {
-    if (module_) function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_.get(), name)));
-  }
-
-  std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeModule> module_;
-  uint32_t(__stdcall* init_)(uint32_t, uint32_t, char*, uint32_t) = nullptr;
-  uint32_t(__stdcall* start_)(uint32_t, uint32_t, HostCallback, const void*) = nullptr;
-  void(__stdcall* notify_)(uint32_t, uint32_t, uint32_t, uint32_t, uint32_t) = nullptr;
-  void(__stdcall* done_)() = nullptr;
-};
-
-BOOL CALLBACK PaintOne(HWND window, LPARAM painted) {
-  char caption[64];
-  GetWindowTextA(window, caption, sizeof caption);
-  if (!IsWindowVisible(window) || std::string(caption) != kProductCaption) return TRUE;
-  RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-  *reinterpret_cast<bool*>(painted) = true;
-  return FALSE;
-}
 
 // What is invalid in the plug-in's window and its children; false without such a window.
 bool PaintPlugin() {
-  bool painted = false;
-  EnumThreadWindows(GetCurrentThreadId(), PaintOne, reinterpret_cast<LPARAM>(&painted));
-  return painted;
-}
-
-void DispatchWaiting() {
-  MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+  const HWND window = HostedPlugin::Window();
+  return window && RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 double WorkingSet() {
@@ -98,7 +33,7 @@ struct StartTimes {
   double megabytes = 0;  // working set of the process with the window open
 };
 
-bool StartOnce(const Plugin& plugin, StartTimes& times) {
+bool StartOnce(const HostedPlugin& plugin, StartTimes& times) {
   const double begin = Bench::Milliseconds();
   if (plugin.Start() == 0) return false;
   times.returned = Bench::Milliseconds() - begin;
@@ -117,7 +52,8 @@ uint32_t RowsOf(const std::string& text) {
 }
 
 // The first start in a process also makes what all windows share, such as fonts.
-void BenchOn(const Plugin& plugin, const FreshDocumentsFolder& documents, const std::string& text, double before) {
+void BenchOn(const HostedPlugin& plugin, const FreshDocumentsFolder& documents, const std::string& text,
+             double before) {
   WriteSchedule(documents.DataFolder(), text);
   const uint32_t rows = RowsOf(text);
   StartTimes first;
@@ -145,7 +81,7 @@ void BenchOn(const Plugin& plugin, const FreshDocumentsFolder& documents, const 
 void BenchStart(const ScheduleText& schedule) {
   const FreshDocumentsFolder documents;
   const double before = WorkingSet();
-  const Plugin plugin;
+  const HostedPlugin plugin;
   if (!plugin.IsLoaded()) {
     printf("no marlux3.dll beside this program\n");
     return;

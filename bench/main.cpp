@@ -1,5 +1,10 @@
+<<<<<<< HEAD
 // Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc], where DIR holds an
 // eibi.txt.
+=======
+// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc|recording], where DIR
+// holds an eibi.txt.
+>>>>>>> main
 
 #include <cstring>
 
@@ -29,7 +34,11 @@ int main(int argc, char** argv) {
   const char* folder = Option(argc, argv, "--data");
   const char* only = Option(argc, argv, "--only");
   if (!folder) {
+<<<<<<< HEAD
     fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc]\n");
+=======
+    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|hfcc|recording]\n");
+>>>>>>> main
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));
@@ -44,5 +53,6 @@ int main(int argc, char** argv) {
     if (!only || strcmp(only, subject.name) == 0) subject.run(schedule);
   }
   if (!only || strcmp(only, "hfcc") == 0) BenchHfcc(folder);
+  if (!only || strcmp(only, "recording") == 0) BenchRecording();
   return 0;
 }

@@ -71,12 +71,15 @@ std::optional<int64_t> ParseFrequency(std::string_view text) noexcept {
   return hz;
 }
 
+// The unsigned form has a magnitude even for the lowest number.
 TmyString FormatKhz(int64_t hz) {
-  // The unsigned form has a magnitude even for the lowest number.
-  const uint64_t magnitude = hz < 0 ? 0 - static_cast<uint64_t>(hz) : static_cast<uint64_t>(hz);
-  TmyString text = hz < 0 ? "-" : "";
-  text += TmyString::FromDecimal(static_cast<int64_t>(magnitude / 1000));
-  auto rest = static_cast<int64_t>(magnitude % 1000);
+  const auto bits = static_cast<uint64_t>(hz);
+  return hz < 0 ? "-" + FormatUnsignedKhz(0 - bits) : FormatUnsignedKhz(bits);
+}
+
+TmyString FormatUnsignedKhz(uint64_t hz) {
+  TmyString text = TmyString::FromDecimal(static_cast<int64_t>(hz / 1000));
+  auto rest = static_cast<int64_t>(hz % 1000);
   if (rest == 0) return text;
   uint32_t decimals = kKiloDecimals;
   for (; rest % 10 == 0; rest /= 10) --decimals;

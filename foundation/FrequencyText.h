@@ -16,3 +16,4 @@
 [[nodiscard]] std::optional<int64_t> ParseFrequency(std::string_view text) noexcept;
 // No more decimals than needed.
 [[nodiscard]] TmyString FormatKhz(int64_t hz);
+[[nodiscard]] TmyString FormatUnsignedKhz(uint64_t hz);

@@ -3,7 +3,7 @@
 #include "foundation/Trace.h"
 
 SwapFile::SwapFile(const TmyString& name) : name_(name), aside_(name + kEnding) {
-  file_.emplace(aside_, GENERIC_WRITE, CREATE_ALWAYS);
+  file_.emplace(aside_, GENERIC_WRITE, CREATE_ALWAYS, 0);  // nobody reads half of it or writes into it
   whole_ = file_->IsOpen();
 }
 

@@ -15,7 +15,8 @@ uint64_t AudioBlock::Bytes() const noexcept {
 }
 
 bool AudioBlock::IsUsable() const noexcept {
-  return samples_ != nullptr && header_.sampleRate != 0 && Channels() != 0 && Bytes() <= kMostBytes;
+  const bool hasFormat = header_.sampleRate != 0 && header_.channels != 0 && header_.channels <= UINT16_MAX;
+  return samples_ != nullptr && hasFormat && Bytes() <= kMostBytes;
 }
 
 void AudioBlock::ConvertFloats(std::span<uint8_t> to) const noexcept {

@@ -5,8 +5,10 @@
 //   recorder.Write(block.Samples(), block.Bytes());  // 16-bit samples
 //   block.ConvertFloats(buffer);                     // float samples
 //
-// The header counts sample values, yet a recording gets channels x count x 2 bytes of it: the host's blocks hold that
-// many 16-bit values; of floats there are count, and zeros follow what they give. Exact for one channel.
+// The header counts sample values, yet a recording gets channels x count x 2 bytes of it. With one channel these are
+// the samples. With more, the block is only known to hold the first count of the 16-bit values: what lies behind them
+// may be samples or not, and whoever reads it must look first whether there is memory at all. Of floats there are
+// count, and zeros follow what they give.
 #pragma once
 
 #include <span>
@@ -20,11 +22,13 @@ class AudioBlock {
   explicit AudioBlock(const void* hostBlock) noexcept;  // null: a block that is not usable
 
   [[nodiscard]] uint32_t SampleRate() const noexcept { return header_.sampleRate; }  // Hz
-  // What a file has of the header's 32-bit number.
+  // Of a usable block.
   [[nodiscard]] uint16_t Channels() const noexcept { return static_cast<uint16_t>(header_.channels); }
   [[nodiscard]] uint32_t Count() const noexcept { return header_.count; }
   // What goes into a recording; more than kMostBytes stands for any larger number, too.
   [[nodiscard]] uint64_t Bytes() const noexcept;
+  // Of those, the ones that are certain to lie at Samples() in a usable block of 16-bit values.
+  [[nodiscard]] uint32_t CertainBytes() const noexcept { return header_.count * 2; }
   // There is a block, it has a format, and it is not too large to be true.
   [[nodiscard]] bool IsUsable() const noexcept;
   [[nodiscard]] const uint8_t* Samples() const noexcept { return samples_; }

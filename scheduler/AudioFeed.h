@@ -1,10 +1,11 @@
 // Marlux 3. Brings the host's audio into the recording that runs: one file for as long as format and size allow, then
-// the next one, named like the first with "_.wav" appended.
+// the next one, named like the one before with "_.wav" appended: "a.wav", "a.wav_.wav", "a.wav_.wav_.wav". The chain
+// goes on until a name is longer than the system takes, which ends the recording.
 //
 //   feed.Feed(a, blockPointer);      // inside the host's notification; writes before it returns
 //
-// A block is dropped when nothing records, when its kind is unknown and when it is not usable. No memory is taken for
-// 16-bit samples, and for floats only until the largest block has come.
+// A block is dropped when nothing records, when its kind is unknown and when it is not usable. 16-bit samples go out
+// from where they lie; memory is taken only for what must be converted or completed, until the largest block has come.
 #pragma once
 
 #include <vector>
@@ -19,7 +20,9 @@ class AudioFeed {
   explicit AudioFeed(TmyMediaPlayer& recorder, uint64_t largestData = TmyWaveFilePCM::kLargestData) noexcept
       : recorder_(recorder), largestData_(largestData) {}
 
-  TmyEvent<const TmyString&> fileFull;  // the recording goes on in this file
+  TmyEvent<const TmyString&> fileFull;    // the recording goes on in this file
+  TmyEvent<const TmyString&> fileFailed;  // this next file cannot be made: nothing is recorded any more
+  TmyEvent<> fileChanged;                 // a change is over, well or not: the recorder's state is the real one again
 
   // `kind` is the notification's sub-code. The recorder's events run the host inside, when a new file begins: the panel
   // may be gone afterwards, its object must be held.
@@ -28,13 +31,19 @@ class AudioFeed {
   // One file has ended and the next one not begun: the recording goes on.
   [[nodiscard]] bool IsChangingFile() const noexcept { return isChangingFile_; }
   void EndRecording() noexcept { isChangingFile_ = false; }  // at such a moment: no next file is begun
+  void FreeMemory() noexcept;                                // what a recording of large blocks has left
 
  private:
   bool Accepts(uint32_t kind, const AudioBlock& block) const noexcept;
-  bool FitFormat(const AudioBlock& block);  // false when the recording is over
-  bool FitSize(uint64_t bytes);
-  bool GoOnInNextFile(uint32_t sampleRate, uint32_t channels);
+  [[nodiscard]] bool HasFormatOf(const AudioBlock& block) const;
+  // False when the block is to be dropped.
+  bool FitFormat(const AudioBlock& block);
+  bool FitSize(const AudioBlock& block);
+  bool GoOnInNextFile(const AudioBlock& block, const TmyString& next);
+  void BeginFile(const TmyString& next, const AudioBlock& block);
+  void TellFailure(const TmyString& next);
   void Write(uint32_t kind, const AudioBlock& block);
+  uint8_t* Room(uint32_t bytes);
 
   TmyMediaPlayer& recorder_;
   uint64_t largestData_;

@@ -2,23 +2,43 @@
 
 #include "foundation/Trace.h"
 
+namespace {
+
+constexpr uint32_t kLongestName = 127;  // that every driver takes
+
+// The name by which a file with a long one can be opened, too; empty where the volume has none.
+TmyString ShortName(const TmyString& file) {
+  char name[MAX_PATH] = "";
+  const DWORD length = GetShortPathNameA(file.Chars(), name, sizeof name);
+  return length < sizeof name ? TmyString(name, length) : TmyString();
+}
+
+}  // namespace
+
 bool MciWave::Open(const TmyString& file) {
   Close();
-  MCI_OPEN_PARMSA open = {};
-  open.lpstrDeviceType = "waveaudio";
-  open.lpstrElementName = file.Chars();
-  const MCIERROR error =
-      mciSendCommandA(0, MCI_OPEN, MCI_OPEN_TYPE | MCI_OPEN_ELEMENT, reinterpret_cast<DWORD_PTR>(&open));
+  const TmyString brief = file.Length() > kLongestName ? ShortName(file) : TmyString();
+  MCIERROR error = brief.IsEmpty() ? MCIERR_INVALID_FILE : OpenElement(brief.Chars());
+  if (error != 0) error = OpenElement(file.Chars());
   if (error != 0) {
     Trace::Line("Playback not opened, err=%lu", error);
     return false;
   }
-  id_ = open.wDeviceID;
   MCI_SET_PARMS set = {};
   set.dwTimeFormat = MCI_FORMAT_MILLISECONDS;
   if (Send(MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, &set)) return true;
   Close();  // its positions would be in some other unit
   return false;
+}
+
+MCIERROR MciWave::OpenElement(const char* name) noexcept {
+  MCI_OPEN_PARMSA open = {};
+  open.lpstrDeviceType = "waveaudio";
+  open.lpstrElementName = name;
+  const MCIERROR error =
+      mciSendCommandA(0, MCI_OPEN, MCI_OPEN_TYPE | MCI_OPEN_ELEMENT, reinterpret_cast<DWORD_PTR>(&open));
+  if (error == 0) id_ = open.wDeviceID;
+  return error;
 }
 
 void MciWave::Close() noexcept {
@@ -56,6 +76,10 @@ std::optional<uint32_t> MciWave::Position() const noexcept {
 
 std::optional<uint32_t> MciWave::Length() const noexcept {
   return Status(MCI_STATUS_LENGTH);
+}
+
+bool MciWave::IsStopped() const noexcept {
+  return Status(MCI_STATUS_MODE) == uint32_t{MCI_MODE_STOP};
 }
 
 // Most drivers want a parameter block with every command, if only an empty one.

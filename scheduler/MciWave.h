@@ -34,8 +34,11 @@ class MciWave {
   bool Seek(uint32_t position) noexcept;
   [[nodiscard]] std::optional<uint32_t> Position() const noexcept;
   [[nodiscard]] std::optional<uint32_t> Length() const noexcept;
+  // Not while it plays or is paused. For a moment after Play it may still be true.
+  [[nodiscard]] bool IsStopped() const noexcept;
 
  private:
+  MCIERROR OpenElement(const char* name) noexcept;
   bool Send(UINT command, DWORD_PTR flags, void* parameters = nullptr) const noexcept;
   [[nodiscard]] std::optional<uint32_t> Status(DWORD item) const noexcept;
 

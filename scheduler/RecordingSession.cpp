@@ -1,5 +1,6 @@
 #include "scheduler/RecordingSession.h"
 
+#include <new>
 #include <string>
 
 #include "foundation/Clock.h"
@@ -23,17 +24,26 @@ TmyString PathOf(const char* prefix, const std::string& frequency, bool utc) {
 
 }  // namespace
 
-// The session begins only after the tuning: what the host says about its frequency inside is about the one before.
+// The session begins only after the tuning: what the host says about its frequency inside is about the one before. It
+// begins before the recording: what the host does when it is told of that, retune or stop, ends the session as always.
 bool RecordingSession::Start(const char* prefix, uint64_t frequencyHz, uint32_t mode, TmxTask* task) {
   if (!task && task_) Stop();
   if (!owner_.IsAlive()) return false;
   const TmyString path = PathOf(prefix, std::to_string(frequencyHz), owner_.IsUtc());
+  const TmyString caption = TmyString(kProductCaption) + " recording " + FormatUnsignedKhz(frequencyHz);
   if (!owner_.Tune(static_cast<uint32_t>(frequencyHz), mode)) return false;
-  owner_.Media().StartRecording(path, kSampleRate, kChannels, kBits);
-  if (!owner_.IsAlive()) return false;
   isRecording_ = true;
   task_ = task;
-  owner_.SetCaption(TmyString(kProductCaption) + " recording " + FormatKhz(static_cast<int64_t>(frequencyHz)));
+  const uint32_t start = ++starts_;
+  try {
+    owner_.Media().StartRecording(path, kSampleRate, kChannels, kBits);
+  } catch (const std::bad_alloc&) {
+    Stop();
+    throw;
+  }
+  if (!owner_.IsAlive()) return false;
+  MediaStateChanged(owner_.Media().StateCode());
+  if (isRecording_ && start == starts_) owner_.SetCaption(caption);
   return true;
 }
 

@@ -37,4 +37,5 @@ class RecordingSession {
   RecordingOwner& owner_;
   TmxTask* task_ = nullptr;  // the task list's; only compared with its entries, it may have been deleted
   bool isRecording_ = false;
+  uint32_t starts_ = 0;  // tells a start from one that the host begins inside it
 };

@@ -10,8 +10,8 @@
 namespace {
 
 constexpr DWORD kOpenMs = 10000;
-// Longer than a sleeping drive needs to spin up, and the longest that a call keeps its thread.
-constexpr DWORD kTransferMs = 30000;
+// A sleeping drive needs less to spin up. It is the longest that a call keeps its thread.
+constexpr DWORD kTransferMs = 10000;
 constexpr uint32_t kUsualSector = 4096;  // a multiple of all usual sizes, for volumes that do not tell theirs
 constexpr uint32_t kLargestBuffer = 64U << 20;
 
@@ -120,29 +120,26 @@ TmyFileDirect::Appended TmyFileDirect::Append(uint32_t length, const void* data)
 
 bool TmyFileDirect::StartRead(uint64_t offset, void* buffer, uint32_t length) {
   if (!BeginTransfer(offset, buffer, length)) return false;
-  const BOOL started = ReadFile(Handle(), buffer, length, nullptr, &overlapped_);
-  return TransferStarted(started || GetLastError() == ERROR_IO_PENDING);
+  return TransferStarted(ReadFile(Handle(), buffer, length, nullptr, &overlapped_));
 }
 
 bool TmyFileDirect::StartWrite(uint64_t offset, const void* buffer, uint32_t length) {
   if (!BeginTransfer(offset, buffer, length)) return false;
-  const BOOL started = WriteFile(Handle(), buffer, length, nullptr, &overlapped_);
-  return TransferStarted(started || GetLastError() == ERROR_IO_PENDING);
+  return TransferStarted(WriteFile(Handle(), buffer, length, nullptr, &overlapped_));
 }
 
-// What is not aligned is refused by some devices and taken by others: it must not depend on the device.
+// What is not aligned is refused by some devices and taken by others: it must not depend on the device. The system
+// clears the event itself when the transfer begins. The lowest bit of its handle says that no completion port is to be
+// told, for there is none; asking after one costs as much as the event.
 bool TmyFileDirect::BeginTransfer(uint64_t offset, const void* buffer, uint32_t length) {
   const bool aligned = IsAligned(offset, buffer, length);
+  if (!aligned) Trace::Line("FileDirect transfer of %u bytes to %llu refused: not aligned", length, offset);
   assert(aligned && !transferring_);
-  if (!aligned || transferring_) {
-    SetLastError(ERROR_INVALID_PARAMETER);
-    return false;
-  }
+  if (!aligned || transferring_ || hangs_) return false;
   overlapped_ = {};
   overlapped_.Offset = static_cast<DWORD>(offset);
   overlapped_.OffsetHigh = static_cast<DWORD>(offset >> 32);
-  overlapped_.hEvent = event_.get();
-  ResetEvent(event_.get());
+  overlapped_.hEvent = reinterpret_cast<HANDLE>(reinterpret_cast<uintptr_t>(event_.get()) | 1);
   return true;
 }
 
@@ -152,15 +149,18 @@ bool TmyFileDirect::IsAligned(uint64_t offset, const void* buffer, uint32_t leng
          reinterpret_cast<uintptr_t>(buffer) % addressUnit == 0;
 }
 
-bool TmyFileDirect::TransferStarted(bool started) noexcept {
-  if (!started) Trace::Line("FileDirect transfer not started, err=%d", static_cast<int>(GetLastError()));
-  transferring_ = started;
-  return started;
+bool TmyFileDirect::TransferStarted(BOOL taken) noexcept {
+  const DWORD error = taken ? DWORD{ERROR_IO_PENDING} : GetLastError();
+  transferring_ = error == ERROR_IO_PENDING;
+  if (!transferring_) Trace::Line("FileDirect transfer not started, err=%d", static_cast<int>(error));
+  return transferring_;
 }
 
 int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
   if (!transferring_) return 0;
-  const bool late = WaitForSingleObject(event_.get(), timeout) != WAIT_OBJECT_0;
+  // Many transfers have ended when the call that began them returns: to wait for those would only cost time.
+  const bool late =
+      !HasOverlappedIoCompleted(&overlapped_) && WaitForSingleObject(event_.get(), timeout) != WAIT_OBJECT_0;
   if (late) {
     Trace::Line("FileDirect Wait timeout");
     CancelIo(Handle());
@@ -218,21 +218,26 @@ uint32_t TmyFileDirect::ReadPiece(uint8_t* data, uint32_t length) {
   return piece;
 }
 
-bool TmyFileDirect::CloseDirect() {
+TmyFileDirect::Closed TmyFileDirect::CloseDirect() {
   if (transferring_) CancelIo(Handle());
   WaitForTransfer(INFINITE);  // only for what was cancelled
   const bool hasTail = IsOpen() && writtenTo_ && tailUsed_ != 0;
   Close();
-  const bool whole = !hasTail || WriteTail();
-  if (!whole) Trace::Line("FileDirect tail not written, err=%d", static_cast<int>(GetLastError()));
+  const Closed closed = hasTail ? WriteTail() : Closed::kWhole;
   Close();
-  return whole;
+  return closed;
 }
 
 // An ordinary handle takes what is no whole block.
-bool TmyFileDirect::WriteTail() {
+TmyFileDirect::Closed TmyFileDirect::WriteTail() {
+  if (hangs_ || !Open(GENERIC_WRITE, OPEN_EXISTING, FILE_SHARE_READ, FILE_ATTRIBUTE_NORMAL)) {
+    Trace::Line("FileDirect tail not written: not opened again");
+    return Closed::kNotReopened;
+  }
   LARGE_INTEGER base = {};
   base.QuadPart = static_cast<LONGLONG>(base_);
-  return Open(GENERIC_WRITE, OPEN_EXISTING, FILE_SHARE_READ, FILE_ATTRIBUTE_NORMAL) &&
-         SetFilePointerEx(Handle(), base, nullptr, FILE_BEGIN) && TmyFile::Write(Tail(), tailUsed_);
+  if (SetFilePointerEx(Handle(), base, nullptr, FILE_BEGIN) && TmyFile::Write(Tail(), tailUsed_)) return Closed::kWhole;
+  const DWORD error = GetLastError();
+  Trace::Line("FileDirect tail not written, err=%d", static_cast<int>(error));
+  return Closed::kTailLost;
 }

@@ -10,7 +10,8 @@
 // Errors: a file that cannot be opened leaves a line in the trace, and every operation on it fails. A write that fails
 // leaves the blocks that reached the disk in the file and drops the rest of that call; the next write goes on behind
 // them, so a disk that was full for a while costs only that while. After a transfer that had to be cancelled all
-// writes fail at once: the owner's thread must not wait again and again for a device that hangs.
+// transfers fail at once and the tail is given up: the owner's thread must not wait again and again for a device that
+// hangs.
 #pragma once
 
 #include <memory>
@@ -58,8 +59,10 @@ class TmyFileDirect : public TmyFile {
   // Returns the bytes transferred, 0 when a write was cut short, -1 when it took longer than `timeout` milliseconds
   // (INFINITE for no limit) and was cancelled, -2 when it failed. The transfer is over in every case.
   int32_t WaitForTransfer(DWORD timeout);
-  // Ends the file with its tail. False when the tail was lost: the file ends at AlignedBase() then.
-  bool CloseDirect();
+  // Ends the file with its tail. Where that was lost the file ends at AlignedBase().
+  enum class Closed { kWhole, kTailLost, kNotReopened };  // kNotReopened: lost because the file cannot be opened again
+  Closed CloseDirect();
+  [[nodiscard]] bool Hangs() const noexcept { return hangs_; }  // a transfer had to be cancelled
 
   [[nodiscard]] uint64_t AlignedBase() const noexcept { return base_; }  // bytes in whole blocks, all on the disk
   [[nodiscard]] uint8_t* Staging() noexcept { return memory_.get() + blockSize_; }  // at least 2 blocks
@@ -67,12 +70,12 @@ class TmyFileDirect : public TmyFile {
  private:
   bool Prepare(uint32_t bufferSize);
   bool ReadTail(uint32_t length);
-  bool WriteTail();
+  Closed WriteTail();
   bool AppendPiece(const void* data, uint32_t length);
   uint32_t ReadPiece(uint8_t* data, uint32_t length);
   bool BeginTransfer(uint64_t offset, const void* buffer, uint32_t length);
   [[nodiscard]] bool IsAligned(uint64_t offset, const void* buffer, uint32_t length) const noexcept;
-  bool TransferStarted(bool started) noexcept;
+  bool TransferStarted(BOOL taken) noexcept;
   int32_t CountWritten(uint32_t bytes, uint32_t staged);
   [[nodiscard]] uint64_t LogicalEnd() const noexcept { return base_ + tailUsed_; }
   [[nodiscard]] uint8_t* Tail() noexcept { return memory_.get(); }

@@ -3,6 +3,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cstdio>
 
 #include "plugin/DataFolders.h"
 #include "scheduler/TmyWaveFilePCM.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr uintptr_t kPollTimer = 1;
 constexpr UINT kPollMilliseconds = 100;
+constexpr uint32_t kStopsAtEnd = 5;    // a device needs a moment to begin
 constexpr int64_t kSkip = 2000;        // milliseconds, of back and forward
 constexpr int64_t kSliderStep = 1000;  // milliseconds
 constexpr int64_t kSliderPage = 10000;
@@ -30,10 +32,13 @@ const TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
 }
 
-TmyString TimeOf(int64_t seconds) {
-  return Formatted("%02d:%02d:%02d", static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60),
-                   static_cast<int>(seconds % 60));
-}
+struct Time {
+  int hours, minutes, seconds;
+  explicit Time(int64_t all) noexcept
+      : hours(static_cast<int>(all / 3600)),
+        minutes(static_cast<int>(all / 60 % 60)),
+        seconds(static_cast<int>(all % 60)) {}
+};
 
 int64_t RecordedMilliseconds(const TmyWaveFilePCM& file) {
   const uint64_t perSecond = uint64_t{file.SampleRate()} * file.BitsPerSample() * file.Channels() / 8;
@@ -88,10 +93,15 @@ Tmy_Btn2* TmyMediaPlayer::ButtonAt(uint32_t index) noexcept {
 int32_t TmyMediaPlayer::StartRecording(const TmyString& fileName, uint32_t sampleRate, uint32_t channels,
                                        uint32_t bits) {
   const Hold hold;
-  if (device_.IsOpen()) ClosePlayback();
   const TmyString name = fileName;  // the caller's may be our own, or the former file's
-  file_.reset();                    // first: the new file may have its name
-  file_ = std::make_unique<TmyWaveFilePCM>(name, sampleRate, channels, bits, kFileBuffer);
+  auto file = std::make_unique<TmyWaveFilePCM>(name, sampleRate, channels, bits, kFileBuffer);
+  const bool mayHoldName = file_ || device_.IsOpen();
+  if (device_.IsOpen()) ClosePlayback();
+  file_.reset();
+  if (!file->IsOpen() && mayHoldName) {
+    file = std::make_unique<TmyWaveFilePCM>(name, sampleRate, channels, bits, kFileBuffer);
+  }
+  file_ = std::move(file);
   SetFile(name);
   ShowTime(0, -1);
   SetState(kRecording);
@@ -103,6 +113,14 @@ int32_t TmyMediaPlayer::StopRecording() {
   if (!IsRecordingState()) return 0;
   if (file_) ShowTime(0, RecordedMilliseconds(*file_));
   file_.reset();
+  SetState(kIdle);
+  return 1;
+}
+
+int32_t TmyMediaPlayer::StopPlayback() {
+  const Hold hold;
+  if (!device_.IsOpen() && state_ != kPlaying && state_ != kPlaybackPaused) return 0;
+  ClosePlayback();
   SetState(kIdle);
   return 1;
 }
@@ -128,6 +146,7 @@ void TmyMediaPlayer::SetFile(const TmyString& fileName) {
 void TmyMediaPlayer::SetState(State state) {
   const bool changed = state != state_;
   state_ = state;
+  stops_ = 0;
   if (state == kPlaying) {
     SetTimer(Handle(), kPollTimer, kPollMilliseconds, nullptr);
   } else {
@@ -185,29 +204,27 @@ void TmyMediaPlayer::Forward() {
 // A device that will not play on has failed as one that would not begin.
 void TmyMediaPlayer::SeekTo(int64_t milliseconds) {
   if (!device_.IsOpen()) return;
-  device_.Seek(static_cast<uint32_t>(milliseconds));
+  if (!device_.Seek(static_cast<uint32_t>(milliseconds))) milliseconds = device_.Position().value_or(0);
   ShowPlayback(milliseconds);
-  if (state_ != kPlaying || device_.Play()) return;
-  ClosePlayback();
-  SetState(kIdle);
+  stops_ = 0;
+  if (state_ == kPlaying && !device_.Play()) StopPlayback();
 }
 
 void TmyMediaPlayer::Play() {
-  if (!device_.Open(fileName_)) return SetState(kIdle);
-  slider_->SetRange(device_.Length().value_or(0));
+  const bool isOpen = device_.Open(fileName_);
+  const std::optional<uint32_t> length = device_.Length();
+  if (!isOpen || !length) {
+    device_.Close();
+    return SetState(kIdle);
+  }
+  slider_->SetRange(*length);
   ShowPlayback(0);
   if (device_.Play()) return SetState(kPlaying);
-  ClosePlayback();
-  SetState(kIdle);
+  StopPlayback();
 }
 
 void TmyMediaPlayer::Stop() {
-  if (IsRecordingState()) {
-    StopRecording();
-    return;
-  }
-  ClosePlayback();
-  SetState(kIdle);
+  if (StopRecording() == 0) StopPlayback();
 }
 
 void TmyMediaPlayer::Pause() {
@@ -216,8 +233,9 @@ void TmyMediaPlayer::Pause() {
       device_.Pause();
       return SetState(kPlaybackPaused);
     case kPlaybackPaused:
-      if (!device_.Resume()) device_.Play();  // a seek in between ends a pause
-      return SetState(kPlaying);
+      if (device_.Resume() || device_.Play()) return SetState(kPlaying);  // a seek in between ends a pause
+      StopPlayback();
+      return;
     case kRecording:
       return SetState(kRecordingPaused);
     default:
@@ -233,14 +251,19 @@ void TmyMediaPlayer::Record() {
   StartRecording(parameters.fileName, parameters.sampleRate, parameters.channels, parameters.bits);
 }
 
+TmyString TmyMediaPlayer::ChooseFile() {
+  const ModulePin pin;  // the dialog runs a loop of its own
+  const struct Choosing {
+    bool& flag;
+    ~Choosing() { flag = false; }
+  } choosing{choosing_ = true};
+  return AskForWavFile(TopLevel()->Handle(), RecordingsFolder());
+}
+
 void TmyMediaPlayer::OpenFile() {
   if (choosing_) return;
-  const ModulePin pin;  // the dialog runs a loop of its own
-  choosing_ = true;
-  const TmyString chosen = AskForWavFile(TopLevel()->Handle(), RecordingsFolder());
-  if (!IsAlive()) return;
-  choosing_ = false;
-  if (chosen.IsEmpty() || IsRecordingState()) return;  // a recording that began meanwhile goes on
+  const TmyString chosen = ChooseFile();
+  if (!IsAlive() || chosen.IsEmpty() || IsRecordingState()) return;  // a recording that began meanwhile goes on
   if (state_ != kIdle) Stop();
   if (!IsAlive() || state_ != kIdle) return;
   SetFile(chosen);
@@ -258,9 +281,13 @@ void TmyMediaPlayer::Timer(uintptr_t id) {
   if (id != kPollTimer || state_ != kPlaying || slider_->IsDragging()) return;
   const int64_t position = device_.Position().value_or(UINT32_MAX);  // a device that is gone has come to its end
   ShowPlayback(std::min(position, slider_->Maximum()));
-  if (position < slider_->Maximum()) return;
-  ClosePlayback();
-  SetState(kIdle);
+  if (HasPlayedToEnd(position)) StopPlayback();
+}
+
+// Some devices stop short of the length that they told.
+bool TmyMediaPlayer::HasPlayedToEnd(int64_t position) {
+  stops_ = device_.IsStopped() ? stops_ + 1 : 0;
+  return position >= slider_->Maximum() || stops_ >= kStopsAtEnd;
 }
 
 void TmyMediaPlayer::ShowPlayback(int64_t position) {
@@ -268,16 +295,20 @@ void TmyMediaPlayer::ShowPlayback(int64_t position) {
   ShowTime(position, slider_->Maximum());
 }
 
-// Runs for each block of audio: nothing is made or painted as long as the text is the same.
+// Runs for each block of audio: nothing is painted as long as the text is the same, and no memory taken for the next.
 void TmyMediaPlayer::ShowTime(int64_t first, int64_t second) {
   first /= 1000;
   if (second >= 0) second /= 1000;
   if (first == shownFirst_ && second == shownSecond_) return;
   shownFirst_ = first;
   shownSecond_ = second;
-  const TmyString text = second < 0 ? TimeOf(first) : TimeOf(first) + " / " + TimeOf(second);
-  time_.SetText(text);
-  SetCaption(text);  // what automation and screen readers see
+  const Time at(first), of(second);
+  char text[64];
+  const int length = second < 0 ? snprintf(text, sizeof text, "%02d:%02d:%02d", at.hours, at.minutes, at.seconds)
+                                : snprintf(text, sizeof text, "%02d:%02d:%02d / %02d:%02d:%02d", at.hours, at.minutes,
+                                           at.seconds, of.hours, of.minutes, of.seconds);
+  time_.Overwrite({text, static_cast<size_t>(length)});
+  SetCaption(time_.Text());  // what automation and screen readers see
 }
 
 void TmyMediaPlayer::UpdateButtons() {

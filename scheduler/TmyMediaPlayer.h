@@ -41,9 +41,11 @@ class TmyMediaPlayer : public TmyPanel {
   TmyEvent<TmyMediaPlayer&> stateChanged;           // State() is another one now
 
   // Ends what runs and records into a new file in place of one of that name. Returns 1, also when the file could not be
-  // made: the state is kRecording then too, File() is not open and Write gives 0.
+  // made: the state is kRecording then too, File() is not open and Write gives 0. When memory is short what ran goes
+  // on.
   int32_t StartRecording(const TmyString& fileName, uint32_t sampleRate, uint32_t channels, uint32_t bits);
   int32_t StopRecording();  // finishes the file; 0 when nothing is being recorded
+  int32_t StopPlayback();   // 0 when nothing is being played
   // Samples as the file has them. 0 when not recording (a pause drops them) and when not all could be written.
   int32_t Write(const void* data, uint32_t length);
   int32_t SetFileName(const TmyString& fileName);  // what the play button plays; 0 while something is open for playback
@@ -75,11 +77,13 @@ class TmyMediaPlayer : public TmyPanel {
   void Forward();
   void Record();
   void OpenFile();
+  [[nodiscard]] TmyString ChooseFile();  // empty: none
   void SliderMoved(TmySlider& slider);
 
   void SetState(State state);  // the owner may destroy us in it
   void ClosePlayback();
   void SeekTo(int64_t milliseconds);
+  bool HasPlayedToEnd(int64_t position);
   void ShowPlayback(int64_t position);
   void ShowTime(int64_t first, int64_t second);  // milliseconds; a negative second one is not shown
   void UpdateButtons();
@@ -103,5 +107,6 @@ class TmyMediaPlayer : public TmyPanel {
   State state_ = kIdle;
   int64_t shownFirst_ = 0;   // seconds that the label shows
   int64_t shownSecond_ = 0;  // negative: not shown
+  uint32_t stops_ = 0;       // times in a row that a device that should play was found not to
   bool choosing_ = false;    // the open dialog is up
 };

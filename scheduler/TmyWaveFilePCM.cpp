@@ -34,8 +34,10 @@ TmyWaveFilePCM::~TmyWaveFilePCM() {
   if (!IsOpen()) return;
   SetWaveDataSize(header_, DataSize());
   const bool patched = PatchHeader();
-  const bool whole = CloseDirect();
+  const Closed closed = CloseDirect();
   const uint64_t base = AlignedBase();
+  const bool whole = closed == Closed::kWhole;
+  if (Hangs() || (!patched && closed == Closed::kNotReopened)) return;  // what it is on has gone
   if (!whole) SetWaveDataSize(header_, base == 0 ? 0 : static_cast<uint32_t>(base - sizeof header_));
   if (!whole || (!patched && base != 0)) RewriteHeader();
 }
@@ -46,11 +48,15 @@ bool TmyWaveFilePCM::Write(const void* samples, uint32_t length) {
   return !lastWriteFailed_;
 }
 
+uint32_t TmyWaveFilePCM::FillerSize() const {
+  const uint32_t frame = std::max<uint32_t>(header_.blockAlign, 1);
+  return lastWriteFailed_ ? (frame - DataSize() % frame) % frame : 0;
+}
+
 // A write that failed may have ended inside a frame: silence fills it up.
 bool TmyWaveFilePCM::CompleteFrame() {
   static constexpr uint8_t kSilence[512] = {};
-  const uint32_t frame = std::max<uint32_t>(header_.blockAlign, 1);
-  uint32_t missing = (frame - DataSize() % frame) % frame;
+  uint32_t missing = FillerSize();
   if (missing > kLargestData - DataSize()) return false;
   while (missing != 0) {
     const uint32_t piece = std::min<uint32_t>(missing, sizeof kSilence);

@@ -8,7 +8,8 @@
 // zeros. It is never cut, so it has at least this length. A recording whose header and samples stay below one block of
 // the volume ends with the header as it was made: the first format, sizes 40 and 0.
 //
-// Errors: as those of TmyFileDirect. The header never tells of samples that did not reach the disk. After a write that
+// Errors: as those of TmyFileDirect; after a transfer that had to be cancelled the file stays as it is, with a header
+// that tells of no samples. The header never tells of samples that did not reach the disk. After a write that
 // failed, samples begin at a whole frame again, so channels do not change places.
 #pragma once
 
@@ -34,7 +35,8 @@ class TmyWaveFilePCM : public TmyFileDirect {
   [[nodiscard]] uint32_t SampleRate() const noexcept { return header_.sampleRate; }  // Hz
   [[nodiscard]] uint32_t Channels() const noexcept { return header_.channels; }
   [[nodiscard]] uint32_t BitsPerSample() const noexcept { return header_.bitsPerSample; }
-  [[nodiscard]] uint32_t DataSize() const;  // bytes of samples taken so far; 0 when not open
+  [[nodiscard]] uint32_t DataSize() const;    // bytes of samples taken so far; 0 when not open
+  [[nodiscard]] uint32_t FillerSize() const;  // bytes of silence that the next Write puts before its samples
 
  private:
   bool WriteFirstBlock();

@@ -26,6 +26,7 @@ int ThumbWidth() {
 TmySlider::TmySlider(TmyComponent& parent, const char* caption)
     : TmyComponent(caption, WS_CHILD | WS_TABSTOP | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0, 0, &parent) {
   SetDoubleBuffered(true);
+  SetToolTip(caption);
 }
 
 int TmySlider::PreferredHeight() {

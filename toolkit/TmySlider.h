@@ -10,7 +10,7 @@
 
 class TmySlider : public TmyComponent {
  public:
-  TmySlider(TmyComponent& parent, const char* caption);  // the caption is not shown; it names the slider
+  TmySlider(TmyComponent& parent, const char* caption);  // the caption names the slider, in its tool tip too
 
   // The user moved the thumb. While IsDragging() more is to come; a drag ends with one more event, without it.
   // Not raised by the Set functions.

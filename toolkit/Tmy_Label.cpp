@@ -34,6 +34,13 @@ void Tmy_Label::SetText(const TmyString& text) {
   Repaint();
 }
 
+void Tmy_Label::Overwrite(std::string_view text) {
+  if (text == text_.View()) return;
+  if (text.size() != text_.Length()) text_ = TmyString(text);
+  for (uint32_t i = 0; i < text_.Length(); ++i) *text_.WritableAt(i) = text[i];
+  Repaint();
+}
+
 void Tmy_Label::SetAlign(Align align) {
   align_ = align;
   Repaint();

@@ -13,6 +13,8 @@ class Tmy_Label : public TmyControl {
 
   [[nodiscard]] const TmyString& Text() const noexcept { return text_; }
   void SetText(const TmyString& text);
+  // The same, but of a text as long as the former one no memory is taken: for labels that change all the time.
+  void Overwrite(std::string_view text);
   void SetAlign(Align align);
   void SetSecondary(bool secondary);  // in the colour of what matters less
   void SetFont(TmyTheme::Font font);

@@ -68,6 +68,9 @@ TmyComponent::Outcome TmyComponent::WindowMessage(UINT message, WPARAM wParam, L
     case WM_SYSCOLORCHANGE:
       if (!parent_) TmyApplication::Get().SystemLookChanged();
       break;
+    case WM_ENDSESSION:
+      if (wParam != 0) SessionEnds();
+      break;
     case WM_DESTROY:
       Destroying();
       DestroyChildren();

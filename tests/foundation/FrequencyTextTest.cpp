@@ -25,8 +25,9 @@ TEST(FrequencyText, WritesNoMoreDecimalsThanNeeded) {
   std::vector<std::string> written;
   for (const int64_t hz : {0LL, 9420000LL, 9420500LL, 9420050LL, 9420001LL, -1500LL, INT64_MIN})
     written.emplace_back(FormatKhz(hz).View());
-  EXPECT_THAT(written,
-              testing::ElementsAre("0", "9420", "9420.5", "9420.05", "9420.001", "-1.5", "-9223372036854775.808"));
+  written.emplace_back(FormatUnsignedKhz(UINT64_MAX).View());
+  EXPECT_THAT(written, testing::ElementsAre("0", "9420", "9420.5", "9420.05", "9420.001", "-1.5",
+                                            "-9223372036854775.808", "18446744073709551.615"));
 }
 
 }  // namespace
