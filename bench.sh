@@ -2,11 +2,7 @@
 # Builds and runs the measurements; one line a figure.
 #   ./bench.sh              on the sample schedule
 #   ./bench.sh --data DIR   on the eibi.txt of a folder of yours, which is only read
-<<<<<<< HEAD
-#   --only start|window|schedule|tasks   for a part of them
-=======
-#   --only start|window|schedule|hfcc|recording   for a part of them
->>>>>>> main
+#   --only start|window|schedule|tasks|hfcc|recording   for a part of them
 set -euo pipefail
 data=
 only=()

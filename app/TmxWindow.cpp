@@ -133,11 +133,7 @@ void TmxWindow::Destroying() {
   EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
-<<<<<<< HEAD
   if (isReady_) scheduler_.SaveTasks();
-  recorder_.End();
-=======
->>>>>>> main
   Instances().Remove(*this);
   recorder_.End();
   link_.TellClosed();

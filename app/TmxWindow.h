@@ -38,12 +38,9 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void ConstrainBounds(int& x, int& y, int& width, int& height) override;
   void FocusChanged(bool focused) override;
   void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
-<<<<<<< HEAD
   void ShowChanged(bool visible) override;
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-=======
   void SessionEnds() override;
->>>>>>> main
 
  protected:
   void Destroying() override;

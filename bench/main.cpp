@@ -1,10 +1,5 @@
-<<<<<<< HEAD
-// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc], where DIR holds an
-// eibi.txt.
-=======
-// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|hfcc|recording], where DIR
-// holds an eibi.txt.
->>>>>>> main
+// Measured runs, started by hand: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|recording], where
+// DIR holds an eibi.txt.
 
 #include <cstring>
 
@@ -34,11 +29,7 @@ int main(int argc, char** argv) {
   const char* folder = Option(argc, argv, "--data");
   const char* only = Option(argc, argv, "--only");
   if (!folder) {
-<<<<<<< HEAD
-    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc]\n");
-=======
-    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|hfcc|recording]\n");
->>>>>>> main
+    fprintf(stderr, "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|recording]\n");
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));

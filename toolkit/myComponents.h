@@ -59,16 +59,12 @@ class TmyComponent : public TmyWindowBase {
   virtual void TakeFocus();
   virtual void ThemeChanged();                 // fonts or colours are others now
   virtual void FocusMoved(TmyControl* drawn);  // the focus went to this drawn control, or null
-<<<<<<< HEAD
   // The focus went to this window, one inside it, or a drawn control of one; goes up to the top-level window.
   virtual void FocusInside(const TmyControl& focused);
   virtual bool Closing();  // question at WM_CLOSE outside the modal loop: false keeps the window
-=======
-  virtual bool Closing();                      // question at WM_CLOSE outside the modal loop: false keeps the window
   // The user logs off or the machine is shut down. The process may be ended as soon as this returns, without any window
   // being destroyed.
   virtual void SessionEnds();
->>>>>>> main
 
   // Runs until the window is closed or somebody ends it. Returns the result: -1 when closed by its close box, 0 when
   // the window was destroyed or the module is going; after 0 nothing of the window or its owner may be touched but
