@@ -8,7 +8,7 @@ constexpr uint64_t kLargestData = 6000;
 constexpr uint32_t kUnknown = 5;
 constexpr uint32_t kKinds[] = {HostNotification::kAudioPcm16, HostNotification::kAudioFloat, kUnknown};
 
-// A host's block of exactly the bytes that it must have.
+// A host's block that ends where its memory does.
 std::vector<char> BlockOf(Input& input, uint32_t kind) {
   constexpr uint32_t kMask[] = {0xFFFFFFFF, 0x3FFF, 0x3FF, 0x3FF};
   const auto shape = input.Take<uint8_t>();
@@ -16,12 +16,13 @@ std::vector<char> BlockOf(Input& input, uint32_t kind) {
                              input.Take<uint32_t>() & (shape & 8 ? 0xFFFFFFFF : 3),
                              input.Take<uint32_t>() & kMask[shape % 4]};
   const AudioBlock read(header);
-  const uint64_t bytes = std::max(read.Bytes(), uint64_t{kind == HostNotification::kAudioFloat ? 4U : 2U} * header[3]);
-  std::vector<char> block(sizeof header + (read.IsUsable() && bytes < 1 << 20 ? static_cast<size_t>(bytes) : 0));
-  std::memcpy(block.data(), header, sizeof header);
   const std::string samples = input.TakeText(24);
+  // Of several channels there may be samples behind the certain ones, or not.
+  const uint64_t there = uint64_t{kind == HostNotification::kAudioFloat ? 4U : 2U} * header[3] + samples.size() * shape;
+  if (read.IsUsable() && read.Bytes() + there > 1 << 20) return {};  // slow
+  std::vector<char> block(sizeof header + (read.IsUsable() ? static_cast<size_t>(there) : 0));
+  std::memcpy(block.data(), header, sizeof header);
   for (size_t i = sizeof header; i < block.size() && !samples.empty(); ++i) block[i] = samples[i % samples.size()];
-  if (read.IsUsable() && bytes >= 1 << 20) block.clear();
   return block;
 }
 

@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <sanitizer/asan_interface.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -175,6 +176,14 @@ BOOL VirtualFree(void* at, SIZE_T size, DWORD kind) {
     return reserved.erase(at) == 1;
   }
   return mmap(at, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE | MAP_FIXED, -1, 0) == at;
+}
+SIZE_T VirtualQuery(const void* at, MEMORY_BASIC_INFORMATION* region, SIZE_T size) {
+  constexpr SIZE_T kMost = 0x10000;
+  auto* const begin = static_cast<char*>(const_cast<void*>(at));
+  const void* const end = __asan_region_is_poisoned(begin, kMost);
+  const SIZE_T length = end ? static_cast<SIZE_T>(static_cast<const char*>(end) - begin) : kMost;
+  *region = {begin, length, length > 0 ? DWORD{MEM_COMMIT} : 0, PAGE_READWRITE};
+  return size;
 }
 BOOL VirtualProtect(void* at, SIZE_T size, DWORD protection, DWORD*) {
   return mprotect(at, size, protection == PAGE_NOACCESS ? PROT_NONE : PROT_READ | PROT_WRITE) == 0;

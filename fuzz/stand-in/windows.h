@@ -73,6 +73,11 @@ enum : DWORD {
   PAGE_NOACCESS = 1,
   PAGE_READONLY = 2,
   PAGE_READWRITE = 4,
+  PAGE_WRITECOPY = 8,
+  PAGE_EXECUTE_READ = 0x20,
+  PAGE_EXECUTE_READWRITE = 0x40,
+  PAGE_EXECUTE_WRITECOPY = 0x80,
+  PAGE_GUARD = 0x100,
   FILE_MAP_READ = 4,
   MEM_COMMIT = 0x1000,
   MEM_RESERVE = 0x2000,
@@ -121,6 +126,13 @@ inline void GetSystemInfo(SYSTEM_INFO* info) {
 }
 void* VirtualAlloc(void* at, SIZE_T size, DWORD kind, DWORD protection);
 BOOL VirtualFree(void* at, SIZE_T size, DWORD kind);
+struct MEMORY_BASIC_INFORMATION {
+  void* BaseAddress;
+  SIZE_T RegionSize;
+  DWORD State, Protect;
+};
+// A region is what the sanitizer lets us touch: a heap block ends where its last byte does.
+SIZE_T VirtualQuery(const void* at, MEMORY_BASIC_INFORMATION* region, SIZE_T size);
 BOOL VirtualProtect(void* at, SIZE_T size, DWORD protection, DWORD* before);
 
 // Backslashes lead into folders. Sharing is checked among our own handles; transfers end before they return.
@@ -142,6 +154,9 @@ inline BOOL CancelIo(HANDLE) {
 }
 inline DWORD WaitForSingleObject(HANDLE, DWORD) {
   return WAIT_OBJECT_0;
+}
+inline BOOL HasOverlappedIoCompleted(const OVERLAPPED*) {
+  return TRUE;
 }
 inline BOOL GetOverlappedResult(HANDLE, OVERLAPPED* at, DWORD* count, BOOL) {
   *count = at->done;
