@@ -36,7 +36,7 @@ LAYERS = {
     "host": (),
     "gallery": ("foundation", "toolkit"),
     "bench": ("foundation", "toolkit", "schedule", "plugin", "scheduler", "download", "app", "tests"),  # for what tests share
-    "fuzz": ("foundation", "schedule", "scheduler", "download", "plugin", "app"),
+    "fuzz": ("foundation", "toolkit", "schedule", "scheduler", "download", "plugin", "app", "tests"),  # as bench
 }
 # Tests see what they test, what that one sees, and what tests share.
 TEST_LAYERS = {name: (name, "tests") + below for name, below in LAYERS.items() if "/" not in name}

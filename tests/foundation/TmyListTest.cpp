@@ -76,6 +76,7 @@ TEST(TmyList, BehavesLikeAVector) {
 }
 
 struct Item {
+  explicit Item(char letter) : name(letter) {}
   ~Item() { log += name; }
   char name;
   static inline std::string log;

@@ -1,0 +1,40 @@
+#include "app/SettingsStore.h"
+#include "fuzz/Fuzz.h"
+
+namespace {
+
+constexpr const char* kNames[] = {"Left",        "Width",        "SchedulerPosX",      "SchedulerTable",
+                                  "IsUtcTime",   "IsAutoTuning", "TranslatedCount",    "TranslatedPos",
+                                  "DBDefault",   "SchX",         "GridColumsCountFcc", "GridColumsCountEibi",
+                                  "CurrentFile", "ExportPath",   "SchTable",           "Height"};
+
+bool IsSame(const Settings& a, const Settings& b) {
+  return a.window == b.window && a.scheduler == b.scheduler && a.taskWidths == b.taskWidths && a.isUtc == b.isUtc &&
+         a.isAutoTuning == b.isAutoTuning && a.fccCount == b.fccCount && a.fccSlots == b.fccSlots &&
+         a.database == b.database && a.fccWidths == b.fccWidths && a.eibiWidths == b.eibiWidths &&
+         a.currentFile == b.currentFile && a.exportFolder == b.exportFolder;
+}
+
+}  // namespace
+
+// Whatever stands in the key, what was read of it is read again once it is written.
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  RegDeleteKeyA(HKEY_CURRENT_USER, SettingsStore::kKey);
+  Input input(data, size);
+  while (!input.IsEmpty()) {
+    const char* const name = kNames[input.Take<uint8_t>() % std::size(kNames)];
+    const auto type = input.Take<uint8_t>();
+    const std::vector<char> value = input.TakeBytes(type & 0x80 ? 4 : input.Take<uint8_t>());
+    RegSetKeyValueA(HKEY_CURRENT_USER, SettingsStore::kKey, name, type % 8, value.data(),
+                    static_cast<DWORD>(value.size()));
+  }
+  Settings read;
+  SettingsStore::Load(read, "C:\\documents");
+  REQUIRE(read.fccCount <= Settings::kFccSlots);
+  int tasksSaved = 0;
+  SettingsStore::Save(read, [&] { ++tasksSaved; });
+  Settings again;
+  SettingsStore::Load(again, "");
+  REQUIRE(tasksSaved == 1 && IsSame(read, again));
+  return 0;
+}
