@@ -34,8 +34,9 @@ class CloseInside : public PluginFixture {
   }
   // A menu, a dialog or something dropped down, which is the one window without a caption.
   static bool IsLoopOpen() {
-    const auto isOpen = [](const char* caption) { return FakeHost::Find(caption) != nullptr; };
-    return FakeHost::Find("", "#32768") || isOpen("About") || isOpen("") || isOpen("New Task") || isOpen("Delete task");
+    const std::string captions[] = {"", "About", "New Task", "Delete task"};
+    return FakeHost::Find("", "#32768") ||
+           std::ranges::any_of(captions, [](const auto& c) { return FakeHost::Find(c); });
   }
   // One record, due all the time once it is enabled: 9420 kHz, AM.
   bool WriteTask(bool enabled) const {
