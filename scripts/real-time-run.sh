@@ -7,7 +7,8 @@ cd "$(dirname "$0")/.."
 . scripts/common.sh
 programs=$(realpath "${1:-$BUILD_DIR/bin}")
 if [ -z "${MARLUX_REAL_TIME_SCREEN:-}" ]; then
-  export MARLUX_WINE=${MARLUX_WINE:-$BUILD_DIR/wine-real-time} MARLUX_REAL_TIME_SCREEN=1
+  # Not the one of tests around this: it is ended with its screen.
+  export MARLUX_WINE=${MARLUX_REAL_TIME_WINE:-$BUILD_DIR/wine-real-time} MARLUX_REAL_TIME_SCREEN=1
   exec scripts/with-display.sh "$0" "$programs"
 fi
 use_own_wine
