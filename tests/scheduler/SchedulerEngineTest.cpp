@@ -14,9 +14,7 @@
 
 using testing::ElementsAre;
 
-namespace {
-uint32_t allocations = 0;  // of the whole program
-}
+static uint32_t allocations = 0;  // of the whole program
 
 [[gnu::noinline]] void* operator new(size_t bytes) {
   ++allocations;

@@ -35,7 +35,6 @@ class SchedulerFixture : public testing::Test, public SchedulerOwner {
     open();
     EXPECT_TRUE(acted_) << caption;
   }
-  void NewTask() const { SendMessageA(scheduler_->Handle(), WM_USER, 0, 0); }
   // Of a drawn control, by its place among those of its kind.
   template <class Control>
   static void Click(TmyComponent& window, int index) {

@@ -1,6 +1,6 @@
 #include "scheduler/TaskFile.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <windows.h>
 
 #include <thread>
@@ -18,23 +18,13 @@ std::string TwoTasks() {
   return ReadFileBytes("tests/scheduler/data/tasks.mxt");
 }
 
-// What the debugger would see.
-class TracedLines {
- public:
-  TracedLines() { Trace::SwitchOn(true), text_.clear(), handler_ = AddVectoredExceptionHandler(1, &Take); }
-  ~TracedLines() { Trace::SwitchOn(false), RemoveVectoredExceptionHandler(handler_); }
-  static std::string Text() { return text_.substr(0, text_.find_first_of("\r\n")); }
-
- private:
-  static LONG CALLBACK Take(EXCEPTION_POINTERS* told) {
-    const EXCEPTION_RECORD& record = *told->ExceptionRecord;
-    if (record.ExceptionCode != DBG_PRINTEXCEPTION_C) return EXCEPTION_CONTINUE_SEARCH;
-    text_ += reinterpret_cast<const char*>(record.ExceptionInformation[1]);
-    return EXCEPTION_CONTINUE_EXECUTION;
-  }
-  static inline std::string text_;
-  void* handler_;
-};
+std::string traced;  // what the debugger would see
+LONG CALLBACK TakeTrace(EXCEPTION_POINTERS* told) {
+  const EXCEPTION_RECORD& record = *told->ExceptionRecord;
+  if (record.ExceptionCode != DBG_PRINTEXCEPTION_C) return EXCEPTION_CONTINUE_SEARCH;
+  traced += reinterpret_cast<const char*>(record.ExceptionInformation[1]);
+  return EXCEPTION_CONTINUE_EXECUTION;
+}
 
 class TaskFileTest : public testing::Test {
  protected:
@@ -79,11 +69,12 @@ TEST_F(TaskFileTest, AppendsAllOfAFileOrNothing) {
   EXPECT_TRUE(Load());
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), TwoTasks()));
   const HANDLE holder = CreateFileA(path_.Chars(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  {
-    const TracedLines lines;
-    EXPECT_FALSE(Load());
-    EXPECT_EQ(lines.Text(), "File not opened, err=32");
-  }
+  void* const handler = AddVectoredExceptionHandler(1, &TakeTrace);
+  Trace::SwitchOn(true);
+  EXPECT_FALSE(Load());
+  Trace::SwitchOn(false);
+  RemoveVectoredExceptionHandler(handler);
+  EXPECT_THAT(traced, testing::StartsWith("File not opened, err=32"));
   CloseHandle(holder);
   // A read that fails behind the second record: the other end of a pipe goes.
   constexpr char kPipe[] = "\\\\.\\pipe\\marlux-tasks";

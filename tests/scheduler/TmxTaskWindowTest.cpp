@@ -15,12 +15,8 @@ class TmxTaskWindowTest : public SchedulerFixture {
   TmxTask Edited(const TmxTask& task, std::function<void(TmyComponent&)> act) {
     TmxTask edited = task;
     auto* editor = new TmxTaskWindow(*this, *scheduler_);
-    In(
-        "New Task", [&] { EXPECT_TRUE(editor->Edit(edited)); },
-        [&](TmyComponent& dialog) {
-          act(dialog);
-          SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0);
-        });
+    const auto open = [&] { EXPECT_TRUE(editor->Edit(edited)); };
+    In("New Task", open, [&](TmyComponent& dialog) { act(dialog), SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0); });
     editor->Destroy();
     return edited;
   }
