@@ -28,6 +28,7 @@ TEST(TaskDue, FollowsDaysDatesAndTimes) {
     bool isDue;
   } kCases[] = {
       {"before the window", 3600, 7200, 127, March(1), March(9), 1, March(5, 3599), false},
+      {"its first second", 3600, 7200, 127, March(1), March(9), 1, March(5, 3600), true},
       {"its last second", 3600, 7200, 127, March(1), March(9), 1, March(5, 7200), true},
       {"to the end of that second", 3600, 7200, 127, March(1), March(9), 1,
        TaskDate::FromTicks(March(5, 7201).Ticks() - 1), true},
