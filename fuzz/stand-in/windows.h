@@ -177,6 +177,7 @@ HANDLE CreateFileMappingA(HANDLE file, void*, DWORD, DWORD, DWORD, const char*);
 void* MapViewOfFile(HANDLE mapping, DWORD, DWORD, DWORD, SIZE_T);
 BOOL UnmapViewOfFile(const void* view);
 DWORD GetFileAttributesA(const char* name);
+inline void Sleep(DWORD) noexcept {}  // nothing here is held by somebody else for a while
 BOOL DeleteFileA(const char* name);
 BOOL MoveFileExA(const char* from, const char* to, DWORD flags);
 BOOL CreateDirectoryA(const char* name, void*);

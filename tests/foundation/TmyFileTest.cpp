@@ -54,7 +54,7 @@ TEST(SwapFileTest, ReplacesWholeOrNotAtAll) {
 TEST(SwapFileTest, AHeldFileIsWrittenOverWhereItsHolderLetsOthersWrite) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");
-  for (const DWORD share : {FILE_SHARE_READ, FILE_SHARE_READ | FILE_SHARE_WRITE}) {
+  for (const DWORD share : {DWORD{FILE_SHARE_READ}, TmyFile::kShareAll}) {
     ASSERT_TRUE(WriteFileBytes(name, "old"));
     const HANDLE holder = CreateFileA(name.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr);
     SwapFile file(name.c_str());

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cmath>
-#include <filesystem>
 #include <random>
 #include <sstream>
 #include <string>
@@ -61,7 +60,8 @@ void ExpectSame(const EibiItem& item, const std::string& line) {
 }  // namespace
 
 TEST(EibiReader, AgreesWithAPlainCutOfEveryLine) {
-  const std::string folder = std::filesystem::path(SeasonArchive()).parent_path().string();
+  const std::string archive = SeasonArchive();
+  const std::string folder = archive.substr(0, archive.rfind('\\'));
   std::istringstream lines(ReadFileBytes(folder + "/eibi.txt"));
   const auto items = LoadEibi(folder.c_str());
   uint32_t next = 0;
