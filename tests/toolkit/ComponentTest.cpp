@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "tests/toolkit/ControlFixture.h"
@@ -116,17 +117,13 @@ TEST_F(ComponentTest, TwoReleasesCloseInTimeAndPlaceAreADoubleClick) {
   const int width = GetSystemMetrics(SM_CXDOUBLECLK);
   const UINT formerTime = GetDoubleClickTime();
   SetDoubleClickTime(100);
-  const struct {
-    int dx;
-    uint32_t pause;
-    size_t events;
-  } cases[] = {{width - 1, 0, 3}, {width, 0, 2}, {-width, 0, 2}, {0, 160, 2}};
-  for (const auto& c : cases) {
+  const std::tuple<int, uint32_t, size_t> cases[] = {{width - 1, 0, 3}, {width, 0, 2}, {-width, 0, 2}, {0, 160, 2}};
+  for (const auto& [dx, pause, events] : cases) {
     PumpFor(160);  // the case before is forgotten
     Input::Mouse(*window_, WM_LBUTTONUP, 60, 60, 0);
-    if (c.pause) PumpFor(c.pause);
-    Input::Mouse(*window_, WM_LBUTTONUP, 60 + c.dx, 60, 0);
-    EXPECT_EQ(Heard().size(), c.events) << c.dx << " px, " << c.pause << " ms";
+    PumpFor(pause);
+    Input::Mouse(*window_, WM_LBUTTONUP, 60 + dx, 60, 0);
+    EXPECT_EQ(Heard().size(), events) << dx << " px, " << pause << " ms";
   }
   SetDoubleClickTime(formerTime);
 }

@@ -47,12 +47,11 @@ inline void Wheel(const TmyComponent& control, int notches) {
 
 // With Shift or Ctrl held, as the thread's key state says it.
 inline void Key(const TmyComponent& control, uint32_t key, int modifier = 0, LPARAM flags = 1) {
-  BYTE before[256] = {}, state[256] = {};
-  GetKeyboardState(before);
-  if (modifier != 0) state[modifier] = 0x80;
-  SetKeyboardState(state);
+  BYTE released[256] = {}, held[256] = {};
+  if (modifier != 0) held[modifier] = 0x80;
+  SetKeyboardState(held);
   SendMessageA(control.Handle(), WM_KEYDOWN, key, flags);
-  SetKeyboardState(before);
+  SetKeyboardState(released);
 }
 
 inline void Type(const TmyComponent& control, std::string_view text) {
@@ -66,12 +65,6 @@ inline void Tick(const TmyComponent& control) {
 inline void Pump() {
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
-}
-
-inline int WheelLines() {
-  UINT lines = 0;
-  SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-  return static_cast<int>(lines);
 }
 
 }  // namespace Input

@@ -16,7 +16,6 @@ TEST_F(DebugListingTest, NamesTheKindsAndWritesALineForEach) {
   Tmy_Btn button(*window_, "Go");
   Tmy_Label label(*window_, "text");
   const std::pair<const TmyControl*, const char*> kKinds[] = {
-      {window_, "Window"},
       {&button, "Button"},
       {new TmyEdit(*window_), "Edit"},
       {new TmyFrequencyEdit(*window_), "IntEdit"},
@@ -34,7 +33,7 @@ TEST_F(DebugListingTest, NamesTheKindsAndWritesALineForEach) {
   listing.Remove(button);
   ASSERT_EQ(listing.Count(), 2u);
   EXPECT_EQ(listing.LineOf(0),
-            Formatted("   0: [%8u]	<    Window:%p-%6lx>	Input", window_->Stamp(),
+            Formatted("   0: [%8u]\t<    Window:%p-%6lx>\tInput", window_->Stamp(),
                       static_cast<void*>(static_cast<TmyControl*>(window_)), HandleToUlong(window_->Handle())));
   EXPECT_EQ(listing.LineOf(1), Formatted("   1: [%8u]\t<    _Label:%p>\ttext", label.Stamp(),
                                          static_cast<void*>(static_cast<TmyControl*>(&label))));

@@ -17,22 +17,19 @@ class GridGeometryTest : public testing::Test {
 };
 
 TEST_F(GridGeometryTest, DividesTheClientArea) {
-  const struct {
-    const char* what;
-    uint32_t records;
-    int width, height;
-    std::tuple<bool, bool, LONG, LONG> shown;  // the bars, then the area's right and bottom
-  } kCases[] = {
+  // What is shown: the bars, then the area's right and bottom.
+  using Shown = std::tuple<bool, bool, LONG, LONG>;
+  const std::tuple<const char*, uint32_t, int, int, Shown> kCases[] = {
       {"all fits", 5, 222, 122, {false, false, 221, 121}},
       {"a vertical bar makes a horizontal one necessary", 6, 222, 122, {true, true, 207, 107}},
       {"a horizontal bar makes a vertical one necessary", 5, 221, 122, {true, true, 206, 107}},
       {"no room at all", 5, 0, 0, {true, true, 1, 1}},
       {"more rows than pixels can count", 0xFFFFFFFE, 300, 122, {true, false, 285, 121}},
   };
-  for (const auto& c : kCases) {
-    layout_.records = c.records;
-    const View view = ViewOf(layout_, c.width, c.height, 14);
-    EXPECT_EQ(std::tuple(view.vertical, view.horizontal, view.area.right, view.area.bottom), c.shown) << c.what;
+  for (const auto& [what, records, width, height, shown] : kCases) {
+    layout_.records = records;
+    const View view = ViewOf(layout_, width, height, 14);
+    EXPECT_EQ(Shown(view.vertical, view.horizontal, view.area.right, view.area.bottom), shown) << what;
   }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -12,10 +13,8 @@ constexpr int64_t kHuge = std::numeric_limits<int64_t>::max();
 constexpr int kMinimum = 20;
 
 TEST(ScrollGeometry, PlacesTheThumb) {
-  const struct {
-    Range range;
-    int track, begin, length;
-  } kCases[] = {
+  const std::tuple<Range, int, int, int> kCases[] = {
+      // range, track; the thumb's begin and length
       {{100, 100, 0}, 200, 0, 0},       // everything is shown
       {{100, 50, 0}, 20, 0, 0},         // no room for a thumb
       {{100, 50, 999}, 200, 100, 100},  // a position outside counts as the nearest inside
@@ -24,10 +23,10 @@ TEST(ScrollGeometry, PlacesTheThumb) {
       {{kHuge, 1000, kHuge - 1000}, 30000, 29980, 20},
       {{kHuge, kHuge / 2, kHuge - kHuge / 2}, 200, 101, 99},
   };
-  for (const auto& c : kCases) {
-    const Thumb thumb = ThumbOf(c.range, c.track, kMinimum);
-    EXPECT_EQ(std::pair(thumb.begin, thumb.length), std::pair(c.begin, c.length))
-        << c.range.total << " at " << c.range.position;
+  for (const auto& [range, track, begin, length] : kCases) {
+    const Thumb thumb = ThumbOf(range, track, kMinimum);
+    EXPECT_EQ(std::pair(thumb.begin, thumb.length), std::pair(begin, length))
+        << range.total << " at " << range.position;
   }
 }
 

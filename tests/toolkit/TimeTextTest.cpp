@@ -44,14 +44,11 @@ std::string Typed(int32_t start, int caret, std::string_view keys, int32_t maxim
 
 TEST(TimeText, TypingKeepsTheMask) {
   const std::tuple<int, const char*, const char*> cases[] = {
-      {0, "2", "2|0:45:59"},   // 25 is no hour
-      {0, "24", "2|0:45:59"},  // 24 is no hour either
-      {0, "93", "09:3|5:59"},  // a digit that cannot begin the hours fills them
-      {2, "1", "15:1|5:59"},   // from before a colon
-      {0, "0", "0|5:45:59"},  {0, "2330159", "23:30:15|"}, {3, "6", "15:06:|59"},   {0, "1:30", "01:30:|59"},
-      {0, ":", "|15:45:59"},  {8, ":", "15:45:59|"},       {8, "<<<", "15:4|0:00"}, {0, "<", "|15:45:59"},
-      {1, ">>", "10:0|5:59"}, {8, ">", "15:45:59|"},
-  };
+      {0, "2", "2|0:45:59"},  {0, "24", "2|0:45:59"},  // neither 25 nor 24 is an hour
+      {0, "93", "09:3|5:59"}, {3, "6", "15:06:|59"},   // a digit that cannot begin a field fills it
+      {2, "1", "15:1|5:59"},  {0, "0", "0|5:45:59"},  {0, "2330159", "23:30:15|"}, {0, "1:30", "01:30:|59"},
+      {0, ":", "|15:45:59"},  {8, ":", "15:45:59|"},  {8, "<<<", "15:4|0:00"},     {0, "<", "|15:45:59"},
+      {1, ">>", "10:0|5:59"}, {8, ">", "15:45:59|"}};
   for (const auto& [caret, keys, after] : cases)
     EXPECT_EQ(Typed(56759, caret, keys, kLast), after) << keys;  // 15:45:59
   EXPECT_EQ(Typed(56759, 0, "24", kDay), "24:|00:00");

@@ -1,5 +1,7 @@
 #include "toolkit/TmyComboBox2.h"
 
+#include <tuple>
+
 #include "tests/toolkit/ControlFixture.h"
 #include "toolkit/DropDownPlace.h"
 #include "toolkit/TmyListBox.h"
@@ -7,21 +9,17 @@
 namespace {
 
 TEST(DropDownPlaceTest, KeepsOffTheFieldAndOnTheScreen) {
-  const struct {
-    const char* name;
-    RECT field;
-    int rows, textWidth;
-    RECT place;
-  } kCases[] = {
+  const std::tuple<const char*, RECT, int, int, RECT> kCases[] = {
+      // field, rows, text width, place
       {"wide, with a scroll bar", {10, 100, 110, 120}, 13, 200, {10, 120, 226, 362}},
       {"at the right edge", {950, 100, 1050, 120}, 3, 50, {900, 120, 1000, 182}},
       {"at the bottom", {10, 700, 110, 720}, 12, 50, {10, 458, 110, 700}},
       {"more room above, not enough", {10, 210, 110, 690}, 12, 50, {10, 8, 110, 210}},
       {"more room below, not enough", {10, 110, 110, 590}, 12, 50, {10, 590, 110, 792}},
   };
-  for (const auto& c : kCases) {
-    const RECT place = DropDownPlace::Of(c.field, {0, 0, 1000, 800}, c.rows, 20, c.textWidth, 14);
-    EXPECT_TRUE(EqualRect(&place, &c.place)) << c.name;
+  for (const auto& [name, field, rows, textWidth, expected] : kCases) {
+    const RECT place = DropDownPlace::Of(field, {0, 0, 1000, 800}, rows, 20, textWidth, 14);
+    EXPECT_TRUE(EqualRect(&place, &expected)) << name;
   }
 }
 
@@ -55,19 +53,16 @@ class ComboBoxTest : public ControlFixture {
 };
 
 TEST_F(ComboBoxTest, WhileClosedKeysAndTypingChooseAtOnce) {
-  const struct {
-    uint32_t key;
-    const char* typed;
-    int32_t before, after;
-  } kCases[] = {{VK_DOWN, "", 1, 2}, {VK_DOWN, "", 4, 4},    {VK_UP, "", -1, 0},
-                {VK_END, "", 1, 4},  {VK_HOME, "cHa", 1, 2}, {VK_RETURN, "x", 1, 1}};
-  for (const auto& c : kCases) {
-    combo_->SetSelection(c.before);
+  const std::tuple<uint32_t, const char*, int32_t, int32_t> kCases[] = {{VK_DOWN, "", 1, 2},    {VK_DOWN, "", 4, 4},
+                                                                        {VK_UP, "", -1, 0},     {VK_END, "", 1, 4},
+                                                                        {VK_HOME, "cHa", 1, 2}, {VK_RETURN, "x", 1, 1}};
+  for (const auto& [key, typed, before, after] : kCases) {
+    combo_->SetSelection(before);
     events_ = 0;
-    Input::Key(*combo_, c.key);
-    Input::Type(*combo_, c.typed);
-    EXPECT_EQ(combo_->Selection(), c.after) << c.key << c.typed;
-    EXPECT_EQ(events_ > 0, c.before != c.after) << c.key << c.typed;
+    Input::Key(*combo_, key);
+    Input::Type(*combo_, typed);
+    EXPECT_EQ(combo_->Selection(), after) << key << typed;
+    EXPECT_EQ(events_ > 0, before != after) << key << typed;
   }
   Input::Wheel(*combo_, -1);
   EXPECT_EQ(window_->wheels, 1);  // it belongs to the parent
@@ -76,10 +71,7 @@ TEST_F(ComboBoxTest, WhileClosedKeysAndTypingChooseAtOnce) {
 
 TEST_F(ComboBoxTest, OpensAndClosesByKeys) {
   constexpr UINT kPlain = WM_KEYDOWN, kAlt = WM_SYSKEYDOWN;
-  const struct {
-    UINT openMessage, open, closeMessage, close;
-    bool takes;
-  } kCases[] = {
+  const std::tuple<UINT, uint32_t, UINT, uint32_t, bool> kCases[] = {
       {kPlain, VK_F4, kPlain, VK_ESCAPE, false}, {kAlt, VK_DOWN, kPlain, VK_RETURN, true},
       {kAlt, VK_UP, kAlt, VK_UP, true},          {kPlain, VK_F4, kPlain, VK_F4, true},
       {kPlain, VK_F4, kAlt, VK_F10, false},      {kPlain, VK_F4, kPlain, VK_TAB, true},
@@ -87,23 +79,23 @@ TEST_F(ComboBoxTest, OpensAndClosesByKeys) {
   const auto press = [this](UINT message, uint32_t key) {
     SendMessageA(combo_->Handle(), message, key, message == kAlt && key != VK_F10 ? 0x20000001 : 1);
   };
-  for (const auto& c : kCases) {
+  for (const auto& [openMessage, open, closeMessage, close, takes] : kCases) {
     combo_->TakeFocus();
     combo_->SetSelection(1);
     events_ = 0;
-    press(c.openMessage, c.open);
-    ASSERT_TRUE(combo_->IsDropped()) << c.open;
+    press(openMessage, open);
+    ASSERT_TRUE(combo_->IsDropped()) << open;
     EXPECT_EQ(GetFocus(), combo_->Handle());
     Input::Type(*combo_, "del");
     Input::Key(*combo_, VK_DOWN);
-    EXPECT_EQ(combo_->OpenList()->Selection(), 4) << c.close;
-    EXPECT_EQ(events_, 0) << c.close;
-    press(c.closeMessage, c.close);
+    EXPECT_EQ(combo_->OpenList()->Selection(), 4) << close;
+    EXPECT_EQ(events_, 0) << close;
+    press(closeMessage, close);
     Input::Pump();
-    EXPECT_FALSE(combo_->IsDropped()) << c.close;
-    EXPECT_EQ(combo_->Selection(), c.takes ? 4 : 1) << c.close;
-    EXPECT_EQ(events_, c.takes ? 1 : 0) << c.close;
-    EXPECT_EQ(GetFocus(), c.close == VK_TAB ? other_->Handle() : combo_->Handle()) << c.close;
+    EXPECT_FALSE(combo_->IsDropped()) << close;
+    EXPECT_EQ(combo_->Selection(), takes ? 4 : 1) << close;
+    EXPECT_EQ(events_, takes ? 1 : 0) << close;
+    EXPECT_EQ(GetFocus(), close == VK_TAB ? other_->Handle() : combo_->Handle()) << close;
   }
   EXPECT_EQ(window_->escapes, 0);
 }
@@ -132,6 +124,7 @@ TEST_F(ComboBoxTest, TheScrollBarBorrowsTheMouse) {
   combo_->DropDown(true);
   const TmyScrollBar& bar = combo_->OpenList()->ScrollBar();
   Captured(bar, WM_LBUTTONDOWN, 5, 8);
+  EXPECT_EQ(GetCapture(), bar.Handle());
   Captured(bar, WM_MOUSEMOVE, 5, 500);
   Captured(bar, WM_LBUTTONUP, 5, 500);
   EXPECT_EQ(combo_->OpenList()->TopItem(), 105 - DropDownPlace::kMaximumRows);

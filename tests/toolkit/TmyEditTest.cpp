@@ -58,6 +58,7 @@ TEST_F(TmyEditTest, TheTextLineStandsInTheMiddle) {
   GetWindowRect(edit_->Handle(), &all);
   GetClientRect(edit_->Handle(), &client);
   MapWindowPoints(edit_->Handle(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+  EXPECT_EQ(client.bottom - client.top, TmyApplication::Get().Theme().TextHeight());
   EXPECT_EQ(client.top - all.top, all.bottom - client.bottom);
   EXPECT_GT(client.left, all.left + 1);
   // A click into the padding is one into the text.

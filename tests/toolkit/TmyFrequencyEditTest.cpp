@@ -18,6 +18,8 @@ TEST_F(TmyFrequencyEditTest, TheValueFollowsEachCharacter) {
   }
   Input::Key(*edit_, VK_RETURN);
   EXPECT_EQ(edit_->Text(), "6005");  // "6.005M1" is no frequency
+  edit_->SetValue(TmyFrequencyEdit::kHighest + 1);
+  EXPECT_EQ(edit_->Text(), "4294967.295");
 }
 
 TEST_F(TmyFrequencyEditTest, StepsByKhzAndByChannelsWithinTheReceiversBounds) {

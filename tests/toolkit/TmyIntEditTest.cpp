@@ -32,8 +32,8 @@ TEST_F(TmyIntEditTest, TypedAndPastedTextsAndWhatCommittingMakesOfThem) {
 }
 
 TEST_F(TmyIntEditTest, StepsWithinTheBoundsAndTells) {
-  const std::tuple<int64_t, uint32_t, int64_t> cases[] = {
-      {495, VK_UP, 496}, {495, VK_PRIOR, 500}, {500, VK_UP, 500}, {0, VK_DOWN, -1}, {-45, VK_NEXT, -50}};
+  const std::tuple<int64_t, uint32_t, int64_t> cases[] = {{495, VK_UP, 496}, {495, VK_PRIOR, 500}, {500, VK_UP, 500},
+                                                          {0, VK_DOWN, -1},  {500, VK_NEXT, 490},  {-45, VK_NEXT, -50}};
   for (const auto& [from, key, value] : cases) {
     edit_->SetValue(from);
     changes_ = 0;

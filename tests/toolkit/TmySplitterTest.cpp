@@ -1,5 +1,7 @@
 #include "toolkit/TmySplitter.h"
 
+#include <tuple>
+
 #include "tests/toolkit/ControlFixture.h"
 
 namespace {
@@ -7,18 +9,15 @@ namespace {
 using SplitterGeometry::Keeps;
 
 TEST(SplitterGeometry, GivesTheKeptSideItsLengthWithinTheLeastOnes) {
-  const struct {
-    int total;
-    Keeps keeps;
-    int wanted, first, second;
-  } kCases[] = {
+  const std::tuple<int, Keeps, int, int, int> kCases[] = {
+      // total, kept, wanted; first, second
       {400, Keeps::kFirst, 100, 100, 290}, {400, Keeps::kSecond, 100, 290, 100}, {300, Keeps::kFirst, -5, 20, 270},
       {300, Keeps::kFirst, 999, 260, 30},  {300, Keeps::kSecond, 999, 20, 270},  {300, Keeps::kSecond, 0, 260, 30},
       {50, Keeps::kFirst, 35, 10, 30},     {25, Keeps::kFirst, 35, 0, 15},       {5, Keeps::kSecond, 35, 0, 0},
   };
-  for (const auto& c : kCases) {
-    const SplitterGeometry::Parts parts = SplitterGeometry::Divided({c.total, 10, 20, 30}, c.keeps, c.wanted);
-    EXPECT_EQ(std::pair(parts.first, parts.second), std::pair(c.first, c.second)) << c.total << " with " << c.wanted;
+  for (const auto& [total, keeps, wanted, first, second] : kCases) {
+    const SplitterGeometry::Parts parts = SplitterGeometry::Divided({total, 10, 20, 30}, keeps, wanted);
+    EXPECT_EQ(std::pair(parts.first, parts.second), std::pair(first, second)) << total << " with " << wanted;
   }
 }
 
@@ -26,15 +25,19 @@ class TmySplitterTest : public ControlFixture {
  protected:
   void Prepare() override {
     splitter_ = new TmySplitter2(*window_, Keeps::kSecond);
-    splitter_->SetLeast(20, 30);
-    splitter_->SetLength(100);
-    Listen(splitter_->moved);
-    splitter_->done.Bind<&TmySplitterTest::Done>(this);
-    splitter_->Place({10, 10, 310, 210});
+    upDown_ = new TmySplitter(*window_);
+    for (TmySplitter* splitter : {upDown_, static_cast<TmySplitter*>(splitter_)}) {
+      splitter->SetLeast(20, 30);
+      splitter->SetLength(100);
+      Listen(splitter->moved);
+      splitter->done.Bind<&TmySplitterTest::Done>(this);
+      splitter->Place({10, 10, 310, 210});
+    }
   }
   void Done(TmySplitter&) { ++done_; }
 
   TmySplitter2* splitter_ = nullptr;
+  TmySplitter* upDown_ = nullptr;
   int done_ = 0;
 };
 
@@ -58,8 +61,8 @@ TEST_F(TmySplitterTest, IsDraggedAndMovedByKeysAndTellsWhenItIsLeft) {
 }
 
 TEST_F(TmySplitterTest, MayBeDestroyedByItsOwnersHandlers) {
-  CloseDuring([this] { Input::Key(*splitter_, VK_LEFT); });
-  CloseDuring([this] { Input::Drag(*splitter_, 3, 3, -20, 3); });
+  CloseDuring([this] { Input::Key(*upDown_, VK_DOWN); });
+  CloseDuring([this] { Input::Drag(*upDown_, 3, 3, 3, 20); });
   EXPECT_EQ(done_, 0);
 }
 

@@ -18,22 +18,18 @@ class TmyTimeEditTest : public EditFixture {
 };
 
 TEST_F(TmyTimeEditTest, TypingOverASelectionStartsFromZerosAndTellsChanges) {
-  const struct {
-    int begin, end;
-    const char *typed, *after;
-    int caret, changes;
-  } cases[] = {
+  const std::tuple<int, int, const char*, const char*, int, int> cases[] = {
       {0, 8, "2330", "23:30:00", 6, 3}, {3, 5, "7", "15:07:59", 6, 1},  {0, 2, ":3", "15:35:59", 4, 1},
       {3, 8, "\b", "15:00:00", 3, 1},   {5, 5, "\b", "15:40:59", 4, 1}, {0, 0, "ab-", "15:45:59", 0, 0},
       {0, 0, "12", "12:45:59", 3, 1},  // the 1 stood there before
   };
-  for (const auto& c : cases) {
-    Start(c.begin, c.end);
-    Input::Type(*edit_, c.typed);
-    EXPECT_EQ(edit_->Text(), c.after) << c.typed;
-    EXPECT_EQ(Selection(*edit_), std::pair(c.caret, c.caret)) << c.typed;
-    EXPECT_EQ(changes_, c.changes) << c.typed;
-    EXPECT_EQ(edit_->Value(), *TimeText::ParseTime(c.after));
+  for (const auto& [begin, end, typed, after, caret, changes] : cases) {
+    Start(begin, end);
+    Input::Type(*edit_, typed);
+    EXPECT_EQ(edit_->Text(), after) << typed;
+    EXPECT_EQ(Selection(*edit_), std::pair(caret, caret)) << typed;
+    EXPECT_EQ(changes_, changes) << typed;
+    EXPECT_EQ(edit_->Value(), *TimeText::ParseTime(after));
   }
   SendMessageA(edit_->Handle(), EM_UNDO, 0, 0);
   EXPECT_EQ(edit_->Text(), "15:45:59");
