@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <utility>
 
+#include "toolkit/BackBuffer.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
@@ -45,16 +47,19 @@ inline void Wheel(const TmyComponent& control, int notches) {
 
 // With Shift or Ctrl held, as the thread's key state says it.
 inline void Key(const TmyComponent& control, uint32_t key, int modifier = 0, LPARAM flags = 1) {
-  BYTE before[256] = {}, state[256] = {};
-  GetKeyboardState(before);
-  if (modifier != 0) state[modifier] = 0x80;
-  SetKeyboardState(state);
+  BYTE released[256] = {}, held[256] = {};
+  if (modifier != 0) held[modifier] = 0x80;
+  SetKeyboardState(held);
   SendMessageA(control.Handle(), WM_KEYDOWN, key, flags);
-  SetKeyboardState(before);
+  SetKeyboardState(released);
 }
 
 inline void Type(const TmyComponent& control, std::string_view text) {
   for (const char c : text) SendMessageA(control.Handle(), WM_CHAR, static_cast<uint8_t>(c), 1);
+}
+
+inline void Tick(const TmyComponent& control) {
+  SendMessageA(control.Handle(), WM_TIMER, 1, 0);
 }
 
 inline void Pump() {
@@ -62,42 +67,51 @@ inline void Pump() {
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
 }
 
-inline int WheelLines() {
-  UINT lines = 0;
-  SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-  return static_cast<int>(lines);
-}
-
 }  // namespace Input
 
 class ControlFixture : public testing::Test {
  public:  // tables of functions reach in
+  void SetUp() override { Prepare(); }
   ~ControlFixture() override { Close(); }
+  virtual void Prepare() {}  // makes the controls in a new window
   void Close() {
     if (window_) std::exchange(window_, nullptr)->Destroy();
   }
+
   // What each handler of an event does: a control must survive what its owner does there.
   void Tell() {
     ++events_;
     if (destroyInEvent_) Close();
   }
+  template <class... Arguments>
+  void Raised(Arguments...) {
+    Tell();
+  }
+  template <class... Arguments>
+  void Listen(TmyEvent<Arguments...>& event) {
+    event.template Bind<&ControlFixture::Raised<Arguments...>>(this);
+  }
+  // The action raises an event in which the owner closes the window. Then there is a new one.
+  void CloseDuring(const std::function<void()>& action) {
+    destroyInEvent_ = true;
+    action();
+    destroyInEvent_ = false;
+    EXPECT_EQ(window_, nullptr) << "no event";
+    Close();
+    window_ = new InputWindow;
+    Prepare();
+  }
 
   // How many pixels have a colour in a part of a window, with the controls drawn in it.
   static std::map<COLORREF, int> Colors(const TmyComponent& window, const RECT& place) {
     std::map<COLORREF, int> colors;
-    const HDC screen = GetDC(nullptr);
-    const HDC dc = CreateCompatibleDC(screen);
-    const BitmapHandle bitmap(CreateCompatibleBitmap(screen, 640, 480));
-    ReleaseDC(nullptr, screen);
-    {
-      const Selected selected(dc, bitmap.get());
-      SendMessageA(window.Handle(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
-      SendMessageA(window.Handle(), WM_PAINT, reinterpret_cast<WPARAM>(dc), 0);
-      for (int y = place.top; y < place.bottom; ++y) {
-        for (int x = place.left; x < place.right; ++x) ++colors[GetPixel(dc, x, y)];
-      }
+    BackBuffer picture;
+    EXPECT_TRUE(picture.Resize(window.Handle(), 640, 480));
+    SendMessageA(window.Handle(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(picture.Dc()), 0);
+    SendMessageA(window.Handle(), WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc()), 0);
+    for (int y = place.top; y < place.bottom; ++y) {
+      for (int x = place.left; x < place.right; ++x) ++colors[GetPixel(picture.Dc(), x, y)];
     }
-    DeleteDC(dc);
     return colors;
   }
   int Accent(const TmyControl& control) const {

@@ -11,7 +11,7 @@ class EditFixture : public ControlFixture {
   Edit* Make(Args... args) {
     auto* edit = new Edit(*window_, args...);
     edit->changed.template Bind<&EditFixture::Changed>(this);
-    edit->committed.template Bind<&EditFixture::Committed>(this);
+    Listen(edit->committed);
     edit->SetBounds(10, 10, 120, TmyApplication::Get().Theme().FieldHeight());
     edit->Show(true);
     edit->TakeFocus();
@@ -22,23 +22,17 @@ class EditFixture : public ControlFixture {
     edit.SelectAll();
     Input::Type(edit, text);
   }
-  static void Paste(const TmyComponent& edit, const char* text) {
+  static void Paste(TmyEdit& edit, const char* text) {
+    edit.SelectAll();
     ASSERT_TRUE(SetClipboardText(edit.Handle(), text));
     SendMessageA(edit.Handle(), WM_PASTE, 0, 0);
   }
   // As "[begin,end)".
   static std::pair<int, int> Selection(const TmyComponent& edit) {
-    DWORD begin = 0, end = 0;
-    SendMessageA(edit.Handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&begin), reinterpret_cast<LPARAM>(&end));
-    return {begin, end};
+    const LRESULT selection = SendMessageA(edit.Handle(), EM_GETSEL, 0, 0);
+    return {LOWORD(selection), HIWORD(selection)};
   }
-
   void Changed(TmyEdit&) { ++changes_; }
-  void Committed(TmyEdit& edit) {
-    committedText_ = edit.Text();
-    Tell();
-  }
 
   int changes_ = 0;
-  TmyString committedText_;
 };

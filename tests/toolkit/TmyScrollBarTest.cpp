@@ -11,14 +11,12 @@ class ScrollBarTest : public ControlFixture {
  protected:
   TmyScrollBar* Make(Direction direction) {
     auto* bar = new TmyScrollBar(*window_, direction);
-    const int thickness = TmyScrollBar::Thickness();
-    direction == Direction::kVertical ? bar->SetBounds(0, 0, thickness, 200) : bar->SetBounds(0, 0, 200, thickness);
+    direction == Direction::kVertical ? bar->SetBounds(0, 0, 14, 200) : bar->SetBounds(0, 0, 200, 14);
     bar->Show(true);
     bar->SetRange(400, 200);
-    bar->scrolled.Bind<&ScrollBarTest::Scrolled>(this);
+    Listen(bar->scrolled);
     return bar;
   }
-  void Scrolled(TmyScrollBar&) { Tell(); }
 
   TmyScrollBar* bar_ = Make(Direction::kVertical);
 };
@@ -26,7 +24,6 @@ class ScrollBarTest : public ControlFixture {
 TEST_F(ScrollBarTest, DragsTheThumb) {
   bar_->SetPosition(1);
   Input::Mouse(*bar_, WM_LBUTTONDOWN, 5, 10);
-  EXPECT_EQ(GetCapture(), bar_->Handle());
   for (const auto& [y, position] : {std::pair{10, 1}, {35, 50}, {999, 200}}) {  // at first it has not moved
     Input::Mouse(*bar_, WM_MOUSEMOVE, 300, y);
     EXPECT_EQ(bar_->Position(), position);
@@ -45,15 +42,10 @@ TEST_F(ScrollBarTest, PagesInTheTrackUntilTheThumbIsUnderTheCursor) {
   window_->TakeFocus();
   Input::Mouse(*bar_, WM_LBUTTONDOWN, 5, 100);
   EXPECT_EQ(bar_->Position(), 180);  // a page less a line
-  for (int tick = 0; tick < 50; ++tick) SendMessageA(bar_->Handle(), WM_TIMER, 1, 0);
+  for (int tick = 0; tick < 50; ++tick) Input::Tick(*bar_);
   EXPECT_NEAR(static_cast<double>(bar_->Position()), 900, 180);
   EXPECT_EQ(GetFocus(), window_->Handle());  // it leaves the focus to its owner
-}
-
-TEST_F(ScrollBarTest, MayBeDestroyedByWhatItTells) {
-  destroyInEvent_ = true;
-  Input::Mouse(*bar_, WM_LBUTTONDOWN, 5, 150);
-  EXPECT_EQ(events_, 1);
+  CloseDuring([this] { Input::Click(*bar_, 5, 199); });
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "toolkit/TmyScrollPanel.h"
 
 #include "tests/toolkit/ControlFixture.h"
-#include "toolkit/BackBuffer.h"
 #include "toolkit/TmyEdit.h"
 #include "toolkit/TmyInvisiblePanel.h"
 #include "toolkit/Tmy_CheckBox.h"
@@ -21,9 +20,8 @@ class TwoFields : public TmyScrollPanel {
 
  protected:
   void PlaceContent(int width, int top) override {
-    const bool wide = width >= 200;
     box.SetBounds(0, top, 100, kRow);
-    edit->SetBounds(wide ? 100 : 0, wide ? top : top + kRow, 100, kRow);
+    edit->SetBounds(width >= 200 ? 100 : 0, top + ContentHeight(width) - kRow, 100, kRow);
   }
 };
 
@@ -37,10 +35,8 @@ TEST_F(TmyScrollPanelTest, ScrollsWhatDoesNotFit) {
   EXPECT_FALSE(panel_->IsScrollable());
   Input::Wheel(*panel_, -1);
   EXPECT_EQ(window_->wheels, 1) << "nothing to scroll: the parent's";
-  panel_->SetBounds(0, 0, 199, kRow);
-  EXPECT_TRUE(panel_->IsScrollable());
-  EXPECT_EQ(panel_->Bar().Bounds().right, 199);
   panel_->SetBounds(0, 0, 200, kRow - 1);
+  EXPECT_EQ(panel_->Bar().Bounds().right, 200);
   EXPECT_EQ(panel_->Bar().MaxPosition(), kRow + 1) << "the bar itself made the content higher";
   Input::Wheel(*panel_, -1);
   EXPECT_EQ(window_->wheels, 1);
@@ -65,24 +61,21 @@ class Field : public TmyPanel {
 };
 
 TEST_F(TmyScrollPanelTest, AnInvisiblePanelShowsWhatIsBelowAndTakesTheMouseOnlyForItsControls) {
-  auto* field = new Field(*window_);
-  field->SetBounds(0, 0, 200, 100);
-  auto* panel = new TmyInvisiblePanel(*field);
+  auto* panel = new TmyInvisiblePanel(*new Field(*window_));
+  panel->GetParent()->SetBounds(0, 0, 200, 100);
   Tmy_CheckBox box(*panel, "");
   panel->SetBounds(20, 40, 100, 50);
   box.SetBounds(0, 30, 20, 20);
   BackBuffer picture;
   ASSERT_TRUE(picture.Resize(panel->Handle(), 100, 50));
   panel->EraseBackground(picture.Dc());
-  for (const int y : {9, 20}) EXPECT_NE(GetPixel(picture.Dc(), 50, y), RGB(1, 2, 3));
-  for (const int y : {10, 19}) EXPECT_EQ(GetPixel(picture.Dc(), 50, y), RGB(1, 2, 3));
-  const auto hit = [&](int x, int y) {
-    POINT at = {x, y};
+  for (const int y : {9, 10, 19, 20}) EXPECT_EQ(GetPixel(picture.Dc(), 50, y) == RGB(1, 2, 3), y >= 10 && y < 20) << y;
+  const auto hit = [panel](POINT at) {
     ClientToScreen(panel->Handle(), &at);
     return SendMessageA(panel->Handle(), WM_NCHITTEST, 0, MAKELPARAM(at.x, at.y));
   };
-  EXPECT_EQ(hit(5, 35), HTCLIENT);
-  EXPECT_EQ(hit(50, 15), HTTRANSPARENT);
+  EXPECT_EQ(hit({5, 35}), HTCLIENT);
+  EXPECT_EQ(hit({50, 15}), HTTRANSPARENT);
 }
 
 }  // namespace
