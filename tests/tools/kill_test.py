@@ -134,7 +134,8 @@ def check_files(before, served, log, tasks_made):
 def count_leftovers(since):
     for path in [*DATA.glob("*.new"), *DOCUMENTS.glob("csv*.tmp")]:  # they stay, for the rounds to come
         if path.stat().st_mtime > since:
-            figures[f"kills inside the write of {path.name if path.suffix == '.new' else 'a CSV file'}"] += 1
+            kind = "a CSV file" if path.suffix == ".tmp" else "an archive" if ".zip" in path.name else path.stem
+            figures["kills inside the write of " + kind] += 1
 
 
 shutil.rmtree(DATA, ignore_errors=True)
