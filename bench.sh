@@ -3,14 +3,16 @@
 #   ./bench.sh              on the sample schedule
 #   ./bench.sh --data DIR   on the eibi.txt of a folder of yours, which is only read
 #   --only start|window|schedule|tasks|hfcc|recording|download   for a part of them
+#   --only soak [--minutes N]   a long time of everything: 8 hours in fast motion, then N minutes (20)
 set -euo pipefail
 data=
 only=()
 while [ $# -gt 0 ]; do
   case $1 in
     --data) data=$(cd "${2:?--data needs a folder}" && pwd); shift 2 ;;
-    --only) only=(--only "${2:?--only needs a name}"); shift 2 ;;
-    *) sed -n '2,5s/^# \{0,1\}//p' "$0"; exit 2 ;;
+    --only) only+=(--only "${2:?--only needs a name}"); shift 2 ;;
+    --minutes) only+=(--minutes "${2:?--minutes needs a number}"); shift 2 ;;
+    *) sed -n '2,6s/^# \{0,1\}//p' "$0"; exit 2 ;;
   esac
 done
 cd "$(dirname "$0")"

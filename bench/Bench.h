@@ -68,6 +68,8 @@ void BenchStart(const ScheduleText& schedule);
 void BenchWindow(const ScheduleText& schedule);
 void BenchSchedule(const ScheduleText& schedule);
 void BenchTasks(const ScheduleText& schedule);
+// In fast motion first, then so many minutes in real time.
+void BenchSoak(const ScheduleText& schedule, uint32_t minutes);
 // This one takes the folder that holds the archives.
 void BenchHfcc(const char* dataFolder);
 // And this one neither: it records.

@@ -1,6 +1,6 @@
-// Measured runs, started through bench.sh: marlux-bench --data DIR [--only PART] [--server PORT --curl MS], where DIR
-// holds an eibi.txt and PART is start, window, schedule, tasks, hfcc, recording or download; without a server nothing
-// is downloaded.
+// Measured runs, started through bench.sh: marlux-bench --data DIR [--only PART] [--server PORT --curl MS] [--minutes N],
+// where DIR holds an eibi.txt and PART is start, window, schedule, tasks, hfcc, recording, download or soak; without a
+// server nothing is downloaded. The soak takes N minutes (20) and some more, so it only runs when it is asked for.
 
 #include <cstdlib>
 #include <cstring>
@@ -34,8 +34,8 @@ int main(int argc, char** argv) {
   const char* curl = Option(argc, argv, "--curl");
   if (!folder) {
     fprintf(stderr,
-            "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|recording|download]"
-            " [--server PORT --curl MS]\n");
+            "usage: marlux-bench --data DIR [--only start|window|schedule|tasks|hfcc|recording|download|soak]"
+            " [--server PORT --curl MS] [--minutes N]\n");
     return 2;
   }
   const ScheduleText schedule(ReadWholeFile(std::string(folder) + "/eibi.txt"));
@@ -54,5 +54,7 @@ int main(int argc, char** argv) {
   if (server && curl && (!only || strcmp(only, "download") == 0)) {
     BenchDownload(static_cast<uint16_t>(atoi(server)), atof(curl));
   }
+  const char* minutes = Option(argc, argv, "--minutes");
+  if (only && strcmp(only, "soak") == 0) BenchSoak(schedule, minutes ? static_cast<uint32_t>(atoi(minutes)) : 20);
   return 0;
 }

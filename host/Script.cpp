@@ -5,6 +5,8 @@
 #include <charconv>
 #include <optional>
 
+#include "host/PluginWindows.h"
+
 namespace {
 
 // line := { blank } { word blank { blank } } ; word := '"' { any but '"' } '"' | { any but blank }
@@ -41,11 +43,15 @@ std::optional<uint32_t> Word(const std::string& word) {
 }  // namespace
 
 const Script::Command Script::kCommands[] = {
-    {"start", 0, 1, &Script::Start},   {"close", 1, 1, &Script::Close},     {"notify", 2, 5, &Script::Notify},
-    {"retune", 1, 1, &Script::Retune}, {"audio", 1, 4, &Script::Audio},     {"block", 1, 2, &Script::Block},
-    {"wait", 1, 1, &Script::Wait},     {"waitfor", 1, 2, &Script::WaitFor}, {"load", 1, 1, &Script::Load},
-    {"unload", 0, 0, &Script::Unload}, {"log", 1, 1, &Script::Log},         {"echo", 0, 99, &Script::Echo},
-    {"quit", 0, 0, &Script::Quit},
+    {"start", 0, 1, &Script::Start},       {"close", 1, 1, &Script::Close},
+    {"notify", 2, 5, &Script::Notify},     {"retune", 1, 1, &Script::Retune},
+    {"audio", 1, 4, &Script::Audio},       {"block", 1, 2, &Script::Block},
+    {"wait", 1, 1, &Script::Wait},         {"waitfor", 1, 2, &Script::WaitFor},
+    {"load", 1, 1, &Script::Load},         {"unload", 0, 0, &Script::Unload},
+    {"log", 1, 1, &Script::Log},           {"echo", 0, 99, &Script::Echo},
+    {"quit", 0, 0, &Script::Quit},         {"choose", 1, 1, &Script::Choose},
+    {"post", 2, 4, &Script::Post},         {"waitwindow", 1, 2, &Script::WaitWindow},
+    {"audiolog", 1, 1, &Script::AudioLog},
 };
 
 void Script::Step() {
@@ -65,14 +71,19 @@ void Script::Step() {
 bool Script::IsWaiting() {
   if (session_.IsUnloading()) return true;
   if (!waiting_) return false;
-  if (!waitText_.empty()) {
+  if (waitsForWindow_) {
+    waiting_ = !PluginWindows::Find(waitText_);
+  } else if (!waitText_.empty()) {
     const int64_t found = session_.Log().Find(waitText_, searchFrom_);
     if (found >= 0) searchFrom_ = found + 1;
     waiting_ = found < 0;
   }
   if (waiting_ && GetTickCount() - waitBegin_ >= waitMs_) {
     waiting_ = false;
-    if (!waitText_.empty()) Fail(waitLine_, "no line with \"" + waitText_ + Text("\" came in %u ms", waitMs_));
+    if (!waitText_.empty()) {
+      Fail(waitLine_,
+           (waitsForWindow_ ? "no window \"" : "no line with \"") + waitText_ + Text("\" came in %u ms", waitMs_));
+    }
   }
   return waiting_;
 }
@@ -176,6 +187,7 @@ bool Script::Wait(const Words& arguments) {
   const auto milliseconds = Word(arguments[0]);
   if (!milliseconds) return Complain("a time is a number of milliseconds");
   waitText_.clear();
+  waitsForWindow_ = false;
   waitLine_ = lineNumber_;
   waitBegin_ = GetTickCount();
   waitMs_ = *milliseconds;
@@ -183,14 +195,43 @@ bool Script::Wait(const Words& arguments) {
 }
 
 bool Script::WaitFor(const Words& arguments) {
+  return WaitForText(arguments, false);
+}
+
+bool Script::WaitWindow(const Words& arguments) {
+  return WaitForText(arguments, true);
+}
+
+bool Script::WaitForText(const Words& arguments, bool isCaption) {
   constexpr uint32_t kDefaultMs = 10000;
   const auto milliseconds = arguments.size() == 2 ? Word(arguments[1]) : kDefaultMs;
-  if (!milliseconds || arguments[0].empty()) return Complain("waitfor needs a text and a number of milliseconds");
+  if (!milliseconds || arguments[0].empty()) return Complain("this needs a text and a number of milliseconds");
+  waitsForWindow_ = isCaption;
   waitText_ = arguments[0];
   waitLine_ = lineNumber_;
   waitBegin_ = GetTickCount();
   waitMs_ = *milliseconds;
   return waiting_ = true;
+}
+
+bool Script::Choose(const Words& arguments) {
+  return PluginWindows::Choose(arguments[0]) || Complain("no window has this menu item");
+}
+
+bool Script::Post(const Words& arguments) {
+  std::vector<uint32_t> numbers;
+  for (size_t i = 1; i < arguments.size(); ++i) numbers.push_back(Word(arguments[i]).value_or(0));
+  numbers.resize(3);
+  const HWND window = PluginWindows::Find(arguments[0]);
+  if (!window) return Complain("there is no such window");
+  return PostMessageA(window, numbers[0], numbers[1], static_cast<LPARAM>(numbers[2]));
+}
+
+bool Script::AudioLog(const Words& arguments) {
+  const uint32_t blocks = Word(arguments[0]).value_or(0);
+  if (blocks == 0) return Complain("a number of blocks is wanted");
+  session_.LogAudioEvery(blocks);
+  return true;
 }
 
 bool Script::Load(const Words& arguments) {

@@ -122,14 +122,15 @@ void Session::DeliverAudio() {
 
 void Session::SendAudio() {
   const AudioHeader* const block = audio_.NextBlock();
-  if (audioBlocks_ % AudioSource::kBlocksPerSecond == 0) {
-    log_.Add(LogKind::kAudio, Text("%u blocks, the last with %u samples", audioBlocks_, block->sampleCount));
-  }
+  const uint32_t count = audioBlocks_, samples = block->sampleCount;  // an instance may start other audio
   const uint32_t subCode = audio_.SubCode();
   const std::vector<Instance> all = instances_;
   for (const Instance& instance : all) {
     if (!Find(instance.handle)) continue;
     module_.notify(instance.handle, Notification::kAudio, subCode, 0, reinterpret_cast<uint32_t>(block));
+  }
+  if (count % loggedBlocks_ == 0) {
+    log_.Add(LogKind::kAudio, Text("%u blocks, the last with %u samples", count, samples));
   }
 }
 

@@ -45,7 +45,8 @@ class Session {
   void Retune(int64_t hz);  // as a user at the receiver does
   void SetBlock(HostBlock::Shape shape, uint32_t size) { block_.SetShape(shape, size); }
 
-  void DeliverAudio();  // what is due; call it often
+  void DeliverAudio();                                             // what is due; call it often
+  void LogAudioEvery(uint32_t blocks) { loggedBlocks_ = blocks; }  // once all instances have had them; not 0
 
   // Closes the instances now and lets go of the library in FinishRequests.
   void RequestUnload();
@@ -92,6 +93,7 @@ class Session {
   AudioSource audio_;
   uint32_t audioBegin_ = 0;
   uint32_t audioBlocks_ = 0;  // since audioBegin_
+  uint32_t loggedBlocks_ = AudioSource::kBlocksPerSecond;
   bool deliveringAudio_ = false;
   bool unloadRequested_ = false;
   std::optional<int> exitCode_;

@@ -116,7 +116,8 @@ TEST_F(SessionTest, ScriptGoesOnInsideALoopOfThePlugin) {
 TEST_F(SessionTest, BadScriptsFail) {
   for (const char* line :
        {"nonsense", "start x", "start 4294967296", "close 5", "notify 1", "notify 1 0x", "audio loud", "audio tone 5",
-        "block size", "wait", "waitfor nothing 30", "retune -1", "load nothing.dll"}) {
+        "block size", "wait", "waitfor nothing 30", "waitwindow Nothing 30", "choose Nothing", "post Nothing 16",
+        "audiolog 0", "retune -1", "load nothing.dll"}) {
     CallLog log;
     Session session(log);
     Script script(session);

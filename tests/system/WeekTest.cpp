@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <random>
 
+#include "tests/support/ModuleClock.h"
 #include "tests/system/PluginFixture.h"
 
 namespace {
@@ -19,40 +20,10 @@ constexpr size_t kHeaderSize = 48;  // of a recording
 constexpr seconds kLocalOffset{5 * 3600 + 1800};
 constexpr sys_days kMonday = std::chrono::year(2026) / 3 / 2;
 constexpr sys_days kFirstDay = std::chrono::year(1601) / 1 / 1;
-sys_seconds now;  // UTC
+sys_seconds& now = ModuleClock::utc;
 
-uint64_t Ticks(sys_seconds time) {  // 100 ns since 1601
-  return static_cast<uint64_t>((time - kFirstDay) / seconds(1)) * 10'000'000;
-}
-
-SYSTEMTIME Calendar(sys_seconds time) {
-  const FILETIME ticks = {static_cast<DWORD>(Ticks(time)), static_cast<DWORD>(Ticks(time) >> 32)};
-  SYSTEMTIME calendar = {};
-  FileTimeToSystemTime(&ticks, &calendar);
-  return calendar;
-}
-
-void WINAPI Utc(SYSTEMTIME* time) {
-  *time = Calendar(now);
-}
-void WINAPI Local(SYSTEMTIME* time) {
-  *time = Calendar(now + kLocalOffset);
-}
-
-// From now on the loaded module calls `replacement` instead of what it imported under this name.
-bool Redirect(const char* function, void(WINAPI* replacement)(SYSTEMTIME*)) {
-  const auto base = reinterpret_cast<uintptr_t>(GetModuleHandleA("marlux3.dll"));
-  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + static_cast<uintptr_t>(dos->e_lfanew));
-  const IMAGE_DATA_DIRECTORY& table = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IAT];
-  const auto begin = reinterpret_cast<uintptr_t*>(base + table.VirtualAddress);
-  const auto end = begin + table.Size / sizeof(uintptr_t);
-  const auto real = reinterpret_cast<uintptr_t>(GetProcAddress(GetModuleHandleA("kernel32.dll"), function));
-  const auto place = std::find(begin, end, real);
-  DWORD before = 0;
-  if (place == end || !VirtualProtect(place, sizeof *place, PAGE_READWRITE, &before)) return false;
-  *place = reinterpret_cast<uintptr_t>(replacement);
-  return true;
+uint64_t Ticks(sys_seconds time) {
+  return ModuleClock::Ticks(time);
 }
 
 // One record of the task file.
@@ -113,7 +84,7 @@ struct Model {
     running = &*due;
     Called(0x800, static_cast<uint32_t>(due->frequency)), Called(0x900, due->mode);
     Called(0xF00, 0), Called(0x902, 5000), Called(0x1101, 0);
-    const SYSTEMTIME t = Calendar(isUtc ? now : now + kLocalOffset);
+    const SYSTEMTIME t = ModuleClock::Calendar(isUtc ? now : now + kLocalOffset);
     char name[80];
     std::snprintf(name, sizeof name, "task_%llu_%04u%02u%02u_%02u%02u%02u.wav", due->frequency, t.wYear, t.wMonth,
                   t.wDay, t.wHour, t.wMinute, t.wSecond);
@@ -193,6 +164,7 @@ void WeekTest::RunWeek(uint32_t set) {
 }  // namespace
 
 TEST_F(WeekTest, RecordsWhatTheModelRecords) {
-  ASSERT_TRUE(Redirect("GetSystemTime", &Utc) && Redirect("GetLocalTime", &Local));
+  ModuleClock::localOffset = kLocalOffset;
+  ASSERT_TRUE(ModuleClock::Replace("marlux3.dll"));
   for (uint32_t set = 0; set < kSets && !HasFailure(); ++set) RunWeek(set);
 }
