@@ -1,6 +1,7 @@
-// Measured runs, started through bench.sh: marlux-bench --data DIR [--only PART] [--server PORT --curl MS] [--minutes N],
-// where DIR holds an eibi.txt and PART is start, window, schedule, tasks, hfcc, recording, download or soak; without a
-// server nothing is downloaded. The soak takes N minutes (20) and some more, so it only runs when it is asked for.
+// Measured runs, started through bench.sh: marlux-bench --data DIR [--only PART] [--server PORT --curl MS] [--minutes
+// N], where DIR holds an eibi.txt and PART is start, window, schedule, tasks, hfcc, recording, download or soak;
+// without a server nothing is downloaded. The soak takes N minutes (20) and some more, so it only runs when it is asked
+// for.
 
 #include <cstdlib>
 #include <cstring>
