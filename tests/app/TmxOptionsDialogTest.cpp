@@ -39,33 +39,34 @@ std::vector<uint32_t> ChosenAfter(std::function<void(TmxOptionsDialog&)> action)
 }
 
 TEST(TmxOptionsDialogTest, KeysMoveEntriesAndEnterConfirms) {
-  EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) {
-              Key(List(dialog, false), VK_END);
-              Key(List(dialog, false), VK_INSERT);   // 12 10 13, of which 13 is now the selected entry
-              Key(List(dialog, true), VK_UP, true);  // 12 13 10
-              Key(List(dialog, true), VK_HOME);
-              Key(List(dialog, true), VK_DELETE);  // 13 10
-              Key(List(dialog, false), VK_RETURN);
-            }),
-            (std::vector<uint32_t>{13, 10}));
+  const auto keys = [](TmxOptionsDialog& dialog) {
+    Key(List(dialog, false), VK_END);
+    Key(List(dialog, false), VK_INSERT);   // 12 10 13, of which 13 is now the selected entry
+    Key(List(dialog, true), VK_UP, true);  // 12 13 10
+    Key(List(dialog, true), VK_HOME);
+    Key(List(dialog, true), VK_DELETE);  // 13 10
+    Key(List(dialog, false), VK_RETURN);
+  };
+  EXPECT_EQ(ChosenAfter(keys), (std::vector<uint32_t>{13, 10}));
 }
 
 TEST(TmxOptionsDialogTest, EscapeLeavesEverythingAsItWas) {
-  EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) {
-              Key(List(dialog, true), VK_DELETE);
-              SendMessageA(List(dialog, true).Handle(), kMsgEscape, 0, 0);
-            }),
-            (std::vector<uint32_t>{12, 10, 0}));
+  const auto keys = [](TmxOptionsDialog& dialog) {
+    Key(List(dialog, true), VK_DELETE);
+    SendMessageA(List(dialog, true).Handle(), kMsgEscape, 0, 0);
+  };
+  EXPECT_EQ(ChosenAfter(keys), (std::vector<uint32_t>{12, 10, 0}));
 }
 
 TEST(TmxOptionsDialogTest, AnEmptyTableCannotBeConfirmed) {
-  EXPECT_EQ(ChosenAfter([](TmxOptionsDialog& dialog) {
-              for (int i = 0; i < 2; ++i) List(dialog, true).activated(List(dialog, true));  // double clicks
-              // Posted: nobody would get the later ones if the first ended the loop.
-              const HWND list = List(dialog, false).Handle();
-              for (const WPARAM key : {VK_RETURN, VK_INSERT, VK_RETURN}) PostMessageA(list, WM_KEYDOWN, key, 0);
-            }),
-            std::vector<uint32_t>{10});  // the last that came back is the selected entry there
+  const auto keys = [](TmxOptionsDialog& dialog) {
+    for (int i = 0; i < 2; ++i) List(dialog, true).activated(List(dialog, true));  // double clicks
+    // Posted: nobody would get the later ones if the first ended the loop.
+    for (const WPARAM key : {VK_RETURN, VK_INSERT, VK_RETURN}) {
+      PostMessageA(List(dialog, false).Handle(), WM_KEYDOWN, key, 0);
+    }
+  };
+  EXPECT_EQ(ChosenAfter(keys), std::vector<uint32_t>{10});  // the last that came back is the selected entry there
 }
 
 }  // namespace

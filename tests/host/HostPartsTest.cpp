@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include <cmath>
+#include <algorithm>
 #include <cstring>
 
 #include "host/AudioSource.h"
@@ -46,7 +46,7 @@ TEST(HostBlock, OddShapes) {
   }
 }
 
-TEST(AudioSource, BlocksAddUpToASecond) {
+TEST(AudioSource, BlocksAddUpToASecondAndBothFormsCarryTheSameTone) {
   for (const uint32_t rate : {8000u, 11025u, 44100u, 48001u}) {
     AudioSource source;
     ASSERT_TRUE(source.SetFormat({AudioKind::kNoise, rate, 2, false}));
@@ -54,25 +54,17 @@ TEST(AudioSource, BlocksAddUpToASecond) {
     for (uint32_t i = 0; i < AudioSource::kBlocksPerSecond; ++i) count += source.NextBlock()->sampleCount;
     EXPECT_EQ(count, rate * 2);
   }
-  AudioSource source;
-  EXPECT_FALSE(source.SetFormat({AudioKind::kTone, 0, 1, false}));
-  EXPECT_FALSE(source.SetFormat({AudioKind::kTone, 8000, 0, false}));
-}
-
-TEST(AudioSource, BothFormsCarryTheSameTone) {
   AudioSource integers, floats;
+  EXPECT_FALSE(integers.SetFormat({AudioKind::kTone, 0, 1, false}));
+  EXPECT_FALSE(integers.SetFormat({AudioKind::kTone, 8000, 0, false}));
   ASSERT_TRUE(integers.SetFormat({AudioKind::kTone, 48000, 1, false}));
   ASSERT_TRUE(floats.SetFormat({AudioKind::kTone, 48000, 1, true}));
   EXPECT_EQ(integers.SubCode(), 3u);
   EXPECT_EQ(floats.SubCode(), 8u);
   const auto* integer = reinterpret_cast<const int16_t*>(integers.NextBlock() + 1);
   const auto* real = reinterpret_cast<const float*>(floats.NextBlock() + 1);
-  float highest = 0;
-  for (int i = 0; i < 960; ++i) {
-    EXPECT_NEAR(integer[i], real[i] * 32767, 1) << i;
-    highest = std::max(highest, std::fabs(real[i]));
-  }
-  EXPECT_NEAR(highest, 0.5, 0.01);
+  for (int i = 0; i < 960; ++i) EXPECT_NEAR(integer[i], real[i] * 32767, 1) << i;
+  EXPECT_NEAR(*std::max_element(real, real + 960), 0.5, 0.01);
 }
 
 TEST(Protocol, FrequencyTexts) {

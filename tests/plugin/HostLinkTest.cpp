@@ -79,9 +79,3 @@ TEST_F(HostLinkTest, DecodesTheCurrentFrequency) {
   EXPECT_THAT(decoded, ElementsAre(100, 1000, 2147483647, 0, 21474836470));
   EXPECT_EQ(host.calls.back(), (Arguments{77, 0x4002, 0x800, 0, 0}));
 }
-
-TEST(HostLink, ModesOfModulations) {
-  std::vector<uint32_t> modes;
-  for (const char modulation : {'N', 'T', 'D', 'n', '\0'}) modes.push_back(ModeOfModulation(modulation));
-  EXPECT_THAT(modes, ElementsAre(9, 5, 1, 1, 1));
-}

@@ -42,28 +42,19 @@ TEST(InstanceList, RoutesByHandleAndDropsTheRest) {
   EXPECT_THAT(Handles(), ElementsAre(9, 7));
 }
 
-TEST(InstanceList, RemovesAtHeadMiddleAndEnd) {
-  Window one(1), two(2), three(3), four(4);
-  Instances().Remove(three);
-  Instances().Remove(one);
-  Instances().Remove(one);
-  EXPECT_THAT(Handles(), ElementsAre(4, 2));
-  Instances().Remove(four);
-  EXPECT_THAT(Handles(), ElementsAre(2));
-}
-
-TEST(InstanceList, TheNewestNeverDangles) {
+TEST(InstanceList, RemovesAnywhereAndTheNewestNeverDangles) {
   {
-    Window first(1);
+    Window one(1), two(2), three(3);
     {
-      Window second(2), third(3);
-      Instances().Remove(second);
-      EXPECT_EQ(NewestInstance(), &third);
-      Instances().Remove(third);
-      EXPECT_EQ(NewestInstance(), &first);
-      SetNewestInstance(&second);  // made but not in the list
+      Window four(4), five(5);
+      for (Window* each : {&three, &one, &one, &four}) Instances().Remove(*each);
+      EXPECT_THAT(Handles(), ElementsAre(5, 2));
+      EXPECT_EQ(NewestInstance(), &five);
+      Instances().Remove(five);
+      EXPECT_EQ(NewestInstance(), &two);
+      SetNewestInstance(&four);  // made but not in the list
     }
-    EXPECT_EQ(NewestInstance(), &first);
+    EXPECT_EQ(NewestInstance(), &two);
   }
   EXPECT_EQ(NewestInstance(), nullptr);
 }
