@@ -56,7 +56,6 @@ TEST_F(FccGridTest, ShowsTheChosenFields) {
   SetFields({4, 23, 5});
   EXPECT_EQ(Texts(0), R"("Location","Freq","Power")");
   EXPECT_EQ(Texts(1), R"("Mirtos","3900","170")");
-  EXPECT_EQ(grid_.Control().ColumnCount(), 3U);
   EXPECT_EQ(grid_.Control().ColumnWidth(0), 33) << "widths stay with the places";
   SetFields(std::vector<uint32_t>(40, 22));
   EXPECT_EQ(grid_.Fields().size(), 22U);

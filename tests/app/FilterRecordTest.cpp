@@ -11,20 +11,15 @@ constexpr int32_t At(int32_t hours) {
 }  // namespace
 
 TEST(FilterRecord, TakesFrequenciesAroundAndBetween) {
-  const struct {
-    bool around;
-    FrequencyEdits edits;
-    uint32_t lowest, highest;
-  } kCases[] = {{true, {6000, 11}, 5995, 6005},
-                {true, {3, 10}, 0, 8},
-                {false, {7000, 6000}, 7000, 6000}};  // passes nothing: never swapped
-  for (const auto& each : kCases) {
-    FilterChoices choices;
-    choices.frequencyOn = true;
-    choices.around = each.around;
-    choices.frequencies = each.edits;
-    EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{each.lowest, each.highest, 0, 0, FilterFlag::kFrequency}));
-  }
+  FilterChoices choices;
+  choices.frequencyOn = true;
+  choices.frequencies = {7000, 6000};
+  EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{7000, 6000, 0, 0, FilterFlag::kFrequency})) << "never swapped";
+  choices.around = true;
+  choices.frequencies = {6000, 11};
+  EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{5995, 6005, 0, 0, FilterFlag::kFrequency}));
+  choices.frequencies = {3, 10};
+  EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{0, 8, 0, 0, FilterFlag::kFrequency}));
 }
 
 TEST(FilterRecord, ConvertsTheTimesShown) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <utility>
 
@@ -98,16 +97,4 @@ TEST(ColumnTable, RefusesWhatMakesNoSense) {
   }
   EXPECT_TRUE(Load(table, std::string(ColumnTable::kMostRows + 5, '\n')));
   EXPECT_EQ(table.Rows(), ColumnTable::kMostRows);
-}
-
-TEST(ColumnTable, KeepsCellsInsideAnyBytes) {
-  std::mt19937 random(3);
-  ColumnTable table;
-  for (int i = 0; i < 3000; ++i) {
-    std::string bytes(random() % 60, 0);
-    for (char& c : bytes) c = "AB \n\r;\t\0"[random() % 8];
-    ASSERT_TRUE(Load(table, bytes, true));
-    const std::string shown = Shown(table);  // a "-" for each blank cell
-    ASSERT_LE(shown.size(), bytes.size() + table.Rows() * (2 * table.Columns() + 1));
-  }
 }

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
-#include <sstream>
 #include <utility>
 
 #include "tests/support/EibiLine.h"
@@ -22,41 +20,7 @@ std::string Loaded(const std::string& bytes) {
   return text;
 }
 
-// The folder with a real schedule; where there is none, the one with the sample that the build makes.
-std::string ScheduleFolder() {
-  const char* named = std::getenv("MARLUX_REAL_DATA");
-  const std::string real = named ? named : "../shared/data";
-  return ReadFileBytes(real + "/eibi.txt").empty() ? "build/samples" : real;
-}
-
-std::string WithoutBlanks(std::string text) {
-  std::erase_if(text, [](char c) { return c == ' ' || c == ':' || c == '-'; });
-  return text;
-}
-
 }  // namespace
-
-TEST(EibiReader, LosesNothingOfAnyLine) {
-  const std::string folder = ScheduleFolder();
-  std::istringstream lines(ReadFileBytes(folder + "/eibi.txt"));
-  const auto items = LoadEibi(folder.c_str());
-  uint32_t next = 0;
-  std::string line;
-  for (uint32_t number = 1; std::getline(lines, line); ++number) {
-    if (line.ends_with('\r')) line.pop_back();
-    if (number <= 17 || line.empty()) continue;
-    ASSERT_LT(next, items->Count()) << line;
-    const EibiItem& item = *items->Get(next++);
-    std::string fields;
-    for (const char* field : {item.frequencyText, item.startText, item.endText, item.rawDays, item.itu, item.station,
-                              item.language, item.target, item.remarks}) {
-      fields += field;
-    }
-    ASSERT_EQ(WithoutBlanks(fields), WithoutBlanks(line)) << number;
-  }
-  EXPECT_EQ(next, items->Count());
-  EXPECT_GE(next, 400U) << "neither a real schedule nor the sample in " << folder;
-}
 
 TEST(EibiReader, KeepsReadableLinesInTheirOrder) {
   const std::string header = EibiHeader(), good = EibiLine("6005");
