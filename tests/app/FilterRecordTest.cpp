@@ -22,6 +22,8 @@ TEST(FilterRecord, TakesFrequenciesAroundAndBetween) {
   EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{0, 8, 0, 0, FilterFlag::kFrequency}));
 }
 
+// Ranges the wrong way round stay so. A whole day stays one. Only who crosses midnight UTC wraps, not who crosses the
+// local one.
 TEST(FilterRecord, ConvertsTheTimesShown) {
   constexpr uint32_t kPlain = FilterFlag::kTime;
   constexpr uint32_t kWraps = FilterFlag::kTime | FilterFlag::kTimeWraps;
@@ -30,16 +32,11 @@ TEST(FilterRecord, ConvertsTheTimesShown) {
     int32_t offset, from, to;
     uint32_t utcFrom, utcTo, flags;
   } kCases[] = {
-      {true, At(2), At(23), At(1), At(23), At(1), kPlain},  // the wrong way round, as entered
-      {false, 0, At(1), At(24), At(1), At(24), kPlain},
-      {false, -At(5), At(10), At(12), At(15), At(17), kPlain},
-      {false, At(2), At(1), At(3), At(23), At(1), kWraps},
-      {false, -At(12), At(10), At(12), At(22), At(0), kWraps},
-      {false, At(2), At(2), At(4), At(0), At(2), kPlain},
-      {false, At(2), At(0), At(24), At(0), At(24), kPlain},    // a whole day stays one
-      {false, At(3), At(23), At(1), At(20), At(22), kPlain},   // crosses local midnight, not that of UTC
-      {false, At(1), At(12), At(11), At(11), At(10), kPlain},  // the wrong way round in both
-  };
+      {true, At(2), At(23), At(1), At(23), At(1), kPlain},     {false, 0, At(1), At(24), At(1), At(24), kPlain},
+      {false, -At(5), At(10), At(12), At(15), At(17), kPlain}, {false, At(2), At(1), At(3), At(23), At(1), kWraps},
+      {false, -At(12), At(10), At(12), At(22), At(0), kWraps}, {false, At(2), At(2), At(4), At(0), At(2), kPlain},
+      {false, At(2), At(0), At(24), At(0), At(24), kPlain},    {false, At(3), At(23), At(1), At(20), At(22), kPlain},
+      {false, At(1), At(12), At(11), At(11), At(10), kPlain}};
   for (const auto& each : kCases) {
     FilterChoices choices;
     choices.timeOn = true;

@@ -28,21 +28,17 @@ std::string Marked(const RowMarks& marks) {
 
 }  // namespace
 
-// Clicks are written as row and kind, one after the other: "p3" plain, "c3" control, "s3" shift.
+// Clicks are written as row and kind, one after the other: "p3" plain, "c3" control, "s3" shift. A single mark moves
+// with control; with several, control adds. Without an anchor the range is the row itself. The title row and rows below
+// the last are no rows.
 TEST(RowMarks, FollowsClicks) {
   const struct {
     const char* clicks;
     const char* marked;
     uint32_t anchorRow;
-  } kCases[] = {
-      {"c3c3", "", 3},        {"c3c5", "e", 5},        // a single mark moves
-      {"p8s3", "cdefgh", 8},                           // up as well as down
-      {"s4s6", "def", 4},                              // without an anchor the range is the row itself
-      {"p2s4c6", "bcdf", 6},                           // with several marks, control adds
-      {"p2s4c3", "bd", 3},    {"p2s3c3c5", "e", 5},    // down to one mark: it moves again
-      {"p2s4s6", "bcdef", 2},                          // what is marked already is not counted twice
-      {"p2s4p7", "", 7},      {"p3p0p9s5", "cde", 3},  // the title row and rows below the last are no rows
-  };
+  } kCases[] = {{"c3c3", "", 3},       {"c3c5", "e", 5},      {"p8s3", "cdefgh", 8}, {"s4s6", "def", 4},
+                {"p2s4c6", "bcdf", 6}, {"p2s4c3", "bd", 3},   {"p2s3c3c5", "e", 5},  {"p2s4s6", "bcdef", 2},
+                {"p2s4p7", "", 7},     {"p3p0p9s5", "cde", 3}};
   const Shown shown("abcdefgh");
   for (const auto& each : kCases) {
     RowMarks marks;
