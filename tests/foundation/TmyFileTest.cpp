@@ -25,13 +25,21 @@ TEST(TmyFile, WhoOnlyReadsMakesNoFileAndReadsUpToTheEnd) {
   EXPECT_EQ(file.ReadSome(bytes, 4), 0U);
 }
 
-// That a file which cannot be replaced stays is tested with the export.
 TEST(SwapFile, ReplacesWholeOrNotAtAll) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");
   ASSERT_TRUE(WriteFileBytes(name, "old"));
   EXPECT_TRUE(SwapFile(name.c_str()).Write("dropped", 7));
-  EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
+  const auto hasAside = [&] {
+    return GetFileAttributesA((name + SwapFile::kEnding).c_str()) != INVALID_FILE_ATTRIBUTES;
+  };
+  EXPECT_FALSE(hasAside());
+  const HANDLE holder = CreateFileA(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  SwapFile failing(name.c_str());
+  EXPECT_TRUE(failing.Write("new", 3));
+  EXPECT_FALSE(failing.Commit());
+  CloseHandle(holder);
+  EXPECT_FALSE(hasAside());
   SwapFile kept(name.c_str());
   EXPECT_TRUE(kept.Write("newer", 5));
   EXPECT_EQ(ReadFileBytes(name), "old");
