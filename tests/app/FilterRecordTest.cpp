@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <string>
-
 namespace {
 
 constexpr int32_t At(int32_t hours) {
@@ -14,27 +11,19 @@ constexpr int32_t At(int32_t hours) {
 }  // namespace
 
 TEST(FilterRecord, TakesFrequenciesAroundAndBetween) {
-  const struct {
-    bool around;
-    FrequencyEdits edits;
-    uint32_t lowest, highest;
-  } kCases[] = {
-      {true, {6000, 11}, 5995, 6005},
-      {true, {3, 10}, 0, 8},
-      {false, {7000, 6000}, 7000, 6000},  // passes nothing: never swapped
-  };
-  for (const auto& each : kCases) {
-    FilterChoices choices;
-    choices.around = each.around;
-    choices.frequencies = each.edits;
-    choices.frequencyOn = true;
-    const FilterRecord record = BuildFilterRecord(choices);
-    EXPECT_EQ(record.flags, FilterFlag::kFrequency);
-    EXPECT_EQ(record.lowest, each.lowest);
-    EXPECT_EQ(record.highest, each.highest);
-  }
+  FilterChoices choices;
+  choices.frequencyOn = true;
+  choices.frequencies = {7000, 6000};
+  EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{7000, 6000, 0, 0, FilterFlag::kFrequency})) << "never swapped";
+  choices.around = true;
+  choices.frequencies = {6000, 11};
+  EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{5995, 6005, 0, 0, FilterFlag::kFrequency}));
+  choices.frequencies = {3, 10};
+  EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{0, 8, 0, 0, FilterFlag::kFrequency}));
 }
 
+// Ranges the wrong way round stay so. A whole day stays one. Only who crosses midnight UTC wraps, not who crosses the
+// local one.
 TEST(FilterRecord, ConvertsTheTimesShown) {
   constexpr uint32_t kPlain = FilterFlag::kTime;
   constexpr uint32_t kWraps = FilterFlag::kTime | FilterFlag::kTimeWraps;
@@ -43,70 +32,49 @@ TEST(FilterRecord, ConvertsTheTimesShown) {
     int32_t offset, from, to;
     uint32_t utcFrom, utcTo, flags;
   } kCases[] = {
-      {true, At(2), At(23), At(1), At(23), At(1), kPlain},  // the wrong way round, as entered
-      {false, 0, At(1), At(24), At(1), At(24), kPlain},
-      {false, -At(5), At(10), At(12), At(15), At(17), kPlain},
-      {false, At(2), At(1), At(3), At(23), At(1), kWraps},
-      {false, -At(12), At(10), At(12), At(22), At(0), kWraps},
-      {false, At(2), At(2), At(4), At(0), At(2), kPlain},
-      {false, At(2), At(0), At(24), At(0), At(24), kPlain},    // a whole day stays one
-      {false, At(3), At(23), At(1), At(20), At(22), kPlain},   // crosses local midnight, not that of UTC
-      {false, At(1), At(12), At(11), At(11), At(10), kPlain},  // the wrong way round in both
-  };
+      {true, At(2), At(23), At(1), At(23), At(1), kPlain},     {false, 0, At(1), At(24), At(1), At(24), kPlain},
+      {false, -At(5), At(10), At(12), At(15), At(17), kPlain}, {false, At(2), At(1), At(3), At(23), At(1), kWraps},
+      {false, -At(12), At(10), At(12), At(22), At(0), kWraps}, {false, At(2), At(2), At(4), At(0), At(2), kPlain},
+      {false, At(2), At(0), At(24), At(0), At(24), kPlain},    {false, At(3), At(23), At(1), At(20), At(22), kPlain},
+      {false, At(1), At(12), At(11), At(11), At(10), kPlain}};
   for (const auto& each : kCases) {
     FilterChoices choices;
     choices.timeOn = true;
-    choices.utcShown = each.utc;
-    choices.localOffset = each.offset;
     choices.from = each.from;
     choices.to = each.to;
-    const FilterRecord record = BuildFilterRecord(choices);
-    EXPECT_EQ(record.from, each.utcFrom) << each.from << ' ' << each.offset;
-    EXPECT_EQ(record.to, each.utcTo) << each.to << ' ' << each.offset;
-    EXPECT_EQ(record.flags, each.flags) << each.from << ' ' << each.offset;
+    choices.utcShown = each.utc;
+    choices.localOffset = each.offset;
+    EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{0, 0, each.utcFrom, each.utcTo, each.flags}))
+        << each.from << ' ' << each.offset;
+    choices.useCurrentTime = true;  // in whole minutes of UTC, whatever is shown
+    choices.utcNow = 52259;
+    EXPECT_EQ(BuildFilterRecord(choices), (FilterRecord{0, 0, 52200, 52200, kPlain}));
   }
 }
 
-TEST(FilterRecord, TakesTheCurrentTimeInWholeMinutes) {
-  FilterChoices choices;
-  choices.timeOn = choices.useCurrentTime = true;
-  choices.utcShown = false;  // the clock is UTC whatever is shown
-  choices.localOffset = 7200;
-  choices.utcNow = 52259;
-  const FilterRecord record = BuildFilterRecord(choices);
-  EXPECT_EQ(record.from, 52200U);
-  EXPECT_EQ(record.to, 52200U);
-}
-
-TEST(FilterRecord, HoldsTextsWithDefinedPadding) {
+TEST(FilterRecord, HoldsTextsThatAreCut) {
   FilterChoices choices;
   choices.texts = {std::string_view("a station"), std::nullopt, "", std::string_view("longer than ten")};
-  // Two records made in unlike memory are the same bytes.
-  alignas(FilterRecord) char storage[sizeof(FilterRecord)];
-  memset(storage, 0xCC, sizeof storage);
-  const auto* record = new (storage) FilterRecord(BuildFilterRecord(choices));
-  EXPECT_EQ(record->flags, FilterFlag::kText1 | FilterFlag::kText3 | FilterFlag::kText4);
-  EXPECT_STREQ(record->text1, "a station");
+  const FilterRecord record = BuildFilterRecord(choices);
+  EXPECT_EQ(record.flags, FilterFlag::kText1 | FilterFlag::kText3 | FilterFlag::kText4);
+  EXPECT_STREQ(record.text1, "a station");
   choices.texts[3] = "longer tha";  // the same once cut
-  EXPECT_EQ(BuildFilterRecord(choices), *record);
+  EXPECT_EQ(BuildFilterRecord(choices), record);
   choices.texts[3] = "longer t";
-  EXPECT_FALSE(BuildFilterRecord(choices) == *record);
+  EXPECT_FALSE(BuildFilterRecord(choices) == record);
 }
 
 TEST(FilterRecord, SwitchesTheFrequencyEdits) {
   const struct {
     FrequencyEdits (*change)(FrequencyEdits edits);
     FrequencyEdits before, after;
-  } kCases[] = {
-      {SwitchToAround, {6000, 7000}, {6500, 1000}},
-      {SwitchToAround, {7000, 6000}, {6500, 0}},     // no negative span
-      {SwitchToAround, {1000, 9000}, {5000, 1000}},  // the span is limited by the lower bound
-      {SwitchToAround, {3000000000, 5000000000}, {4000000000, 2000000000}},
-      {SwitchToBetween, {6500, 1001}, {6000, 7001}},
-      {SwitchToBetween, {3, 10}, {0, 10}},
-      {SwitchToBetween, {6000, -10}, {6005, 6005}},
-      {SwitchToBetween, {4000000000, 2000000000}, {3000000000, 5000000000}},
-  };
+  } kCases[] = {{SwitchToAround, {6000, 7000}, {6500, 1000}},
+                {SwitchToAround, {7000, 6000}, {6500, 0}},     // no negative span
+                {SwitchToAround, {1000, 9000}, {5000, 1000}},  // the span is limited by the lower bound
+                {SwitchToAround, {3000000000, 5000000000}, {4000000000, 2000000000}},
+                {SwitchToBetween, {6500, 1001}, {6000, 7001}},
+                {SwitchToBetween, {3, 10}, {0, 10}},
+                {SwitchToBetween, {6000, -10}, {6005, 6005}}};
   for (const auto& each : kCases) {
     const FrequencyEdits after = each.change(each.before);
     EXPECT_EQ(after.first, each.after.first) << each.before.first;

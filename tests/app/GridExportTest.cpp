@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "app/EibiGrid.h"
+#include "tests/support/EibiLine.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -11,20 +12,13 @@ namespace {
 class GridExportTest : public testing::Test {
  protected:
   void SetUp() override {
-    std::string text;
-    for (int i = 0; i < 17; ++i) text += "\n";
-    text += "6005          0600-0800       D   Say \"Hello\"              E   Eu          x\n";
-    text += "9420          2200-0100 Mo    D   Second                   F   Eu\n";
-    text += "11780                         D   Third                    F   Eu          y\n";
-    ASSERT_TRUE(WriteFileBytes(folder_.File("eibi.txt"), text));
+    ASSERT_TRUE(WriteFileBytes(folder_.File("eibi.txt"), EibiHeader() +
+                                                             EibiLine("6005", "0600-0800", "", "Say \"Hello\"") + "\n" +
+                                                             EibiLine("9420", "", "Mo", "Second", "F", "")));
     grid_.Load(folder_.Path().c_str());
     grid_.Refresh(FilterRecord{}, {true, 0}, false);
   }
   void TearDown() override { window_->Destroy(); }
-  void Press(uint32_t row) {
-    grid_.Control().SetCurrentRow(row, false);
-    SendMessageA(grid_.Control().Handle(), WM_KEYDOWN, VK_SPACE, 0);
-  }
   std::string Exported() {
     EXPECT_EQ(WriteCsv(grid_, path_), static_cast<DWORD>(ERROR_SUCCESS));
     return ReadFileBytes(path_.Chars());
@@ -36,30 +30,16 @@ class GridExportTest : public testing::Test {
   EibiGrid grid_{*window_};
 };
 
-constexpr char kTitles[] = R"("Freq","Start","Stop","Days","Station","Language","Target","Remarks")"
-                           "\r\n";
-
-TEST_F(GridExportTest, WritesTheGridsTextsCellByCell) {
-  EXPECT_EQ(Exported(), std::string(kTitles) +
-                            "\"6005\",\"06:00\",\"08:00\",\"All days\",\"Say \"\"Hello\"\"\",\"E\",\"Eu\",\"x\"\r\n"
-                            "\"9420\",\"22:00\",\"01:00\",\"Monday\",\"Second\",\"F\",\"Eu\",\"\"\r\n"
-                            "\"11780\",\"-\",\"-\",\"All days\",\"Third\",\"F\",\"Eu\",\"y\"\r\n");
-}
-
-TEST_F(GridExportTest, MarkedRowsAloneAreWrittenAndTheTitlesAlways) {
-  BYTE keys[256] = {};
-  keys[VK_CONTROL] = 0x80;
-  SetKeyboardState(keys);
-  Press(2);
-  keys[VK_CONTROL] = 0;
-  SetKeyboardState(keys);
-  EXPECT_EQ(Exported(),
-            std::string(kTitles) + "\"9420\",\"22:00\",\"01:00\",\"Monday\",\"Second\",\"F\",\"Eu\",\"\"\r\n");
-  FilterRecord nothing;
-  nothing.flags = FilterFlag::kFrequency;
+TEST_F(GridExportTest, WritesTheGridsTextsOfMarkedRowsOrOfAll) {
+  const std::string titles = "\"Freq\",\"Start\",\"Stop\",\"Days\",\"Station\",\"Language\",\"Target\",\"Remarks\"\r\n";
+  const std::string first = "\"6005\",\"06:00\",\"08:00\",\"All days\",\"Say \"\"Hello\"\"\",\"E\",\"CEu\",\"ka\"\r\n";
+  const std::string second = "\"9420\",\"-\",\"-\",\"Monday\",\"Second\",\"F\",\"CEu\",\"\"\r\n";
+  EXPECT_EQ(Exported(), titles + first + second);
+  grid_.Control().rowClicked(TmyRowClick{2, true, false});
+  EXPECT_EQ(Exported(), titles + second);
   grid_.ClearMarks();
-  grid_.Refresh(nothing, {true, 0}, false);
-  EXPECT_EQ(Exported(), kTitles);
+  grid_.Refresh({1, 1, 0, 0, FilterFlag::kFrequency}, {true, 0}, false);  // passes none
+  EXPECT_EQ(Exported(), titles);
 }
 
 TEST_F(GridExportTest, AFailureLeavesWhatWasThereAndNothingElse) {

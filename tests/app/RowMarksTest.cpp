@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 #include <set>
 #include <string>
@@ -29,27 +28,17 @@ std::string Marked(const RowMarks& marks) {
 
 }  // namespace
 
-// Clicks are written as row and kind, one after the other: "p3" plain, "c3" control, "s3" shift.
+// Clicks are written as row and kind, one after the other: "p3" plain, "c3" control, "s3" shift. A single mark moves
+// with control; with several, control adds. Without an anchor the range is the row itself. The title row and rows below
+// the last are no rows.
 TEST(RowMarks, FollowsClicks) {
   const struct {
     const char* clicks;
     const char* marked;
     uint32_t anchorRow;
-  } kCases[] = {
-      {"", "", 0},
-      {"c3c3", "", 3},
-      {"c3c5", "e", 5},  // a single mark moves
-      {"p2s4", "bcd", 2},
-      {"p8s3", "cdefgh", 8},  // up as well as down
-      {"s4s6", "def", 4},     // without an anchor the range is the row itself
-      {"p2s4c6", "bcdf", 6},  // with several marks, control adds
-      {"p2s4c3", "bd", 3},
-      {"p2s3c3c5", "e", 5},    // down to one mark: it moves again
-      {"p2s4s6", "bcdef", 2},  // what is marked already is not counted twice
-      {"p2s4p7", "", 7},
-      {"p3p0s5", "cde", 3},  // the title row and rows below the last are no rows
-      {"p3p9s5", "cde", 3},
-  };
+  } kCases[] = {{"c3c3", "", 3},       {"c3c5", "e", 5},      {"p8s3", "cdefgh", 8}, {"s4s6", "def", 4},
+                {"p2s4c6", "bcdf", 6}, {"p2s4c3", "bd", 3},   {"p2s3c3c5", "e", 5},  {"p2s4s6", "bcdef", 2},
+                {"p2s4p7", "", 7},     {"p3p0p9s5", "cde", 3}};
   const Shown shown("abcdefgh");
   for (const auto& each : kCases) {
     RowMarks marks;
@@ -66,13 +55,11 @@ TEST(RowMarks, FollowsClicks) {
 TEST(RowMarks, BelongToRecordsNotToRows) {
   RowMarks marks;
   marks.Click(Shown("abcdef"), 2, ClickKind::kPlain);
-  marks.Click(Shown("abcdef"), 3, ClickKind::kShift);
-  EXPECT_EQ(Marked(marks), "bc");
   marks.Click(Shown("fedcba"), 6, ClickKind::kShift);  // the anchor 'b' is in row 5 now
-  EXPECT_EQ(Marked(marks), "abc");
+  EXPECT_EQ(Marked(marks), "ab");
   EXPECT_EQ(marks.AnchorRow(), 5U);
   marks.Click(Shown("def"), 2, ClickKind::kShift);  // the anchor is filtered away
-  EXPECT_EQ(Marked(marks), "abce");
+  EXPECT_EQ(Marked(marks), "abe");
   EXPECT_EQ(marks.AnchorRecord(), &records[size_t{'e'}]);
 }
 
@@ -90,8 +77,8 @@ TEST(PointerSet, AgreesWithAPlainSet) {
       ASSERT_EQ(set.Erase(pointer), plain.erase(pointer) == 1);
     }
     ASSERT_FALSE(set.Contains(records));  // a full table would search forever
+    ASSERT_EQ(set.Count(), plain.size());
   }
-  EXPECT_EQ(set.Count(), plain.size());
   for (const char& each : addresses) ASSERT_EQ(set.Contains(&each), plain.count(&each) == 1);
   EXPECT_FALSE(set.Insert(nullptr));
 }

@@ -5,22 +5,18 @@
 
 #include "tests/support/TestEnvironment.h"
 
-namespace {
-
 TEST(ScheduleFiles, TheNewestSeasonCounts) {
   const struct {
     std::vector<TmyString> names;
     const char* newest;
-  } cases[] = {
-      {{}, ""},
-      {{"a24all00.zip", "B23ALL00.zip"}, "a24all00.zip"},
-      {{"a24all00.zip", "b24all00.zip"}, "b24all00.zip"},
-      {{"b25all00.zip", "a26allx2.zip", "b24all09.zip"}, "a26allx2.zip"},
-      {{"a26all00.zip", "A26all01.zip"}, "A26all01.zip"},
-      {{"zzz.zip", "a12all00.zip"}, "a12all00.zip"},
-      {{"x.zip", "y.zip"}, "y.zip"},
-  };
-  for (const auto& c : cases) EXPECT_STREQ(NewestArchive(c.names).Chars(), c.newest);
+  } kCases[] = {{{}, ""},
+                {{"a24all00.zip", "B23ALL00.zip"}, "a24all00.zip"},
+                {{"a24all00.zip", "b24all00.zip"}, "b24all00.zip"},
+                {{"b25all00.zip", "a26allx2.zip", "b24all09.zip"}, "a26allx2.zip"},
+                {{"a26all00.zip", "A26all01.zip"}, "A26all01.zip"},
+                {{"zzz.zip", "a12all00.zip"}, "a12all00.zip"},
+                {{"x.zip", "y.zip"}, "y.zip"}};
+  for (const auto& each : kCases) EXPECT_STREQ(NewestArchive(each.names).Chars(), each.newest);
 }
 
 TEST(ScheduleFiles, OnlyTheScheduleAndArchivesAreListed) {
@@ -30,9 +26,6 @@ TEST(ScheduleFiles, OnlyTheScheduleAndArchivesAreListed) {
   }
   const ScheduleFiles files = ListScheduleFiles(folder.Path().c_str());
   EXPECT_TRUE(files.hasEibi);
-  ASSERT_EQ(files.archives.size(), 1u);
-  EXPECT_EQ(files.archives[0], "a26all00.ZIP");
+  EXPECT_EQ(files.archives, std::vector<TmyString>{"a26all00.ZIP"});
   EXPECT_FALSE(ListScheduleFiles((folder.Path() + "\\none").c_str()).hasEibi);
 }
-
-}  // namespace

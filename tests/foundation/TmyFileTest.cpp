@@ -7,24 +7,16 @@
 
 namespace {
 
-TEST(TmyFileTest, WhoOnlyReadsMakesNoFileAndAnUnopenedOneFailsQuietly) {
+TEST(TmyFile, WhoOnlyReadsMakesNoFileAndReadsUpToTheEnd) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");
+  char bytes[4] = {};
   TmyFile absent(name.c_str(), GENERIC_READ, OPEN_ALWAYS);
-  char byte = 0;
-  EXPECT_FALSE(absent.IsOpen());
-  EXPECT_FALSE(absent.Read(&byte, 1));
-  EXPECT_FALSE(absent.Write(&byte, 1));
+  EXPECT_FALSE(absent.IsOpen() || absent.Read(bytes, 1) || absent.Write(bytes, 1));
   EXPECT_EQ(absent.Size(), 0U);
   EXPECT_EQ(GetFileAttributesA(name.c_str()), INVALID_FILE_ATTRIBUTES);
-}
-
-TEST(TmyFileTest, ReadsUpToTheEnd) {
-  const TemporaryFolder folder;
-  const std::string name = folder.File("a");
   EXPECT_TRUE(TmyFile(name.c_str(), GENERIC_WRITE, OPEN_ALWAYS).Write("12345", 5));
   TmyFile file(name.c_str(), GENERIC_READ, OPEN_EXISTING);
-  char bytes[4] = {};
   EXPECT_EQ(file.Size(), 5U);
   EXPECT_EQ(file.ReadSome(bytes, 4), 4U);
   EXPECT_EQ(file.Position(), 4U);
@@ -33,25 +25,21 @@ TEST(TmyFileTest, ReadsUpToTheEnd) {
   EXPECT_EQ(file.ReadSome(bytes, 4), 0U);
 }
 
-TEST(SwapFileTest, ReplacesWholeOrNotAtAll) {
+TEST(SwapFile, ReplacesWholeOrNotAtAll) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");
   ASSERT_TRUE(WriteFileBytes(name, "old"));
-  {
-    SwapFile dropped(name.c_str());
-    EXPECT_TRUE(dropped.Write("new", 3));
-    EXPECT_EQ(ReadFileBytes(name), "old");
-  }
-  EXPECT_EQ(ReadFileBytes(name), "old");
+  EXPECT_TRUE(SwapFile(name.c_str()).Write("dropped", 7));
   SwapFile kept(name.c_str());
   EXPECT_TRUE(kept.Write("newer", 5));
+  EXPECT_EQ(ReadFileBytes(name), "old");
   EXPECT_TRUE(kept.Commit());
   EXPECT_FALSE(kept.Write("x", 1));
   EXPECT_EQ(ReadFileBytes(name), "newer");
   EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST(SwapFileTest, AHeldFileIsWrittenOverWhereItsHolderLetsOthersWrite) {
+TEST(SwapFile, AHeldFileIsWrittenOverWhereItsHolderLetsOthersWrite) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");
   for (const DWORD share : {DWORD{FILE_SHARE_READ}, TmyFile::kShareAll}) {

@@ -1,42 +1,51 @@
 #include "foundation/TmyStringList.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
 
-#include <algorithm>
-#include <random>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "tests/support/TestEnvironment.h"
 
 namespace {
 
-using Strings = std::vector<std::string>;
-
-Strings Content(const TmyStringList& list) {
-  Strings result;
-  for (uint32_t i = 0; i < list.Count(); ++i) result.emplace_back(list.Get(i).View());
-  return result;
-}
-
-// Texts of terminators, zeros and letters at random, split by an automaton that looks at one byte at a time.
 TEST(TmyStringList, SplitsAnyMixtureOfTerminators) {
-  std::mt19937 random(20260103);
-  for (int round = 0; round < 3000; ++round) {
-    std::string whole(24, 'a');
-    for (char& character : whole) character = "a \r\n\0"[random() % 5];
-    const std::string text = whole.substr(0, random() % 24);  // what follows is not ours, be it a LF
-    Strings expected{"kept"};
-    bool open = false;
-    for (size_t i = 0; i < text.size(); ++i) {
-      if (!open) expected.emplace_back();
-      open = text[i] != '\r' && text[i] != '\n';
-      if (open) expected.back() += text[i];
-      if (text[i] == '\r' && text[i + 1] == '\n') ++i;
-    }
+  using Strings = std::vector<std::string>;
+  const std::pair<std::string, Strings> kCases[] = {{"", {}},
+                                                    {"a", {"a"}},
+                                                    {"a\r\nb\nc\rd", {"a", "b", "c", "d"}},
+                                                    {"\n\r", {"", ""}},
+                                                    {"\r\r\n", {"", ""}},
+                                                    {"a\r\n", {"a"}},
+                                                    {std::string("\0a\0\n", 4), {std::string("\0a\0", 3)}}};
+  for (const auto& [text, expected] : kCases) {
     TmyStringList list;
     list.Add("kept");
-    list.SetText(whole.data(), static_cast<uint32_t>(text.size()));
-    ASSERT_EQ(Content(list), expected) << round;
+    list.SetText((text + "\n").c_str(), static_cast<uint32_t>(text.size()));  // what follows is not ours
+    Strings lines;
+    for (uint32_t i = 1; i < list.Count(); ++i) lines.emplace_back(list.Get(i).View());
+    EXPECT_EQ(lines, expected);
   }
+}
+
+TEST(TmyStringList, LoadsAFileOrIsEmpty) {
+  const TemporaryFolder folder;
+  const std::string name = folder.File("a");
+  ASSERT_TRUE(WriteFileBytes(name, "one\r\ntwo"));
+  TmyStringList list;
+  list.Add(name.c_str());
+  EXPECT_TRUE(list.LoadFromFile(list.Get(0)));
+  EXPECT_EQ(list.GetCommaText(), "\"one\",\"two\"");
+  const HANDLE other = CreateFileA(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(other, INVALID_HANDLE_VALUE) << "the list has let it go";
+  for (const std::string& bad : {name, folder.File("missing"), folder.Path(), std::string()}) {
+    list.Add("old");
+    EXPECT_FALSE(list.LoadFromFile(bad.c_str())) << bad;
+    EXPECT_EQ(list.Count(), 0U) << bad;
+  }
+  CloseHandle(other);
 }
 
 TEST(TmyStringList, EntriesShareAndOutOfRangeIsEmpty) {
@@ -68,17 +77,11 @@ TEST(TmyStringList, FindComparesTheShorterText) {
   for (const auto& row : kCases) EXPECT_EQ(list.Find(row.key, row.from, row.to), row.expected) << row.key << row.from;
 }
 
-TEST(TmyStringList, InsertPositionKeepsAListSorted) {
-  std::mt19937 random(20260104);
+TEST(TmyStringList, InsertPositionIsInFrontOfEquals) {
   TmyStringList list;
-  Strings model;
-  for (int i = 0; i < 500; ++i) {
-    const std::string text(random() % 4, static_cast<char>(random() % 2 ? 'a' + random() % 3 : 0xE0 + random() % 3));
-    const auto place = std::lower_bound(model.begin(), model.end(), text);
-    ASSERT_EQ(list.InsertPosition(text.c_str()), static_cast<uint32_t>(place - model.begin()));
-    list.Insert(text.c_str(), static_cast<uint32_t>(place - model.begin()));
-    model.insert(place, text);
-  }
+  for (const char* entry : {"", "a", "ab", "ab", "\xE0"}) list.Add(entry);
+  const std::pair<const char*, uint32_t> kCases[] = {{"", 0}, {"a", 1}, {"aa", 2}, {"ab", 2}, {"b", 4}, {"\xE1", 5}};
+  for (const auto& [text, place] : kCases) EXPECT_EQ(list.InsertPosition(text), place) << text;
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include <cmath>
+#include <algorithm>
 #include <cstring>
 
 #include "host/AudioSource.h"
@@ -21,15 +21,13 @@ uint32_t WordAt(const void* block, uint32_t offset) {
 TEST(HostBlock, PointsIntoItself) {
   const HostBlock block;
   const auto start = reinterpret_cast<uint32_t>(block.Address());
-  const uint32_t size = WordAt(block.Address(), 0);
-  ASSERT_EQ(size, block.Size());
-  for (const uint32_t offset : {172, 184, 188, 196, 224, 236, 264, 308, 316, 324, 336, 360, 384}) {
-    EXPECT_GE(WordAt(block.Address(), offset), start + 388) << offset;
-    EXPECT_LE(WordAt(block.Address(), offset), start + size - 16) << offset;
-  }
+  ASSERT_EQ(WordAt(block.Address(), 0), block.Size());
   const uint32_t modes = WordAt(block.Address(), 236) - start;
-  EXPECT_LE(WordAt(block.Address(), 384), start + modes - 16);  // before the modes
-  EXPECT_EQ(modes + 28 * WordAt(block.Address(), 228), size);
+  for (const uint32_t offset : {172, 184, 188, 196, 224, 264, 308, 316, 324, 336, 360, 384}) {
+    const uint32_t target = WordAt(block.Address(), offset) - start;
+    EXPECT_TRUE(target >= 388 && target <= modes - 16) << offset;
+  }
+  EXPECT_EQ(modes + 28 * WordAt(block.Address(), 228), block.Size());
   EXPECT_EQ(ModeText(WordAt(block.Address(), modes)), "AM");
   const uint32_t range = WordAt(block.Address(), 224) - start;
   EXPECT_LT(WordAt(block.Address(), range), WordAt(block.Address(), range + 4));
@@ -46,7 +44,7 @@ TEST(HostBlock, OddShapes) {
   }
 }
 
-TEST(AudioSource, BlocksAddUpToASecond) {
+TEST(AudioSource, BlocksAddUpToASecondAndBothFormsCarryTheSameTone) {
   for (const uint32_t rate : {8000u, 11025u, 44100u, 48001u}) {
     AudioSource source;
     ASSERT_TRUE(source.SetFormat({AudioKind::kNoise, rate, 2, false}));
@@ -54,25 +52,17 @@ TEST(AudioSource, BlocksAddUpToASecond) {
     for (uint32_t i = 0; i < AudioSource::kBlocksPerSecond; ++i) count += source.NextBlock()->sampleCount;
     EXPECT_EQ(count, rate * 2);
   }
-  AudioSource source;
-  EXPECT_FALSE(source.SetFormat({AudioKind::kTone, 0, 1, false}));
-  EXPECT_FALSE(source.SetFormat({AudioKind::kTone, 8000, 0, false}));
-}
-
-TEST(AudioSource, BothFormsCarryTheSameTone) {
   AudioSource integers, floats;
+  EXPECT_FALSE(integers.SetFormat({AudioKind::kTone, 0, 1, false}));
+  EXPECT_FALSE(integers.SetFormat({AudioKind::kTone, 8000, 0, false}));
   ASSERT_TRUE(integers.SetFormat({AudioKind::kTone, 48000, 1, false}));
   ASSERT_TRUE(floats.SetFormat({AudioKind::kTone, 48000, 1, true}));
   EXPECT_EQ(integers.SubCode(), 3u);
   EXPECT_EQ(floats.SubCode(), 8u);
   const auto* integer = reinterpret_cast<const int16_t*>(integers.NextBlock() + 1);
   const auto* real = reinterpret_cast<const float*>(floats.NextBlock() + 1);
-  float highest = 0;
-  for (int i = 0; i < 960; ++i) {
-    EXPECT_NEAR(integer[i], real[i] * 32767, 1) << i;
-    highest = std::max(highest, std::fabs(real[i]));
-  }
-  EXPECT_NEAR(highest, 0.5, 0.01);
+  for (int i = 0; i < 960; ++i) EXPECT_NEAR(integer[i], real[i] * 32767, 1) << i;
+  EXPECT_NEAR(*std::max_element(real, real + 960), 0.5, 0.01);
 }
 
 TEST(Protocol, FrequencyTexts) {

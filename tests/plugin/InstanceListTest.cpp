@@ -8,18 +8,18 @@ using testing::ElementsAre;
 
 namespace {
 
+std::vector<uint32_t> received;  // codes
+
 struct Window final : PluginInstance {
   explicit Window(uint32_t handle) {
     SetHostHandle(handle);
     SetNewestInstance(this);
     Instances().Push(*this);
   }
-  void Notification(uint32_t code, uint32_t a, uint32_t b, uint32_t c) override {
-    received.push_back({code, a, b, c});
-    if (code == 0x4000) delete this;
+  void Notification(uint32_t code, uint32_t, uint32_t, uint32_t) override {
+    received.push_back(code);
+    delete this;
   }
-
-  std::vector<std::vector<uint32_t>> received;
 };
 
 std::vector<uint32_t> Handles() {
@@ -30,40 +30,23 @@ std::vector<uint32_t> Handles() {
 
 }  // namespace
 
-TEST(InstanceList, RoutesByHandleAndDropsTheRest) {
-  Window seven(7), older(9);
-  auto* younger = new Window(9);  // goes with its closing
-  Instances().Notify(9, 0x800, 1, 2, 3);
-  Instances().Notify(8, 0x800, 0, 0, 0);
-  EXPECT_THAT(younger->received, ElementsAre(ElementsAre(0x800, 1, 2, 3)));
-  Instances().Notify(9, 0x4000, 0, 0, 0);
-  Instances().Notify(7, 0xE07, 3, 0, 5);
-  EXPECT_THAT(seven.received, ElementsAre(ElementsAre(0xE07, 3, 0, 5)));
-  EXPECT_THAT(Handles(), ElementsAre(9, 7));
-}
-
-TEST(InstanceList, RemovesAtHeadMiddleAndEnd) {
-  Window one(1), two(2), three(3), four(4);
-  Instances().Remove(three);
-  Instances().Remove(one);
-  Instances().Remove(one);
-  EXPECT_THAT(Handles(), ElementsAre(4, 2));
-  Instances().Remove(four);
-  EXPECT_THAT(Handles(), ElementsAre(2));
-}
-
-TEST(InstanceList, TheNewestNeverDangles) {
+TEST(InstanceList, RemovesAnywhereAndTheNewestNeverDangles) {
   {
-    Window first(1);
+    Window one(1), two(2), three(3);
     {
-      Window second(2), third(3);
-      Instances().Remove(second);
-      EXPECT_EQ(NewestInstance(), &third);
-      Instances().Remove(third);
-      EXPECT_EQ(NewestInstance(), &first);
-      SetNewestInstance(&second);  // made but not in the list
+      Window four(4), five(5);
+      for (Window* each : {&three, &one, &one, &four}) Instances().Remove(*each);
+      EXPECT_THAT(Handles(), ElementsAre(5, 2));
+      EXPECT_EQ(NewestInstance(), &five);
+      Instances().Remove(five);
+      EXPECT_EQ(NewestInstance(), &two);
+      SetNewestInstance(&four);  // made but not in the list
     }
-    EXPECT_EQ(NewestInstance(), &first);
+    EXPECT_EQ(NewestInstance(), &two);
+    new Window(2);  // deleted by its notification
+    for (const uint32_t handle : {9u, 2u}) Instances().Notify(handle, handle, 0, 0, 0);
+    EXPECT_THAT(received, ElementsAre(2)) << "the younger one of the same handle";
+    EXPECT_THAT(Handles(), ElementsAre(2));
   }
   EXPECT_EQ(NewestInstance(), nullptr);
 }

@@ -47,58 +47,60 @@ TEST_F(CGZip, TellsTheKindsApart) {
   const struct {
     const char* what;
     std::string bytes;
-    int32_t kind;
-    int32_t count;
-    std::string error;
+    int32_t kind, count;
   } kCases[] = {
-      {"zip", MakeZip({{"a", "1"}, {"b", "2"}, {"a", "3"}}), 1, 3, ""},
-      {"zip without members, behind a byte", MakeZip({}).insert(0, 1, ' '), 1, 0, ""},
-      {"zip behind other bytes", std::string(1000, 'x') + MakeZip({{"a", "1"}}), 1, 1, ""},
-      {"gzip", Gzipped("text"), 2, 1, ""},
-      {"not compressed", "plain text", 2, 1, ""},
-      {"tar", Gzipped(tar + std::string(1024, 0)), 3, 2, ""},
-      {"tar without an end", Gzipped(tar), 3, 2, ""},
-      {"tar not compressed", tar, 3, 2, ""},
-      {"header cut off", Gzipped(tar.substr(0, 511)), 2, 1, ""},
-      {"empty file", "", 0, -1, kNoGzipData},
-      {"gzip of nothing", Gzipped(""), 0, -1, kNoGzipData},
-      {"gzip with a broken block", std::string("\x1F\x8B\x08\0\0\0\0\0\0\0\xFF\xFF\xFF\xFF", 14), 0, -1, kNoGzipData},
+      {"zip", MakeZip({{"a", "1"}, {"b", "2"}, {"a", "3"}}), 1, 3},
+      {"zip without members, behind a byte", MakeZip({}).insert(0, 1, ' '), 1, 0},
+      {"zip behind other bytes", std::string(1000, 'x') + MakeZip({{"a", "1"}}), 1, 1},
+      {"gzip", Gzipped("text"), 2, 1},
+      {"not compressed", "plain text", 2, 1},
+      {"tar", Gzipped(tar + std::string(1024, 0)), 3, 2},
+      {"tar without an end", Gzipped(tar), 3, 2},
+      {"tar not compressed", tar, 3, 2},
+      {"header cut off", Gzipped(tar.substr(0, 511)), 2, 1},
+      {"empty file", "", 0, -1},
+      {"gzip of nothing", Gzipped(""), 0, -1},
+      {"gzip with a broken block", std::string("\x1F\x8B\x08\0\0\0\0\0\0\0\xFF\xFF\xFF\xFF", 14), 0, -1},
   };
   for (const auto& each : kCases) {
     EXPECT_EQ(Open(each.bytes), each.kind != 0) << each.what;
+    EXPECT_TRUE(each.kind != 0 || archive_.GetError() == std::string(kNoGzipData)) << each.what;
     EXPECT_EQ(archive_.GetKind(), each.kind) << each.what;
     EXPECT_EQ(archive_.IsOpen(), each.kind != 0) << each.what;
-    if (each.kind == 0) {
-      EXPECT_EQ(archive_.GetError(), each.error) << each.what;
-    }
     EXPECT_EQ(archive_.GetCount(), each.count) << each.what;
   }
   EXPECT_FALSE(archive_.Open(folder_.File("missing").c_str()));
   EXPECT_STREQ(archive_.GetError(), "Could not determine archive type !");
-  EXPECT_EQ(Member(0), "Archive not opened");
   EXPECT_EQ(archive_.GetCount(), -1);
-  EXPECT_STREQ(archive_.GetError(), "Archive not opened");
+  EXPECT_EQ(Member(0), "Archive not opened");
 }
 
-TEST_F(CGZip, GivesZipMembersInTheOrderOfTheDirectory) {
-  const std::string longText(100000, 'z');
-  ASSERT_TRUE(Open(MakeZip({{"b", "two"}, {"a", "one", 0}, {"dir/", "", 0, 0x10}, {"empty", ""}, {"b", longText}})));
-  EXPECT_EQ(Member(4), "b:" + longText);
-  EXPECT_EQ(Member(0), "b:two");
-  EXPECT_EQ(Member(1), "a:one");
-  EXPECT_EQ(Member(2), "/dir/:");
-  EXPECT_EQ(Member(3), "empty:");
-  for (const int32_t index : {5, 6, -1, INT32_MAX}) EXPECT_EQ(Member(index), kNoFileAtPosition);
-  EXPECT_EQ(Member(1), "a:one") << "still there after a failure";
-
-  uint32_t size = 0;
-  EXPECT_TRUE(archive_.GetFile(4, nullptr, &size, nullptr, nullptr, 0));
-  EXPECT_EQ(size, longText.size());
+TEST_F(CGZip, GivesMembersInAnyOrder) {
+  const std::string longText(102400, 'z');
+  const std::string zip =
+      MakeZip({{"b", "two"}, {"dir/", "", 0, 0x10}, {"empty", ""}, {"b", longText}, {"s", "xyz", 0}});
+  const std::string tar = TarMemberBytes("b", "two") + TarHeaderBytes("dir/", "", '5') + TarMemberBytes("empty", "") +
+                          TarMemberBytes("b", longText) + TarHeaderBytes("s", "     3 ") + "xyz" +
+                          std::string(509 + 1024, 0);
+  for (const std::string& bytes : {zip, Gzipped(tar)}) {
+    ASSERT_TRUE(Open(bytes));
+    EXPECT_EQ(archive_.GetCount(), 5);
+    EXPECT_EQ(Member(3), "b:" + longText);
+    EXPECT_EQ(Member(0), "b:two");
+    EXPECT_EQ(Member(1), "/dir/:");
+    EXPECT_EQ(Member(2), "empty:");
+    const std::string error = archive_.GetKind() == 1 ? kNoFileAtPosition : kInvalidPosition;
+    for (const int32_t index : {5, 6, -1, INT32_MAX}) EXPECT_EQ(Member(index), error);
+    EXPECT_EQ(Member(4), "s:xyz") << "still there after a failure";
+    uint32_t size = 0;
+    EXPECT_TRUE(archive_.GetFile(3, nullptr, &size, nullptr, nullptr, 0));
+    EXPECT_EQ(size, longText.size());
+  }
 }
 
 TEST_F(CGZip, CutsLongNames) {
-  const std::string name(300, 'n');
-  for (const std::string& bytes : {MakeZip({{name, "x"}}), Gzipped(TarMemberBytes(name.substr(0, 100), "x"))}) {
+  const std::string name(100, 'n');
+  for (const std::string& bytes : {MakeZip({{name + name, "x"}}), Gzipped(TarMemberBytes(name, "x"))}) {
     ASSERT_TRUE(Open(bytes));
     for (const uint32_t room : {1U, 2U, 99U, 100U}) {
       char cut[101];
@@ -108,8 +110,6 @@ TEST_F(CGZip, CutsLongNames) {
       EXPECT_EQ(cut[room], '#');
     }
   }
-  ASSERT_TRUE(Open(MakeZip({{name, "x"}})));
-  EXPECT_EQ(Member(0), name.substr(0, 259) + ":x");
 }
 
 TEST_F(CGZip, KnowsLyingMembers) {
@@ -136,6 +136,7 @@ TEST_F(CGZip, KnowsLyingMembers) {
       {"encrypted", {"m", text, 8, 0, 1}, error},
       {"other method", {"m", text, 12}, error},
       {"not deflated at all", {"m", text, 9}, error},
+      {"too large, though nothing lies", {"m", std::string(zlib::CZipper::kMostBytes + 1, 0)}, error},
   };
   for (const auto& each : kCases) {
     ASSERT_TRUE(Open(MakeZip({each.member, {"next", "fine"}}))) << each.what;
@@ -146,12 +147,10 @@ TEST_F(CGZip, KnowsLyingMembers) {
 
 TEST_F(CGZip, WalksSeventyThousandMembers) {
   std::vector<ZipMemberSource> members;
-  for (uint32_t i = 0; i < 70000; ++i) members.push_back({std::to_string(i), std::to_string(i * 7), 0});
+  for (uint32_t i = 0; i < 70000; ++i) members.push_back({std::to_string(i), "", 0});
   ASSERT_TRUE(Open(MakeZip(members)));
   ASSERT_EQ(archive_.GetCount(), 70000);
-  for (int32_t i = 0; i < 70000; ++i) ASSERT_EQ(Member(i), std::to_string(i) + ":" + std::to_string(i * 7));
-  EXPECT_EQ(Member(3), "3:21");
-  EXPECT_EQ(Member(70000), kNoFileAtPosition);
+  for (int32_t i = 0; i < 70000; ++i) ASSERT_EQ(Member(i), std::to_string(i) + ":");
 }
 
 TEST_F(CGZip, KnowsLyingDirectories) {
@@ -164,33 +163,16 @@ TEST_F(CGZip, KnowsLyingDirectories) {
   EXPECT_EQ(Member(0).size(), 10002U);
 }
 
-TEST_F(CGZip, GivesTarMembers) {
-  const std::string whole(1024, 'w');
-  ASSERT_TRUE(Open(Gzipped(TarMemberBytes("a", "one") + TarHeaderBytes("dir", "", '5') + TarMemberBytes("w", whole) +
-                           TarMemberBytes("none", "") + TarHeaderBytes("blanks", "     3 ") + "xyz" +
-                           std::string(509 + 1024, 0))));
-  EXPECT_EQ(archive_.GetCount(), 5);
-  EXPECT_EQ(Member(2), "w:" + whole);
-  EXPECT_EQ(Member(0), "a:one");
-  EXPECT_EQ(Member(1), "/dir:");
-  EXPECT_EQ(Member(3), "none:");
-  EXPECT_EQ(Member(4), "blanks:xyz");
-  for (const int32_t index : {5, 6, -1, INT32_MAX}) EXPECT_EQ(Member(index), kInvalidPosition);
-}
-
 TEST_F(CGZip, KnowsLyingTarHeaders) {
   for (const char* size : {"00000000011", "77777777777", "777777777777", "00000000019", "-1", "\x80\1\1\1\1\1\1\1"}) {
     ASSERT_TRUE(Open(Gzipped(TarMemberBytes("good", "one") + TarHeaderBytes("bad", size) + "8 bytes."))) << size;
-    EXPECT_EQ(archive_.GetKind(), 3) << size;
     EXPECT_EQ(archive_.GetCount(), 2) << size;
     EXPECT_EQ(Member(1), kNoGzipData) << size;
-    EXPECT_EQ(Member(2), kInvalidPosition) << size;
     EXPECT_EQ(Member(0), "good:one") << size;
   }
   std::string header = TarMemberBytes("bad checksum", "");
   header[150] = '9';
   ASSERT_TRUE(Open(Gzipped(header)));
-  EXPECT_EQ(archive_.GetKind(), 2);
   EXPECT_EQ(Member(0), "unknown:" + header);
 }
 
@@ -203,10 +185,6 @@ TEST_F(CGZip, StopsInflatingAtItsLimit) {
   EXPECT_TRUE(archive_.GetFile(0, nullptr, &size, nullptr, nullptr, 0));
   EXPECT_EQ(size, zlib::CZipper::kMostBytes);
   EXPECT_FALSE(Open(pieces + Gzipped("x")));
-  EXPECT_STREQ(archive_.GetError(), kNoGzipData);
-
-  ASSERT_TRUE(Open(MakeZip({{"m", std::string(zlib::CZipper::kMostBytes + 1, 0)}})));
-  EXPECT_EQ(Member(0), kNotUnzipped) << "though nothing in it lies";
 }
 
 // Whatever happens to an archive's bytes, the walk over its members ends and each either comes or fails with a text.
@@ -217,12 +195,11 @@ TEST_F(CGZip, SurvivesDamage) {
   for (const std::string& whole : {zip, tar, Gzipped(tar)}) {
     for (int i = 0; i < 400; ++i) {
       std::string bytes = whole;
-      if (i % 2 == 0) bytes.resize(random() % whole.size());
-      for (uint32_t flips = random() % 4; flips > 0 && !bytes.empty(); --flips) {
+      if (i % 2 == 0) bytes.resize(random() % whole.size() + 1);
+      for (uint32_t flips = random() % 4; flips > 0; --flips) {
         bytes[random() % bytes.size()] = static_cast<char>(random());
       }
-      if (!Open(bytes)) continue;
-      const int32_t count = archive_.GetCount();
+      const int32_t count = Open(bytes) ? archive_.GetCount() : 0;
       ASSERT_LE(count, 300);
       for (int32_t member = 0; member < count; ++member) ASSERT_FALSE(Member(member).empty());
     }

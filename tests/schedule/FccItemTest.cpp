@@ -2,100 +2,75 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <string>
+#include <tuple>
 
 namespace {
 
+using enum HfccColumn;
+
 // A record of one cell.
 FccItem With(HfccColumn column, const char* cell) {
-  std::array<const char*, kHfccColumns> cells{};
+  const char* cells[kHfccColumns] = {};
   cells[static_cast<uint32_t>(column)] = cell;
   FccItem item;
-  item.SetCells(cells.data());
+  item.SetCells(cells);
   return item;
 }
 
 }  // namespace
 
 TEST(FccItem, ReadsNumbers) {
-  const struct {
-    const char* text;
-    int32_t hertz;
-    uint32_t power;
-  } kCases[] = {{"9420", 9420000, 9420},
-                {"0.5", 0, 0},
-                {"130,178", 130000, 130},
-                {"ND", 0, 0},
-                {"-5", -5000, 0},
-                {"99999", 99999000, 65535},
-                {"9999999999999", 2147483000, 65535}};
-  for (const auto& each : kCases) {
-    const FccItem item = With(HfccColumn::kFrequency, each.text);
-    EXPECT_EQ(item.frequency, each.hertz) << each.text;
-    EXPECT_STREQ(item.frequencyText, each.text);
-    EXPECT_EQ(With(HfccColumn::kPower, each.text).power, each.power) << each.text;
-    EXPECT_EQ(With(HfccColumn::kAzimuth, each.text).azimuth, each.power) << each.text;
+  const std::tuple<const char*, int32_t, uint32_t> kCases[] = {{"9420", 9420000, 9420},
+                                                               {"0.5", 0, 0},
+                                                               {"130,178", 130000, 130},
+                                                               {"ND", 0, 0},
+                                                               {"-5", -5000, 0},
+                                                               {"99999", 99999000, 65535},
+                                                               {"9999999999999", 2147483000, 65535}};
+  for (const auto& [text, hertz, power] : kCases) {
+    EXPECT_EQ(With(kFrequency, text).frequency, hertz) << text;
+    EXPECT_STREQ(With(kFrequency, text).frequencyText, text);
+    EXPECT_EQ(With(kPower, text).power, power) << text;
+    EXPECT_EQ(With(kAzimuth, text).azimuth, power) << text;
   }
 }
 
-TEST(FccItem, ReadsTimesAndDates) {
-  const struct {
-    const char* cell;
-    int32_t seconds;
-    const char* text;
-  } kTimes[] = {{"1234", 45240, "12:34"}, {"2400", 86400, "24:00"}, {"0000", 0, "00:00"},     {"1", 3600, "1:"},
-                {"123", 43380, "12:3"},   {"xx30", 1800, "xx:30"},  {"12345", 45240, "12:34"}};
-  for (const auto& each : kTimes) {
-    const FccItem item = With(HfccColumn::kEnd, each.cell);
-    EXPECT_EQ(item.end, each.seconds) << each.cell;
-    EXPECT_STREQ(item.endText, each.text);
-    EXPECT_EQ(item.start, 0);
-    EXPECT_STREQ(item.startText, "");
-  }
-  const struct {
-    const char* cell;
-    int32_t number;
-    const char* text;
-  } kDates[] = {{"150312", 4572, "15/03/12"},
-                {"1503", 108, "15/03"},
-                {"1", 1, "1"},
-                {"xxyyzz", 0, "xx/yy/zz"},
-                {"1503129", 4572, "15/03/12"}};
-  for (const auto& each : kDates) {
-    const FccItem item = With(HfccColumn::kStartDate, each.cell);
-    EXPECT_EQ(item.startDate, each.number) << each.cell;
-    EXPECT_STREQ(item.startDateText, each.text);
-    EXPECT_EQ(item.endDate, 0);
-    EXPECT_STREQ(item.endDateText, "");
-  }
-}
-
-TEST(FccItem, NamesDaysAndModulations) {
+TEST(FccItem, ReadsTimesDatesDaysAndModulations) {
   const struct {
     HfccColumn column;
     const char* cell;
-    uint8_t mask;
+    int32_t number;
     const char* text;
-  } kCases[] = {
-      {HfccColumn::kDays, "1", 0x01, "Sunday"},
-      {HfccColumn::kDays, "7", 0x40, "Saturday"},
-      {HfccColumn::kDays, "1234567", 0x7F, "All days"},
-      {HfccColumn::kDays, "23456", 0x3E, "Workdays"},
-      {HfccColumn::kDays, "71", 0x41, "Weekend"},
-      {HfccColumn::kDays, "135", 0x15, "135"},
-      {HfccColumn::kDays, "089", 0, "089"},
-      {HfccColumn::kDays, nullptr, 0, ""},
-      {HfccColumn::kModulation, "D", 'D', "Double sideband AM"},
-      {HfccColumn::kModulation, "N", 'N', "Digital (DRM)"},
-      {HfccColumn::kModulation, "Tx", 'T', "Single sideband, reduced carrier"},
-      {HfccColumn::kModulation, "Qx", 'Q', "Qx"},
-      {HfccColumn::kModulation, "\xE4", 0xE4, "\xE4"},
-      {HfccColumn::kModulation, nullptr, 0, ""},
-  };
+  } kCases[] = {{kEnd, "1234", 45240, "12:34"},
+                {kEnd, "2400", 86400, "24:00"},
+                {kEnd, "1", 3600, "1:"},
+                {kEnd, "123", 43380, "12:3"},
+                {kEnd, "xx30", 1800, "xx:30"},
+                {kEnd, "12345", 45240, "12:34"},
+                {kStartDate, "150312", 4572, "15/03/12"},
+                {kStartDate, "1503", 108, "15/03"},
+                {kStartDate, "1", 1, "1"},
+                {kStartDate, "xxyyzz", 0, "xx/yy/zz"},
+                {kStartDate, "1503129", 4572, "15/03/12"},
+                {kDays, "1", 0x01, "Sunday"},
+                {kDays, "7", 0x40, "Saturday"},
+                {kDays, "1234567", 0x7F, "All days"},
+                {kDays, "23456", 0x3E, "Workdays"},
+                {kDays, "71", 0x41, "Weekend"},
+                {kDays, "135", 0x15, "135"},
+                {kDays, "089", 0, "089"},
+                {kDays, nullptr, 0, ""},
+                {kModulation, "Nx", 'N', "Digital (DRM)"},
+                {kModulation, "Qx", 'Q', "Qx"},
+                {kModulation, "\xE4", '\xE4', "\xE4"},
+                {kModulation, nullptr, 0, ""}};
   for (const auto& each : kCases) {
     const FccItem item = With(each.column, each.cell);
-    const bool isDays = each.column == HfccColumn::kDays;
-    EXPECT_EQ(isDays ? item.dayMask : static_cast<uint8_t>(item.modulation), each.mask) << each.text;
-    EXPECT_STREQ(isDays ? item.daysText : item.modulationName, each.text);
+    // Only one of each is there.
+    EXPECT_EQ(item.start + item.end + item.startDate + item.endDate + item.dayMask + item.modulation, each.number);
+    EXPECT_EQ(std::string(item.startText) + item.endText + item.startDateText + item.endDateText + item.daysText +
+                  item.modulationName,
+              each.text);
   }
 }
