@@ -36,14 +36,14 @@ wait_for() {
 shoot() { import -window root "$out/$1.png"; }
 wait_for '^Database files'
 sleep 0.6
-shoot 20-first-start
+shoot 21-first-start
 xdotool key Return
 wait_for '^Download$'
 sleep 3
-shoot 21-download
+shoot 22-download
 sleep 5
-shoot 22-summary
+shoot 23-summary
 xdotool key Return
 sleep 1
-shoot 23-downloaded
+shoot 24-downloaded
 wait "$host" || fail "the host ended with an error"
