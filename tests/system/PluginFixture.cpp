@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "tests/support/EibiLine.h"
+
 namespace {
 
 // A crash ends the program at once and says where; no debugger, no box that waits for somebody.
@@ -26,21 +28,14 @@ void PluginFixture::WriteSchedule(const std::string& content) {
   ASSERT_TRUE(WriteFileBytes(DataFile(), content));
 }
 
-std::string PluginFixture::Header() {
-  std::string header;
-  for (int i = 0; i < 17; ++i) header += "header\r\n";
-  return header;
-}
-
-std::string PluginFixture::Line(const std::string& khz, const std::string& station) {
-  char line[128];
-  std::snprintf(line, sizeof line, "%-14s%-10s%-6s%-4s%-25s%-4s%-12s\r\n", khz.c_str(), "0000-2400", "", "D",
-                station.c_str(), "E", "Eu");
-  return line;
+std::string PluginFixture::Schedule(std::initializer_list<const char*> frequencies) {
+  std::string content = EibiHeader();
+  for (const char* khz : frequencies) content += EibiLine(khz, "0000-2400") + "\r\n";
+  return content;
 }
 
 std::string PluginFixture::ThreeBroadcasts() {
-  return Header() + Line("9420", "Middle") + Line("6005", "Low") + Line("15770.5", "High");
+  return Schedule({"9420", "6005", "15770.5"});
 }
 
 HWND PluginFixture::StartPlugin(uint32_t handle) {

@@ -12,10 +12,9 @@ class PluginFixture : public testing::Test {
 
   static void ForgetSettings() { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Corvane Communications"); }
   void WriteSchedule(const std::string& content);
-  // Header lines, then one broadcast each: 9420, 6005 and 15770.5 kHz, in this order.
-  static std::string ThreeBroadcasts();
-  static std::string Header();  // 17 lines
-  static std::string Line(const std::string& khz, const std::string& station);
+  // The content of a file with a broadcast of each frequency, kHz.
+  static std::string Schedule(std::initializer_list<const char*> frequencies);
+  static std::string ThreeBroadcasts();  // 9420, 6005 and 15770.5 kHz, in this order
 
   // The folder holds the three broadcasts and this archive, which is none: nothing is asked at the start.
   [[nodiscard]] std::string ArchiveFile() const { return documents_.DataFolder() + "\\none.zip"; }

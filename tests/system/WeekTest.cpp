@@ -104,9 +104,10 @@ class WeekTest : public PluginFixture {
     task.mode = Below(21), task.reserved = Below(UINT32_MAX);
     task.from = DateInTheWeek(), task.to = DateInTheWeek();
     if (task.from > task.to && Below(8) != 0) std::swap(task.from, task.to);
+    for (uint64_t* date : {&task.from, &task.to}) *date |= uint64_t{Below(12) == 0} << 63;  // beyond all dates
     task.start = Below(288) * 300;
     task.stop = Below(10) == 0 ? task.start : Below(4) == 0 ? task.start + 3600 : Below(288) * 300;
-    task.days = Below(3) == 0 ? 127 : Below(128), task.enabled = Below(8);
+    task.days = Below(3) == 0 ? 127 : random_(), task.enabled = Below(8);
     return task;
   }
   void Hear(Model& model) {
