@@ -311,6 +311,10 @@ LSTATUS RegSetKeyValueA(HKEY, const char* key, const char* name, DWORD type, con
 LSTATUS RegDeleteValueA(HKEY key, const char* name) {
   return KeyOf(key).erase(name) == 1 ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
 }
+LSTATUS RegDeleteTreeA(HKEY, const char*) {
+  registry.clear();
+  return ERROR_SUCCESS;
+}
 LSTATUS RegDeleteKeyA(HKEY, const char* name) {
   return registry.erase(name) == 1 ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
 }

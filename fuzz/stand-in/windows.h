@@ -180,6 +180,7 @@ BOOL CreateDirectoryA(const char* name, void*);
 DWORD GetTempPathA(DWORD size, char* path);  // that of TMPDIR
 UINT GetTempFileNameA(const char* folder, const char* prefix, UINT, char* path);
 
+constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
 LSTATUS RegOpenKeyExA(HKEY hive, const char* name, DWORD, REGSAM, HKEY* key);
 LSTATUS RegCreateKeyExA(HKEY hive, const char* name, DWORD, char*, DWORD, REGSAM, void*, HKEY* key, DWORD*);
 LSTATUS RegCloseKey(HKEY key);
@@ -188,3 +189,7 @@ LSTATUS RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE
 LSTATUS RegSetKeyValueA(HKEY hive, const char* key, const char* name, DWORD type, const void* data, DWORD size);
 LSTATUS RegDeleteValueA(HKEY key, const char* name);
 LSTATUS RegDeleteKeyA(HKEY hive, const char* name);
+LSTATUS RegDeleteTreeA(HKEY hive, const char* name);  // all there is: there is one user, who runs tests
+inline LSTATUS RegOverridePredefKey(HKEY, HKEY) noexcept {
+  return ERROR_SUCCESS;
+}
