@@ -25,10 +25,7 @@ class Recording : public PluginFixture {
  protected:
   // The grid's current one.
   void RecordRow(HWND window, const std::vector<uint32_t>& codes = {0x800, 0x900, 0xF00, 0x902, 0x1101}) {
-    const auto menu = [] { return FakeHost::Find("", "#32768"); };
-    host_.When([=] { return menu() != nullptr; }, [=] { PostMessageA(menu(), WM_CHAR, 'r', 0); });
-    PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
-    EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() >= codes.size(); }));
+    ChooseInGrid(window, 'r');
     EXPECT_EQ(Codes(), codes);
   }
   void Send(uint32_t rate, uint32_t channels, uint32_t count, const std::string& samples, uint32_t kind = 3,

@@ -61,6 +61,8 @@ TEST_F(Settings, WhatTheUserChangedIsThereAgain) {
   window = StartPlugin();
   EXPECT_TRUE(PlaceOf(window) == (RECT{40, 30, 740, 530}));
   EXPECT_TRUE(IsUtc(window));
+  Choose(window, "&UTC time");
+  EXPECT_FALSE(IsUtc(window));
   Key(Grid(window), VK_END);
   EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() == 4; })) << "auto-tuning is on";
   Choose(window, "&View scheduler");
