@@ -22,10 +22,11 @@ std::string ArchiveOf(uint8_t kind, Input& input) {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const std::string path = ScratchFile("a26all.zip");
+  static const TemporaryFolder folder;
+  static const std::string path = folder.File("a26all.zip");
   Input input(data, size);
   const auto kind = input.Take<uint8_t>();
-  WriteScratch(path, ArchiveOf(kind, input));
+  REQUIRE(WriteFileBytes(path, ArchiveOf(kind, input)));
   zlib::CGZip archive;
   const bool opened = archive.Open(path.c_str());
   REQUIRE(opened == archive.IsOpen());

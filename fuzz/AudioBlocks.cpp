@@ -30,8 +30,9 @@ std::vector<char> BlockOf(Input& input, uint32_t kind) {
 
 // All that was taken is in the files, each of which tells its own size.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  static const TemporaryFolder folder;
   Input input(data, size);
-  std::vector<std::string> names = {ScratchFile("r.wav")};
+  std::vector<std::string> names = {folder.File("r.wav")};
   TmyMediaPlayer player;
   AudioFeed feed(player, kLargestData);
   player.StartRecording(names[0].c_str(), 44100, 1, 16);
@@ -43,7 +44,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   player.StopRecording();
   for (const std::string& name : names) {
-    const std::string file = ReadScratch(name);
+    const std::string file = ReadFileBytes(name);
     REQUIRE(DeleteFileA(name.c_str()) && file.size() >= 4096 && file.starts_with("RIFF"));
     WaveHeader header;
     std::memcpy(&header, file.data(), sizeof header);

@@ -1,22 +1,21 @@
-// Marlux 3. What fuzz targets share: cutting the input into numbers and texts, a scratch folder, and a check.
+// Marlux 3. What fuzz targets share: cutting the input into numbers and texts, files, and a check.
 //
 //   Input input(data, size);
 //   const auto count = input.Take<uint8_t>();
 //   REQUIRE(Count(input.TakeText(count)) <= count);
 #pragma once
 
-#include <unistd.h>
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "tests/support/TestEnvironment.h"
 
 // Stops the program: the fuzzer keeps the input.
 #define REQUIRE(condition) ((condition) ? void() : Stop(#condition))
@@ -62,17 +61,4 @@ class Input {
 template <size_t kSize>
 [[nodiscard]] bool IsText(const char (&field)[kSize]) {
   return std::memchr(field, 0, kSize) != nullptr;
-}
-
-// A file of this process; removed by whoever wants it gone.
-inline std::string ScratchFile(const std::string& name) {
-  const char* const folder = std::getenv("TMPDIR");
-  return std::string(folder ? folder : "/tmp") + "\\" + std::to_string(getpid()) + name;
-}
-inline void WriteScratch(const std::string& path, std::string_view bytes) {
-  std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-inline std::string ReadScratch(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
 }

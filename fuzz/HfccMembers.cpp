@@ -5,17 +5,16 @@
 
 // The five members of a season, cut from the input at its zeros.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const std::string path = ScratchFile("a26all00.zip");
-  const std::string archive = std::to_string(getpid()) + "a26all00";
+  static const TemporaryFolder folder;
+  static const std::string path = folder.File("a26all00.zip");
   std::string_view rest = Input(data, size).Rest();
   std::vector<ZipMemberSource> members;
-  for (const std::string& name : {std::string("admin.txt"), std::string("broadcas.txt"), std::string("site.txt"),
-                                  std::string("fmorg.txt"), archive.substr(0, 6) + ".txt"}) {
+  for (const char* name : {"admin.txt", "broadcas.txt", "site.txt", "fmorg.txt", "a26all.txt"}) {
     const size_t end = std::min(rest.find('\0'), rest.size());
     members.push_back({name, std::string(rest.substr(0, end)), 0});
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
-  WriteScratch(path, MakeZip(members));
+  REQUIRE(WriteFileBytes(path, MakeZip(members)));
   HfccDatabase database;
   REQUIRE(database.LoadHfcc(path.c_str()) == HfccLoad::kRead);
   for (uint32_t i = 0; i < database.Items().Count(); ++i) {

@@ -39,41 +39,22 @@ struct Pair {
 
   void Change(uint8_t operation, uint8_t count, char letter) {
     const size_t cut = std::min<size_t>(count, model.size());
-    switch (operation) {
-      case 0:
-        ours.RemoveLeft(count);
-        model.erase(0, cut);
-        break;
-      case 1:
-        ours.RemoveRight(count);
-        model.erase(model.size() - cut);
-        break;
-      case 2:
-        ours.Trim();
-        model = Trimmed(model);
-        break;
-      case 3:
-        ours = ours.Quote(letter);
-        model = Quoted(model, letter);
-        break;
-      case 4:
-        ours = ours.Mid(count, static_cast<uint8_t>(letter));
-        model = count < model.size() ? model.substr(count, static_cast<uint8_t>(letter)) : "";
-        break;
-      case 5:
-        if (count < model.size() || count >= ours.Capacity()) *ours.WritableAt(count) = letter;
-        if (count < model.size()) model[count] = letter;
-        break;
-      case 6:
-        ours.Format("%s|%d", ours.Chars(), count);
-        model = std::string(model.c_str()) + "|" + std::to_string(count);
-        break;
-      default:
-        ours = TmyString::FromDecimal(letter * 1000, count);
-        model = std::to_string(std::abs(letter * 1000));
-        if (model.size() < count) model.insert(0, count - model.size(), '0');
-        if (letter < 0) model.insert(0, 1, '-');
-    }
+    const bool isInside = count < model.size();
+    const auto number = static_cast<uint8_t>(letter);
+    if (operation == 0) ours.RemoveLeft(count), model.erase(0, cut);
+    if (operation == 1) ours.RemoveRight(count), model.erase(model.size() - cut);
+    if (operation == 2) ours.Trim(), model = Trimmed(model);
+    if (operation == 3) ours = ours.Quote(letter), model = Quoted(model, letter);
+    if (operation == 4) ours = ours.Mid(count, number), model = isInside ? model.substr(count, number) : "";
+    if (operation == 5 && (isInside || count >= ours.Capacity())) *ours.WritableAt(count) = letter;
+    if (operation == 5 && isInside) model[count] = letter;
+    if (operation == 6) ours.Format("%s|%d", ours.Chars(), count);
+    if (operation == 6) model = std::string(model.c_str()) + "|" + std::to_string(count);
+    if (operation != 7) return;
+    ours = TmyString::FromDecimal(letter * 1000, count);
+    model = std::to_string(std::abs(letter * 1000));
+    if (model.size() < count) model.insert(0, count - model.size(), '0');
+    if (letter < 0) model.insert(0, 1, '-');
   }
 };
 

@@ -5,10 +5,11 @@
 
 // What is read is written again, with the last record filled up.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const std::string path = ScratchFile("tasks.mxt");
+  static const TemporaryFolder folder;
+  static const std::string path = folder.File("tasks.mxt");
   constexpr TaskDate kNow = {0x11223344, 0x01DCA000};
   const std::string_view bytes = Input(data, size).Rest();
-  WriteScratch(path, bytes);
+  REQUIRE(WriteFileBytes(path, bytes));
   TmyTypeList<TmxTask> tasks;
   TaskFile::Load(path.c_str(), tasks, kNow);
   REQUIRE(tasks.Count() == (size + sizeof(TmxTask) - 1) / sizeof(TmxTask));
@@ -20,7 +21,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     REQUIRE(lost < kTicksPerSecond / 1000);
   }
   REQUIRE(TaskFile::Save(path.c_str(), tasks));
-  const std::string saved = ReadScratch(path);
+  const std::string saved = ReadFileBytes(path);
   REQUIRE(saved.size() == tasks.Count() * sizeof(TmxTask) && saved.starts_with(bytes));
   return 0;
 }

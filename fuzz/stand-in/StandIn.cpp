@@ -74,10 +74,7 @@ FILETIME FileTime(int64_t ticks) {
   return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
 }
 
-struct RegistryValue {
-  DWORD type;
-  std::vector<BYTE> data;
-};
+using RegistryValue = std::pair<DWORD, std::vector<BYTE>>;  // type and data
 using RegistryKey = std::map<std::string, RegistryValue>;
 std::map<std::string, RegistryKey> registry;
 
@@ -89,9 +86,6 @@ RegistryKey& KeyOf(HKEY key) {
 
 DWORD GetLastError() {
   return lastError;
-}
-void SetLastError(DWORD error) {
-  lastError = error;
 }
 
 DWORD GetTickCount() {
@@ -109,8 +103,7 @@ void GetSystemTimeAsFileTime(FILETIME* time) {
   *time = FileTime((std::time(nullptr) + kUnixEpoch) * kSecond);
 }
 BOOL FileTimeToLocalFileTime(const FILETIME* utc, FILETIME* local) {
-  const std::time_t now = std::time(nullptr);
-  *local = FileTime(Ticks(*utc) + std::localtime(&now)->tm_gmtoff * kSecond);
+  *local = *utc;
   return TRUE;
 }
 void GetSystemTime(SYSTEMTIME* time) {
@@ -119,10 +112,7 @@ void GetSystemTime(SYSTEMTIME* time) {
   FileTimeToSystemTime(&now, time);
 }
 void GetLocalTime(SYSTEMTIME* time) {
-  FILETIME now;
-  GetSystemTimeAsFileTime(&now);
-  FileTimeToLocalFileTime(&now, &now);
-  FileTimeToSystemTime(&now, time);
+  GetSystemTime(time);
 }
 
 BOOL SystemTimeToFileTime(const SYSTEMTIME* t, FILETIME* file) {
@@ -145,15 +135,15 @@ BOOL FileTimeToSystemTime(const FILETIME* file, SYSTEMTIME* t) {
   const sys_days at{days{static_cast<int>(seconds / 86400 - kUnixEpoch / 86400)}};
   const year_month_day date{at};
   if (date.year() > year{30827}) return Fail(ERROR_INVALID_PARAMETER);
-  const auto word = [](auto number) { return static_cast<WORD>(number); };
-  *t = {word(int{date.year()}),
-        word(unsigned{date.month()}),
-        word(weekday{at}.c_encoding()),
-        word(unsigned{date.day()}),
-        word(inDay / 3600),
-        word(inDay / 60 % 60),
-        word(inDay % 60),
-        word(ticks % kSecond / (kSecond / 1000))};
+  const int64_t parts[] = {int{date.year()},
+                           unsigned{date.month()},
+                           weekday{at}.c_encoding(),
+                           unsigned{date.day()},
+                           inDay / 3600,
+                           inDay / 60 % 60,
+                           inDay % 60,
+                           ticks % kSecond / 10'000};
+  std::copy(std::begin(parts), std::end(parts), &t->wYear);
   return TRUE;
 }
 

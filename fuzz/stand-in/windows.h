@@ -98,7 +98,6 @@ enum : DWORD {
 #define HKEY_CURRENT_USER (reinterpret_cast<HKEY>(1))
 
 DWORD GetLastError();
-void SetLastError(DWORD error);
 inline void OutputDebugStringA(const char*) {}
 inline DWORD GetCurrentProcessId() {
   return 1;
@@ -113,7 +112,7 @@ inline void DeleteCriticalSection(CRITICAL_SECTION*) {}
 inline void EnterCriticalSection(CRITICAL_SECTION*) {}
 inline void LeaveCriticalSection(CRITICAL_SECTION*) {}
 
-// Times between 1601 and 9999, as the system takes them.
+// Times between 1601 and 30827, as the system takes them; the zone is that of Greenwich.
 void GetSystemTime(SYSTEMTIME* time);
 void GetLocalTime(SYSTEMTIME* time);
 void GetSystemTimeAsFileTime(FILETIME* time);
@@ -146,9 +145,6 @@ inline BOOL FlushFileBuffers(HANDLE) {
   return TRUE;
 }
 HANDLE CreateEventA(void*, BOOL, BOOL, const char*);
-inline BOOL ResetEvent(HANDLE) {
-  return TRUE;
-}
 inline BOOL CancelIo(HANDLE) {
   return TRUE;
 }

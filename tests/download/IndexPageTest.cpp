@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "tests/support/SeasonArchive.h"
-#include "tests/support/TestEnvironment.h"
+#include <string>
+#include <utility>
 
 namespace {
 
@@ -39,17 +37,6 @@ TEST(IndexPageTest, LinksInListItems) {
   TmyStringList known;
   known.Add("here");
   for (const auto& [page, names] : cases) EXPECT_EQ(Found(page, known), names) << page;
-}
-
-TEST(IndexPageTest, TheSitesOwnPage) {
-  const auto folder = std::filesystem::path(SeasonArchive()).parent_path();
-  std::string page = ReadFileBytes((folder / "hfcc_index.html").string());
-  const bool isReal = !page.empty();  // not everybody has it beside the repository
-  if (!isReal) page = "<HTML><UL><LI><A HREF=\"a00/a00allx2.zip\"><LI><A HREF=\"b13/b13allx2.zip\"></UL>";
-  TmyStringList known;
-  const std::string all = Found(page, known);
-  EXPECT_EQ(std::count(all.begin(), all.end(), ' '), isReal ? 53 : 2);
-  EXPECT_TRUE(all.starts_with("a00allx2.zip b"));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "scheduler/TmyWaveFilePCM.h"
+#include "tests/support/TestEnvironment.h"
 #include "tests/toolkit/ControlFixture.h"
 
 namespace {
@@ -16,16 +17,10 @@ constexpr uint32_t kBytesPerMillisecond = 16;
 class MediaPlayerTest : public ControlFixture {
  public:
   MediaPlayerTest() {
-    char folder[MAX_PATH] = {};
-    GetTempPathA(sizeof(folder), folder);
-    path_ = TmyString(folder) + TmyString::Repeat('n', 140) + ".wav";  // more than some drivers take
     player_->SetBounds(0, 0, 620, player_->PreferredHeight(620));
     player_->stateChanged.Bind<&MediaPlayerTest::Changed>(this);
   }
-  ~MediaPlayerTest() override {
-    Close();
-    DeleteFileA(path_.Chars());
-  }
+  ~MediaPlayerTest() override { Close(); }  // before the folder goes
   void Changed(Player& player) {
     states_.push_back(player.StateCode());
     Tell();
@@ -53,13 +48,13 @@ class MediaPlayerTest : public ControlFixture {
     return false;
   }
   uint32_t DataSizeInFile() const {
-    WaveHeader header = {};
-    TmyFile file(path_, GENERIC_READ, OPEN_EXISTING);
-    return file.Read(&header, sizeof(header)) ? header.dataSize : 0;
+    const std::string file = ReadFileBytes(path_.Chars());
+    return reinterpret_cast<const WaveHeader*>(file.data())->dataSize;
   }
 
-  TmyString path_;
-  Player* player_ = new Player(*window_);  // belongs to its window
+  TemporaryFolder folder_;
+  const TmyString path_ = folder_.File(std::string(140, 'n') + ".wav").c_str();  // more than some drivers take
+  Player* player_ = new Player(*window_);                                        // belongs to its window
   std::vector<int32_t> states_;
 };
 
@@ -81,19 +76,16 @@ TEST_F(MediaPlayerTest, PlaysToTheEndAndAPauseHoldsThePlace) {
 }
 
 TEST_F(MediaPlayerTest, BackAndForwardGoTwoSecondsToWholeOnes) {
-  const struct {
-    int64_t from;
-    Player::Button button;
-    int64_t to;
-  } kCases[] = {{1500, Player::kBack, 0}, {5700, Player::kBack, 3000}, {5700, Player::kForward, 6000}};
   MakeFile(6500);
   Press(Player::kPlay);
   Press(Player::kPause);
-  for (const auto& each : kCases) {
-    player_->Slider().SetPosition(each.from - 1000);
+  using Case = std::tuple<int64_t, Player::Button, int64_t>;
+  for (const auto& [from, button, to] :
+       {Case(1500, Player::kBack, 0), Case(5700, Player::kBack, 3000), Case(5700, Player::kForward, 6000)}) {
+    player_->Slider().SetPosition(from - 1000);
     Input::Key(player_->Slider(), VK_RIGHT);  // a second
-    Press(each.button);
-    EXPECT_EQ(player_->Slider().Position(), each.to) << each.from;
+    Press(button);
+    EXPECT_EQ(player_->Slider().Position(), to) << from;
   }
   Press(Player::kPause);
   Press(Player::kBack);

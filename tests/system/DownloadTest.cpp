@@ -31,7 +31,7 @@ class Download : public PluginFixture {
   ~Download() override { EXPECT_FALSE(host_.WasLate()); }
 
   static void SetPort(const std::string& port) { SetEnvironmentVariableA("MARLUX_LOOPBACK_PORT", port.c_str()); }
-  static std::string OneBroadcast() { return Header() + Line("7325", "New"); }
+  static std::string OneBroadcast() { return Broadcasts({"7325"}); }
   void ListArchives(const std::string& names) {
     std::istringstream words(names);
     std::string page = "<HTML><UL>";

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "tests/support/EibiLine.h"
+
 namespace {
 
 // A crash ends the program at once and says where; no debugger, no box that waits for somebody.
@@ -26,21 +28,14 @@ void PluginFixture::WriteSchedule(const std::string& content) {
   ASSERT_TRUE(WriteFileBytes(DataFile(), content));
 }
 
-std::string PluginFixture::Header() {
-  std::string header;
-  for (int i = 0; i < 17; ++i) header += "header\r\n";
-  return header;
-}
-
-std::string PluginFixture::Line(const std::string& khz, const std::string& station) {
-  char line[128];
-  std::snprintf(line, sizeof line, "%-14s%-10s%-6s%-4s%-25s%-4s%-12s\r\n", khz.c_str(), "0000-2400", "", "D",
-                station.c_str(), "E", "Eu");
-  return line;
+std::string PluginFixture::Broadcasts(std::initializer_list<const char*> frequencies) {
+  std::string content = EibiHeader();
+  for (const char* khz : frequencies) content += EibiLine(khz, "0000-2400") + "\r\n";
+  return content;
 }
 
 std::string PluginFixture::ThreeBroadcasts() {
-  return Header() + Line("9420", "Middle") + Line("6005", "Low") + Line("15770.5", "High");
+  return Broadcasts({"9420", "6005", "15770.5"});
 }
 
 HWND PluginFixture::StartPlugin(uint32_t handle) {
@@ -118,6 +113,18 @@ void PluginFixture::Choose(HWND window, const std::string& item) {
   host_.PumpFor(0);
 }
 
+void PluginFixture::ChooseInGrid(HWND window, char letter, LPARAM at) {
+  const auto menu = [] { return FakeHost::Find("", "#32768"); };
+  bool isChosen = false;
+  host_.When([=] { return menu() != nullptr; },
+             [&] {
+               PostMessageA(menu(), WM_CHAR, static_cast<WPARAM>(letter), 0);
+               isChosen = true;
+             });
+  PostMessageA(Grid(window), WM_CONTEXTMENU, 0, at);
+  EXPECT_TRUE(host_.PumpUntil([&] { return isChosen && !menu(); }));
+}
+
 std::vector<uint32_t> PluginFixture::Codes() const {
   std::vector<uint32_t> codes;
   for (const HostCall& call : host_.Calls()) codes.push_back(call.code);
@@ -137,9 +144,8 @@ std::vector<MenuEntry> Entries(HMENU menu) {
   for (int i = 0; i < GetMenuItemCount(menu); ++i) {
     char text[128] = "";
     GetMenuStringA(menu, static_cast<UINT>(i), text, sizeof text, MF_BYPOSITION);
-    const UINT state = GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION);
-    entries.push_back(
-        {text, (state & (MF_GRAYED | MF_DISABLED)) == 0, (state & MF_CHECKED) != 0, GetMenuItemID(menu, i)});
+    const bool isChecked = (GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & MF_CHECKED) != 0;
+    entries.push_back({text, isChecked, GetMenuItemID(menu, i)});
     if (const HMENU below = GetSubMenu(menu, i)) {
       for (MenuEntry& entry : Entries(below)) entries.push_back(std::move(entry));
     }

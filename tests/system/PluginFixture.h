@@ -12,10 +12,9 @@ class PluginFixture : public testing::Test {
 
   static void ForgetSettings() { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Corvane Communications"); }
   void WriteSchedule(const std::string& content);
-  // Header lines, then one broadcast each: 9420, 6005 and 15770.5 kHz, in this order.
-  static std::string ThreeBroadcasts();
-  static std::string Header();  // 17 lines
-  static std::string Line(const std::string& khz, const std::string& station);
+  // The content of a file with a broadcast of each frequency, kHz.
+  static std::string Broadcasts(std::initializer_list<const char*> frequencies);
+  static std::string ThreeBroadcasts();  // 9420, 6005 and 15770.5 kHz, in this order
 
   // The folder holds the three broadcasts and this archive, which is none: nothing is asked at the start.
   [[nodiscard]] std::string ArchiveFile() const { return documents_.DataFolder() + "\\none.zip"; }
@@ -36,6 +35,8 @@ class PluginFixture : public testing::Test {
   // The media panel's first one that does something: "Record"; while something is recorded "Stop".
   void PressFirstMediaButton(HWND window);
   void Choose(HWND window, const std::string& item);  // from the menu bar, "&" included
+  // From the grid's menu by its letter; the menu is opened there on the screen, or by the keyboard.
+  void ChooseInGrid(HWND window, char letter, LPARAM at = -1);
   void OpenAbout(HWND window) { Choose(window, "&About"); }
 
   [[nodiscard]] std::vector<uint32_t> Codes() const;
@@ -48,7 +49,7 @@ class PluginFixture : public testing::Test {
 
 struct MenuEntry {
   std::string text;
-  bool isEnabled, isChecked;
+  bool isChecked;
   UINT id;
 };
 // All entries with those of their submenus behind them, in the order in which they are seen.

@@ -23,18 +23,10 @@ const std::string kFirst(6000, 'a'), kSecond(8000, 'b');
 
 class Recording : public PluginFixture {
  protected:
-  void RecordFirstRow(HWND window, const std::vector<uint32_t>& codes = {0x800, 0x900, 0xF00, 0x902, 0x1101}) {
-    Key(Grid(window), VK_HOME);
-    RecordRow(window, 9420000, codes);
-  }
-  void RecordRow(HWND window, uint32_t frequency,
-                 const std::vector<uint32_t>& codes = {0x800, 0x900, 0xF00, 0x902, 0x1101}) {
-    const auto menu = [] { return FakeHost::Find("", "#32768"); };
-    host_.When([=] { return menu() != nullptr; }, [=] { PostMessageA(menu(), WM_CHAR, 'r', 0); });
-    PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
-    EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() >= codes.size(); }));
+  // The grid's current one.
+  void RecordRow(HWND window, const std::vector<uint32_t>& codes = {0x800, 0x900, 0xF00, 0x902, 0x1101}) {
+    ChooseInGrid(window, 'r');
     EXPECT_EQ(Codes(), codes);
-    EXPECT_EQ(host_.Calls()[0].a, frequency);
   }
   void Send(uint32_t rate, uint32_t channels, uint32_t count, const std::string& samples, uint32_t kind = 3,
             uint32_t handle = 7) {
@@ -76,7 +68,8 @@ TEST_F(Recording, FromTheGridIsToldAndEndsInEveryWay) {
   for (const auto& way : kEnds) {
     SCOPED_TRACE(way.name);
     const HWND window = StartPlugin();
-    RecordFirstRow(window);
+    Key(Grid(window), VK_HOME);
+    RecordRow(window);
     Send(44100, 1, 3000, kFirst);
     Send(8000, 1, 4000, kSecond);
     EXPECT_EQ(TextOf(window), "Marlux 3 recording 9420");
@@ -100,7 +93,8 @@ TEST_F(Recording, EndedInsideItsBeginningLeavesNoTitle) {
   for (const auto& end : ends) {
     host_.Clear();
     host_.During(0x1101, end);
-    RecordFirstRow(window, {0x800, 0x900, 0xF00, 0x902, 0x1101, 0x1101});
+    Key(Grid(window), VK_HOME);
+    RecordRow(window, {0x800, 0x900, 0xF00, 0x902, 0x1101, 0x1101});
     EXPECT_EQ(TextOf(window), "Marlux 3");
     EXPECT_EQ(DoubleClickLastRow(Grid(window)), 15770500u) << "the grid tunes again";
   }
@@ -135,32 +129,20 @@ TEST_F(Recording, ByTheButtonTakesTheFirstFormatAndDropsWhatIsNone) {
 }
 
 TEST_F(Recording, EachInstanceHasAudioOfItsOwnUntilItsEnd) {
-  const struct {
-    uint32_t handle, frequency;
-    const char* name;
-    char sample;
-  } kInstances[] = {{7, 9420000, "rec_9420000.wav", 'a'},
-                    {8, 6005000, "rec_6005000.wav", 'b'},
-                    {9, 15770500, "rec_15770500.wav", 'c'}};
-  std::vector<int> order = {0, 1, 2};
-  do {
-    std::map<std::string, std::string> expected;
-    int row = 0;
-    for (const auto& instance : kInstances) {
-      const HWND window = StartPlugin(instance.handle);
-      Key(Grid(window), VK_HOME);
-      for (int i = 0; i < row; ++i) Key(Grid(window), VK_DOWN);
-      ++row;
-      RecordRow(window, instance.frequency);
-    }
-    uint32_t blocks = 0;
-    for (const int closed : order) {
-      ++blocks;
-      for (const auto& instance : kInstances)
-        Send(8000, 1, 4000, std::string(8000, instance.sample), 3, instance.handle);
-      host_.Close(kInstances[closed].handle);
-      expected[kInstances[closed].name] = Wav(8000, 1, std::string(8000 * blocks, kInstances[closed].sample));
-    }
-    EXPECT_EQ(TakeFiles(), expected);
-  } while (std::ranges::next_permutation(order).found);
+  const std::map<uint32_t, std::string> names = {
+      {7, "rec_9420000.wav"}, {8, "rec_6005000.wav"}, {9, "rec_15770500.wav"}};
+  for (const auto& [handle, name] : names) {
+    const HWND window = StartPlugin(handle);
+    Key(Grid(window), VK_HOME);
+    for (uint32_t row = 7; row < handle; ++row) Key(Grid(window), VK_DOWN);
+    RecordRow(window);
+  }
+  std::map<std::string, std::string> expected;
+  for (const uint32_t closed : {8u, 7u, 9u}) {
+    for (const auto& [handle, name] : names) Send(8000, 1, 4000, std::string(8000, name[4]), 3, handle);
+    host_.Close(closed);
+    const std::string& name = names.at(closed);
+    expected[name] = Wav(8000, 1, std::string(8000 * (expected.size() + 1), name[4]));
+  }
+  EXPECT_EQ(TakeFiles(), expected);
 }

@@ -48,19 +48,11 @@ struct Task {
 };
 static_assert(sizeof(Task) == 48);
 
-std::string KhzText(uint64_t hz) {
-  std::string text = std::to_string(hz / 1000) + "." + std::to_string(1000 + hz % 1000).substr(1);
-  while (text.back() == '0') text.pop_back();
-  if (text.back() == '.') text.pop_back();
-  return text;
-}
-
 // What is to be seen of the plug-in from outside.
 struct Model {
   std::vector<Task> tasks;
   bool isUtc = false;
   const Task* running = nullptr;
-  std::string caption = "Marlux 3";
   std::vector<HostCall> calls;
   std::map<std::string, std::string> files;  // names and what was recorded
   std::string newest;
@@ -71,7 +63,6 @@ struct Model {
   void Stop() {
     if (!running) return;
     running = nullptr;
-    caption = "Marlux 3";
     Called(0x1101, 0);
   }
   void Tick() {
@@ -89,7 +80,6 @@ struct Model {
     std::snprintf(name, sizeof name, "task_%llu_%04u%02u%02u_%02u%02u%02u.wav", due->frequency, t.wYear, t.wMonth,
                   t.wDay, t.wHour, t.wMinute, t.wSecond);
     files[newest = name].clear();
-    caption = "Marlux 3 recording " + KhzText(due->frequency);
   }
 };
 
@@ -104,9 +94,10 @@ class WeekTest : public PluginFixture {
     task.mode = Below(21), task.reserved = Below(UINT32_MAX);
     task.from = DateInTheWeek(), task.to = DateInTheWeek();
     if (task.from > task.to && Below(8) != 0) std::swap(task.from, task.to);
+    for (uint64_t* date : {&task.from, &task.to}) *date |= uint64_t{Below(12) == 0} << 63;  // beyond all dates
     task.start = Below(288) * 300;
     task.stop = Below(10) == 0 ? task.start : Below(4) == 0 ? task.start + 3600 : Below(288) * 300;
-    task.days = Below(3) == 0 ? 127 : Below(128), task.enabled = Below(8);
+    task.days = Below(3) == 0 ? 127 : random_(), task.enabled = Below(8);
     return task;
   }
   void Hear(Model& model) {
@@ -144,7 +135,7 @@ void WeekTest::RunWeek(uint32_t set) {
       if (model.instance == 0 && !host_.Calls().empty()) model.instance = host_.Calls().front().instance;
       model.Tick();
       ASSERT_EQ(host_.Calls(), model.calls) << "set " << set << ", second " << (now - kMonday).count();
-      ASSERT_EQ(TextOf(window), model.caption) << "set " << set << ", second " << (now - kMonday).count();
+      ASSERT_EQ(TextOf(window) != "Marlux 3", model.running != nullptr) << TextOf(window);
       ASSERT_TRUE(model.calls.size() != 5 || std::filesystem::exists(recordings + model.newest)) << model.newest;
       if (set < 5 && Below(200) == 0) Hear(model);
       host_.Clear(), model.calls.clear();
