@@ -26,9 +26,9 @@ class DownloadRunTest : public testing::Test, public DownloadDesk {
   void DropRequest() override { said_.emplace_back("drop"); }
 
   std::vector<std::string> Said() { return std::exchange(said_, {}); }
-  void Finish(const std::string& body, const char* status = "HTTP/1.1 200 OK") {
-    const TmyString line(status);
-    run_.Finished({line, reinterpret_cast<const uint8_t*>(body.data()), static_cast<uint32_t>(body.size())});
+  void Finish(const std::string& body) {
+    const TmyString status = "HTTP/1.1 200 OK";
+    run_.Finished({status, reinterpret_cast<const uint8_t*>(body.data()), static_cast<uint32_t>(body.size())});
   }
 
   TemporaryFolder folder_;
@@ -61,22 +61,6 @@ TEST_F(DownloadRunTest, SaysEachStepOfBothPhases) {
                           "Downloading HFCC 3/3|", "HFCC /data/three.zip",
                           "EiBi database file downloaded. 3 HFCC database files downloaded.|", "drop", "[OK]"));
   EXPECT_EQ(ReadFileBytes(folder_.File("three.zip")), "3");
-}
-
-TEST_F(DownloadRunTest, TimeOutsAndArchivesThatAreNotSaved) {
-  const std::string end = "Unable to connect to any web page.\r\nPlease check your Internet connection and try again.";
-  for (const char* name : {"eibi.txt.new", "full.zip.new"}) CreateDirectoryA(folder_.File(name).c_str(), nullptr);
-  run_.Start();
-  Finish("schedule");
-  run_.TimedOut();
-  Finish("<UL><LI>HREF\"one.zip\"<LI>HREF\"full.zip\"<LI>HREF\"ONE.zip\"<LI>HREF\"gone.zip\"<LI>HREF\"late.zip\"");
-  for (const char* body : {"1", "2", "3"}) Finish(body);
-  Finish("4", "HTTP/1.1 404 Not Found");
-  EXPECT_EQ(Said().back(), "HFCC /data/late.zip");
-  run_.TimedOut();  // the site was there, and is not any more
-  EXPECT_THAT(Said(),
-              ElementsAre("No EiBi database file downloaded. 1 HFCC database file downloaded.|" + end, "drop", "[OK]"));
-  EXPECT_EQ(ReadFileBytes(folder_.File("one.zip")), "1");
 }
 
 }  // namespace

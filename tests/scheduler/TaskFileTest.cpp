@@ -30,15 +30,17 @@ class TaskFileTest : public testing::Test {
 }  // namespace
 
 TEST_F(TaskFileTest, ReadsAndWritesEveryField) {
-  ASSERT_TRUE(WriteFileBytes(path_.Chars(), TwoTasks() + TwoTasks().substr(0, 6)));
+  std::string bytes;
+  for (int i = 0; i < 50; ++i) bytes += TwoTasks();  // more than one read brings
+  ASSERT_TRUE(WriteFileBytes(path_.Chars(), bytes + TwoTasks().substr(0, 6)));
   EXPECT_TRUE(Load());
-  ASSERT_EQ(tasks_.Count(), 3u);
+  ASSERT_EQ(tasks_.Count(), 101u);
   EXPECT_EQ(
       *tasks_.Get(0),
       (TmxTask{9420000, 1, 0x0012F7A4, {0x646e4e00, 0x01dca984}, {0x5df7ce00, 0x01ddc5fa}, 50700, 54300, 0x3E, 1}));
-  EXPECT_EQ(*tasks_.Get(2), (TmxTask{9420000, 0, 0, kNow, kNow, 0, 0, 0, 0})) << "completed";
+  EXPECT_EQ(*tasks_.Get(100), (TmxTask{9420000, 0, 0, kNow, kNow, 0, 0, 0, 0})) << "completed";
   EXPECT_TRUE(Save());
-  EXPECT_TRUE(ReadFileBytes(path_.Chars()).starts_with(TwoTasks()));
+  EXPECT_TRUE(ReadFileBytes(path_.Chars()).starts_with(bytes));
 }
 
 TEST_F(TaskFileTest, KeepsTheOldFileWhenSavingFails) {

@@ -31,7 +31,7 @@ class Download : public PluginFixture {
   ~Download() override { EXPECT_FALSE(host_.WasLate()); }
 
   static void SetPort(const std::string& port) { SetEnvironmentVariableA("MARLUX_LOOPBACK_PORT", port.c_str()); }
-  static std::string OneBroadcast() { return Broadcasts({"7325"}); }
+  static std::string OneBroadcast() { return Header() + Line("7325", "New"); }
   void ListArchives(const std::string& names) {
     std::istringstream words(names);
     std::string page = "<HTML><UL>";
@@ -84,9 +84,15 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
       {no + eibi + none + unable + "EiBi" + again, "d1", kEibi, half},
       {eibi + none + unable + "HFCC" + again, "e1", kIndex, silence},
       {eibi + none + unable + "HFCC" + again, "e1", "/data/e1.zip", half},
+      {eibi + "1 HFCC database file downloaded." + unable + "HFCC" + again, "f1 f2", "/data/f2.zip", silence},
+      {eibi + "1 HFCC database file downloaded.\r\n",
+       "g1 G1 full gone",
+       "/data/gone.zip",
+       {"HTTP/1.1 404\nContent-Length: 1\n\n."}},
   };
   SetEnvironmentVariableA("MARLUX_LOOPBACK_TIMEOUT", "400");
   const HWND window = StartPlugin();
+  std::filesystem::create_directory(documents_.DataFolder() + "\\full.zip.new");  // nothing can be written aside
   const uint16_t port = eibi_->Port();
   for (const auto& run : kRuns) {
     const bool hasEibi = run.expected.starts_with(eibi);
@@ -104,7 +110,7 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
   for (const MenuEntry& entry : Entries(GetMenu(window))) {
     if (entry.text.ends_with(".zip")) archives += (entry.isChecked ? " +" : " ") + entry.text;
   }
-  EXPECT_EQ(archives, " a1.zip b1.zip b2.zip b3.zip d1.zip +none.zip");
+  EXPECT_EQ(archives, " a1.zip b1.zip b2.zip b3.zip d1.zip f1.zip g1.zip +none.zip");
 }
 
 // As the machine's own server sends them: the EiBi file in chunks, all but one of the archives not at all.

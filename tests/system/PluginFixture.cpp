@@ -2,8 +2,6 @@
 
 #include <filesystem>
 
-#include "tests/support/EibiLine.h"
-
 namespace {
 
 // A crash ends the program at once and says where; no debugger, no box that waits for somebody.
@@ -28,14 +26,8 @@ void PluginFixture::WriteSchedule(const std::string& content) {
   ASSERT_TRUE(WriteFileBytes(DataFile(), content));
 }
 
-std::string PluginFixture::Broadcasts(std::initializer_list<const char*> frequencies) {
-  std::string content = EibiHeader();
-  for (const char* khz : frequencies) content += EibiLine(khz, "0000-2400") + "\r\n";
-  return content;
-}
-
 std::string PluginFixture::ThreeBroadcasts() {
-  return Broadcasts({"9420", "6005", "15770.5"});
+  return Header() + Line("9420", "Middle") + Line("6005", "Low") + Line("15770.5", "High");
 }
 
 HWND PluginFixture::StartPlugin(uint32_t handle) {
@@ -77,17 +69,14 @@ void PluginFixture::Key(HWND window, WPARAM key, LPARAM flags) {
   host_.PumpFor(0);
 }
 
-void PluginFixture::Click(HWND window, int x, int y, int times) {
-  for (; times > 0; --times) {
-    PostMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
-    PostMessageA(window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
-  }
-  host_.PumpFor(0);
-}
-
 uint32_t PluginFixture::DoubleClickLastRow(HWND grid) {
   host_.Clear();
-  for (int y = 200; y > 40 && host_.Calls().empty(); y -= 6) Click(grid, 20, y, 2);
+  for (int y = 200; y > 40 && host_.Calls().empty(); y -= 6) {
+    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDOWN, WM_LBUTTONUP}) {
+      PostMessageA(grid, message, 0, MAKELPARAM(20, y));
+    }
+    host_.PumpFor(0);
+  }
   const std::vector<uint32_t> tuned = TunedFrequencies();
   return tuned.empty() ? 0 : tuned.front();
 }

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/EibiLine.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/FreshDocumentsFolder.h"
 
@@ -12,8 +13,10 @@ class PluginFixture : public testing::Test {
 
   static void ForgetSettings() { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Corvane Communications"); }
   void WriteSchedule(const std::string& content);
-  // The content of a file with a broadcast of each frequency, kHz.
-  static std::string Broadcasts(std::initializer_list<const char*> frequencies);
+  static std::string Header() { return EibiHeader(); }
+  static std::string Line(const char* khz, const char* station) {
+    return EibiLine(khz, "0000-2400", "", station) + "\r\n";
+  }
   static std::string ThreeBroadcasts();  // 9420, 6005 and 15770.5 kHz, in this order
 
   // The folder holds the three broadcasts and this archive, which is none: nothing is asked at the start.
@@ -27,7 +30,6 @@ class PluginFixture : public testing::Test {
 
   void Key(HWND window, WPARAM key, LPARAM flags = 1);
   void KeyWhereTheFocusIs(WPARAM key) { Key(GetFocus(), key); }
-  void Click(HWND window, int x, int y, int times = 1);
   // Double clicks from below upwards until a row tunes the host; the frequency, 0 when none did.
   uint32_t DoubleClickLastRow(HWND grid);
   // The panel's second stop, behind the choice of the database.
