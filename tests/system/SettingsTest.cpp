@@ -52,6 +52,7 @@ bool operator==(const RECT& a, const RECT& b) {
 TEST_F(Settings, WhatTheUserChangedIsThereAgain) {
   HWND window = StartPlugin();
   EXPECT_TRUE(PlaceOf(window) == (RECT{0, 0, 800, 600}));
+  EXPECT_FALSE(IsUtc(window));
   SetWindowPos(window, nullptr, 40, 30, 700, 500, SWP_NOZORDER);
   Choose(window, "&UTC time");
   SwitchAutoTuning(window);
