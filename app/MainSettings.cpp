@@ -48,21 +48,32 @@ void MainSettings::ApplyScheduler() {
   TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
   GiveWidths(window.Grid(), settings_.taskWidths);
   scheduler_.Restore(window, settings_.scheduler);
+  window.opening.Bind<&MainSettings::SchedulerOpens>(this);
   window.ending.Bind<&MainSettings::SchedulerEnds>(this);
   hasScheduler_ = true;
 }
 
-void MainSettings::SchedulerEnds() {
+// Its monitor may have gone, or come back, since it was there last.
+void MainSettings::SchedulerOpens() {
   TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
-  settings_.scheduler = scheduler_.Current(window);
-  TakeWidths(window.Grid(), settings_.taskWidths);
+  scheduler_.Restore(window, scheduler_.Current(window));
+}
+
+void MainSettings::SchedulerEnds() {
+  TakeScheduler();
   hasScheduler_ = false;
 }
 
-// What lies behind the shown fields stays as it was stored.
+void MainSettings::TakeScheduler() {
+  TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
+  settings_.scheduler = scheduler_.Current(window);
+  TakeWidths(window.Grid(), settings_.taskWidths);
+}
+
+// What lies behind the shown fields stays as it was stored. At the end of a session there may be a later save.
 void MainSettings::Save() {
   if (!owners_) return;
-  if (hasScheduler_) SchedulerEnds();
+  if (hasScheduler_) TakeScheduler();
   settings_.window = window_.Current(owners_->window);
   settings_.isUtc = owners_->utc;
   settings_.isAutoTuning = owners_->panel.IsAutoTuning();

@@ -87,7 +87,12 @@ TEST_F(Settings, WhatTheUserChangedIsThereAgain) {
   Key(Grid(window), VK_END);
   EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() == 4; })) << "auto-tuning is on";
   Choose(window, "&View scheduler");
-  EXPECT_TRUE(PlaceOf(FakeHost::Find("Scheduler")) == (RECT{60, 70, 960, 470}));
+  const HWND scheduler = FakeHost::Find("Scheduler");
+  EXPECT_TRUE(PlaceOf(scheduler) == (RECT{60, 70, 960, 470}));
+  SetWindowPos(scheduler, nullptr, -9000, 70, 900, 400, SWP_NOZORDER);
+  Choose(window, "&View scheduler");
+  EXPECT_NE(MonitorFromWindow(scheduler, MONITOR_DEFAULTTONULL), nullptr) << "its monitor has gone";
+  SetWindowPos(scheduler, nullptr, 60, 70, 900, 400, SWP_NOZORDER);
   ShowWindow(window, SW_MAXIMIZE);
   host_.Close(7);
   EXPECT_EQ(Number("Left"), 40u) << "the place that a maximised window goes back to";
@@ -156,6 +161,21 @@ TEST_F(Settings, TasksThatCouldNotBeReadAreNotLost) {
   EXPECT_EQ(ReadFileBytes(name), tasks);
   Round();
   EXPECT_EQ(ReadFileBytes(name), tasks) << "and only once";
+}
+
+// The second time another window has saved meanwhile, and this one has nothing new to say.
+TEST_F(Settings, TheTasksOfTwoWindows) {
+  const std::string name = documents_.DataFolder() + "\\tasks.mxt", tasks(96, 't'), others(144, 'o');
+  ASSERT_TRUE(WriteFileBytes(name, tasks));
+  const HWND window = StartPlugin();
+  ASSERT_TRUE(DeleteFileA(name.c_str()));
+  Choose(window, "&UTC time");
+  SendMessageA(window, WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(Number("IsUtcTime"), 1u) << "the process may not come to its end";
+  EXPECT_EQ(ReadFileBytes(name), tasks);
+  ASSERT_TRUE(WriteFileBytes(name, others));
+  host_.Close(7);
+  EXPECT_EQ(ReadFileBytes(name), others);
 }
 
 // Each writes at its own end, so the last one's values stay.
