@@ -36,7 +36,7 @@ void MainSettings::Apply() {
   owners_->menu.utcTime.Check(settings_.isUtc);
   owners_->panel.SetAutoTuning(settings_.isAutoTuning);
   owners_->panel.ChooseDatabase(settings_.database == kHfcc);
-  owners_->hfcc.RestoreFields(settings_.fccSlots.data(), settings_.fccCount);
+  owners_->hfcc.SetFields(settings_.fccSlots.data(), settings_.fccCount);
   GiveWidths(owners_->hfcc.Control(), settings_.fccWidths);
   GiveWidths(owners_->eibi.Control(), settings_.eibiWidths);
   owners_->databases.SetCurrentFile(settings_.currentFile);

@@ -148,6 +148,38 @@ TEST_F(Settings, TheArchiveAndTheDatabaseThatWereShownLast) {
     EXPECT_EQ(Text("CurrentFile"), stored[0] == 'b' ? "B25.zip" : "a26all00.zip");
     EXPECT_EQ(Number("DBDefault"), 1u);
   }
+  for (const char* name : {"a26all00.zip", "B25.zip"}) DeleteFileA((folder + name).c_str());
+  const auto question = [] { return FakeHost::Find("Database files initialization needed"); };
+  host_.When([&] { return question() != nullptr; }, [&] { SendMessageA(question(), WM_CLOSE, 0, 0); });
+  Round();
+  EXPECT_EQ(Text("CurrentFile"), "a26all00.zip") << "while the folder has no archive at all";
+}
+
+TEST_F(Settings, ColumnsAsTheMouseLeftThem) {
+  const auto drag = [&](HWND window, int from, int to) {
+    for (const auto& [message, x] : {std::pair{WM_LBUTTONDOWN, from}, {WM_MOUSEMOVE, to}, {WM_LBUTTONUP, to}}) {
+      SendMessageA(Grid(window), static_cast<UINT>(message), MK_LBUTTON, MAKELPARAM(x, 8));
+    }
+  };
+  ASSERT_TRUE(CopyFileA(SeasonArchive().c_str(), ArchiveFile().c_str(), FALSE));
+  PutNumber("DBDefault", 1);
+  HWND window = StartPlugin();
+  drag(window, 100, 140);  // the first border
+  drag(window, 190, 20);   // the second title
+  host_.Close(7);
+  std::vector<int32_t> slots = {1, 0, 2, 3, 4, 9, 13, 14, 15, 16}, widths = {100, 140};
+  slots.resize(22);
+  widths.resize(10, 100);
+  const int32_t own = Numbers("GridColumsCountFcc").back();
+  widths.resize(22, own);
+  EXPECT_EQ(Numbers("TranslatedPos"), slots);
+  EXPECT_EQ(Numbers("GridColumsCountFcc"), widths);
+  window = StartPlugin();
+  drag(window, 240, 300);  // the second border, where it was left
+  host_.Close(7);
+  widths[1] = 200;
+  EXPECT_EQ(Numbers("TranslatedPos"), slots);
+  EXPECT_EQ(Numbers("GridColumsCountFcc"), widths);
 }
 
 // Somebody, a backup say, has it while the plug-in starts.
