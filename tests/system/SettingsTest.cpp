@@ -2,8 +2,6 @@
 #include "tests/support/SeasonArchive.h"
 #include "tests/system/PluginFixture.h"
 
-using testing::Each;
-
 namespace {
 
 constexpr char kKey[] = "Software\\Corvane Communications\\Marlux 3";
@@ -64,12 +62,8 @@ TEST_F(Settings, AFirstStartStoresWhatItShows) {
   EXPECT_EQ(Number("SchedulerHeight"), 200u);
   EXPECT_EQ(Number("IsUtcTime") + Number("IsAutoTuning") + Number("DBDefault"), 0u);
   EXPECT_EQ(Number("TranslatedCount"), 10u);
-  EXPECT_EQ(Numbers("TranslatedPos").size(), 22u);
   EXPECT_EQ(Numbers("GridColumsCountEibi").size(), 9u);
   EXPECT_EQ(Numbers("SchedulerTable").size(), 8u);
-  const std::vector<int32_t> widths = Numbers("GridColumsCountFcc");
-  ASSERT_EQ(widths.size(), 22u);
-  EXPECT_THAT(std::vector(widths.begin(), widths.begin() + 10), Each(100));
   EXPECT_EQ(Text("ExportPath"), documents_.Path());
 }
 
