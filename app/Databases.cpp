@@ -5,11 +5,13 @@
 #include "app/WaitCursor.h"
 #include "plugin/DataFolders.h"
 
-// Chooses an archive when none was chosen before.
+// Chooses an archive when the folder had none before. The name stays while it has none at all: somebody may have taken
+// them away for a moment.
 void Databases::List(const ScheduleFiles& files) {
   hasEibi_ = files.hasEibi;
-  hasArchives_ = !files.archives.empty();
-  if (currentFile_.IsEmpty()) currentFile_ = NewestArchive(files.archives);
+  const bool hadArchives = std::exchange(hasArchives_, !files.archives.empty());
+  if (!hadArchives && hasArchives_) currentFile_ = ArchiveNamed(files.archives, currentFile_);
+  if (hasArchives_ && currentFile_.IsEmpty()) currentFile_ = NewestArchive(files.archives);
   menu_.ListArchives(files.archives, currentFile_);
   TmyMenu& menu = menu_.HfccDatabases();
   for (uint32_t i = 0; i < menu.ItemCount(); ++i) menu.Item(i).chosen = archiveChosen;
@@ -18,20 +20,18 @@ void Databases::List(const ScheduleFiles& files) {
 void Databases::Load() {
   const WaitCursor wait;
   const TmyString folder = DataFolder();
-  const ScheduleFiles files = ListScheduleFiles(folder);
-  currentFile_ = ArchiveNamed(files.archives, currentFile_);
-  List(files);
+  List(ListScheduleFiles(folder));
   eibi_.Load(folder);
-  if (!currentFile_.IsEmpty()) problem_ = hfcc_.Load(folder + "\\" + currentFile_);
+  if (hasArchives_) problem_ = hfcc_.Load(folder + "\\" + currentFile_);
 }
 
 bool Databases::Reload(bool hasNewEibi) {
   const WaitCursor wait;
   const TmyString folder = DataFolder();
-  const bool hadArchive = !currentFile_.IsEmpty();
+  const bool hadArchives = hasArchives_;
   List(ListScheduleFiles(folder));
   const bool isOtherEibi = hasNewEibi && eibi_.Reload(folder);
-  const bool isFirstArchive = !hadArchive && !currentFile_.IsEmpty();
+  const bool isFirstArchive = !hadArchives && hasArchives_;
   if (isFirstArchive) problem_ = hfcc_.Load(folder + "\\" + currentFile_);
   return isOtherEibi || isFirstArchive;
 }

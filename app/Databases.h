@@ -22,7 +22,7 @@ class Databases {
 
   TmyEvent<TmyMenuItem&> archiveChosen;  // from the menu, which is made anew with each list
 
-  // The archive to load at the start; a name that the folder does not have counts as none. Case does not.
+  // The archive to load at the start; a name that is not among the folder's archives counts as none. Case does not.
   void SetCurrentFile(const TmyString& name) { currentFile_ = name; }
   void Load();  // the EiBi schedule and the current archive, without one the newest
   // After a download; true when a grid has other records now. A new EiBi file without records leaves the grid as it is;
@@ -30,7 +30,7 @@ class Databases {
   [[nodiscard]] bool Reload(bool hasNewEibi);
   void LoadArchive(const TmyString& name);
 
-  [[nodiscard]] const TmyString& CurrentFile() const noexcept { return currentFile_; }  // empty: no archive
+  [[nodiscard]] const TmyString& CurrentFile() const noexcept { return currentFile_; }  // need not exist
   [[nodiscard]] bool IsOneMissing() const noexcept { return !hasEibi_ || !hasArchives_; }
   // What the last load of an archive had to say; once.
   [[nodiscard]] HfccLoad TakeProblem() noexcept;

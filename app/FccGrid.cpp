@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <string_view>
+#include <utility>
 
 #include "app/FccFilter.h"
 #include "plugin/HostLink.h"
@@ -41,36 +42,53 @@ HfccLoad FccGrid::Load(const TmyString& archivePath) {
 
 void FccGrid::SetFields(const uint32_t* fields, uint32_t count) {
   ScaleWidths();  // all widths must be meant for one text height
-  const int sorted = SortColumn();
-  const FccColumn* const sortedBy = sorted >= 0 ? columns_[static_cast<uint32_t>(sorted)] : nullptr;
+  const FccColumn* const sortedBy = SortedBy();
+  std::vector<const FccColumn*> before = std::exchange(columns_, {});
+  const std::vector<int32_t> widthsBefore(Control().Widths(), Control().Widths() + before.size());
   count = std::min(count, kFccFields);
   fields_.assign(fields, fields + count);
-  columns_.clear();
-  TmyGridColumn shown[kFccFields];
+  int32_t widths[kFccFields];
   for (uint32_t i = 0; i < count; ++i) {
     const FccColumn& column = FccColumnOf(fields_[i]);
     columns_.push_back(&column);
-    const int width = i < placesSeen_ ? 0 : TmyApplication::Get().Theme().Scaled(column.width);
-    shown[i] = {column.title, width, column.alignRight};
+    const auto place = std::ranges::find(before, &column);
+    widths[i] = place == before.end() ? TmyApplication::Get().Theme().Scaled(column.width)
+                                      : widthsBefore[static_cast<size_t>(place - before.begin())];
+    if (place != before.end()) *place = nullptr;  // a field may be shown twice
   }
-  placesSeen_ = std::max(placesSeen_, count);
-  SetColumns(shown, count);
-  const auto place = std::ranges::find(columns_, sortedBy);
-  MoveSort(place == columns_.end() ? -1 : static_cast<int>(place - columns_.begin()));
+  ShowColumns();
+  Control().SetWidths(widths, count);
+  SortBy(sortedBy);
 }
 
-void FccGrid::RestoreFields(const uint32_t* fields, uint32_t count) {
-  placesSeen_ = kFccFields;
-  SetFields(fields, count);
+// Widths stay with the places here.
+void FccGrid::ShowColumns() {
+  TmyGridColumn shown[kFccFields];
+  for (size_t i = 0; i < columns_.size(); ++i) shown[i] = {columns_[i]->title, 0, columns_[i]->alignRight};
+  SetColumns(shown, static_cast<uint32_t>(columns_.size()));
 }
 
 void FccGrid::ColumnMoved(uint32_t from, uint32_t to) {
-  std::vector<uint32_t> fields = fields_;
-  const uint32_t moved = fields[from];
-  fields.erase(fields.begin() + from);
-  fields.insert(fields.begin() + to, moved);
-  SetFields(fields.data(), static_cast<uint32_t>(fields.size()));
-  fieldsMoved();
+  const FccColumn* const sortedBy = SortedBy();
+  const auto move = [=](auto& items) {
+    const auto moved = items[from];
+    items.erase(items.begin() + from);
+    items.insert(items.begin() + to, moved);
+  };
+  move(fields_);
+  move(columns_);
+  ShowColumns();
+  SortBy(sortedBy);
+}
+
+const FccColumn* FccGrid::SortedBy() const noexcept {
+  const int column = SortColumn();
+  return column >= 0 ? columns_[static_cast<uint32_t>(column)] : nullptr;
+}
+
+void FccGrid::SortBy(const FccColumn* column) {
+  const auto place = std::ranges::find(columns_, column);
+  MoveSort(place == columns_.end() ? -1 : static_cast<int>(place - columns_.begin()));
 }
 
 const FccItem* FccGrid::ItemOf(uint32_t row) const noexcept {

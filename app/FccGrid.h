@@ -14,14 +14,11 @@ class FccGrid : public ScheduleGrid {
   // Replaces the records by those of the archive; with a failure there are none. The caller refreshes afterwards.
   HfccLoad Load(const TmyString& archivePath);
 
-  // The field of each column, from left to right; at most kFccFields. Widths stay with the places, a place that was
-  // never shown gets its field's own. (A dragged title takes its width along.) Sorting stays with the field, and ends
-  // when the field is not shown any more.
+  // The field of each column, from left to right; at most kFccFields. A field that was shown takes its width along, as
+  // a dragged title does; another one gets its own. Sorting stays with the field, and ends when the field is not shown
+  // any more.
   void SetFields(const uint32_t* fields, uint32_t count);
-  // As they were stored. Each place has a width then, which the caller sets.
-  void RestoreFields(const uint32_t* fields, uint32_t count);
   [[nodiscard]] const std::vector<uint32_t>& Fields() const noexcept { return fields_; }  // as they were set
-  TmyEvent<> fieldsMoved;  // the user dragged a title: Fields() have another order; nothing needs a refresh
 
   [[nodiscard]] const HfccDatabase& Database() const noexcept { return database_; }
   [[nodiscard]] const FccItem* ItemOf(uint32_t row) const noexcept;  // null for a row that shows no record
@@ -41,9 +38,11 @@ class FccGrid : public ScheduleGrid {
   }
   [[nodiscard]] std::vector<FilterText> ZoneTexts() const;
   void ColumnMoved(uint32_t from, uint32_t to);
+  void ShowColumns();
+  [[nodiscard]] const FccColumn* SortedBy() const noexcept;  // null: not sorted
+  void SortBy(const FccColumn* column);
 
   HfccDatabase database_;
   std::vector<uint32_t> fields_;           // as they were set
   std::vector<const FccColumn*> columns_;  // what they stand for, of the one table there is
-  uint32_t placesSeen_ = 0;                // columns that have a width of their own
 };

@@ -11,11 +11,15 @@ HelpLibrary::HelpLibrary() noexcept : module_(LoadLibraryA("hhctrl.ocx")) {
 
 void HelpLibrary::Show(HWND owner, const TmyString& file) noexcept {
   if (!show_) return;
+  owner_ = owner;
   window_ = show_(owner, file.Chars(), kDisplayTopic, 0);
 }
 
 void HelpLibrary::Unload() noexcept {
-  if (window_ && IsWindow(window_)) DestroyWindow(window_);
+  if (window_ && IsWindow(window_)) {
+    const HWND owner = GetWindow(window_, GW_OWNER);
+    if (!owner || owner == owner_) DestroyWindow(window_);
+  }
   window_ = nullptr;
   show_ = nullptr;
   if (module_) FreeLibrary(module_);

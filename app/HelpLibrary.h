@@ -14,7 +14,7 @@ class HelpLibrary {
 
   [[nodiscard]] bool IsAvailable() const noexcept { return show_ != nullptr; }
   void Show(HWND owner, const TmyString& file) noexcept;
-  void Unload() noexcept;  // closes our help window first; the host may have others of its own
+  void Unload() noexcept;  // closes our help window first, unless the host has taken it over for help of its own
 
  private:
   using ShowFunction = HWND(WINAPI*)(HWND owner, LPCSTR file, UINT command, DWORD_PTR data);
@@ -22,4 +22,5 @@ class HelpLibrary {
   HMODULE module_ = nullptr;
   ShowFunction show_ = nullptr;
   HWND window_ = nullptr;  // the help window of the last Show; may be closed already
+  HWND owner_ = nullptr;   // for which that was
 };

@@ -5,19 +5,40 @@
 #include "scheduler/TaskFile.h"
 #include "scheduler/TaskTime.h"
 
-void MainScheduler::LoadTasks() {
-  isFileMissed_ = !TaskFile::Load(DataFolder() + TaskFile::kName, tasks_, DateOfTime(Clock::Local()));
+namespace {
+
+std::vector<TmxTask> Copied(const TmyTypeList<TmxTask>& tasks) {
+  std::vector<TmxTask> copy;
+  for (uint32_t i = 0; i < tasks.Count(); ++i) copy.push_back(*tasks.Get(i));
+  return copy;
 }
 
-// A file that still cannot be read is not replaced: there may be more in it than in the list.
+bool IsThere(const TmyString& path) noexcept {
+  return GetFileAttributesA(path.Chars()) != INVALID_FILE_ATTRIBUTES;
+}
+
+}  // namespace
+
+void MainScheduler::LoadTasks() {
+  loadedAt_ = DateOfTime(Clock::Local());
+  isFileMissed_ = !TaskFile::Load(DataFolder() + TaskFile::kName, tasks_, loadedAt_);
+  known_ = Copied(tasks_);
+}
+
+// A file that still cannot be read is not replaced: there may be more in it than in the list. Nor is one that another
+// window wrote, when this one has nothing new to say.
 void MainScheduler::SaveTasks() {
+  const TmyString path = DataFolder() + TaskFile::kName;
+  TmyTypeList<TmxTask> filed;
+  const bool isRead = TaskFile::Load(path, filed, loadedAt_);
   if (isFileMissed_) {
-    TmyTypeList<TmxTask> missed;
-    if (!TaskFile::Load(DataFolder() + TaskFile::kName, missed, DateOfTime(Clock::Local()))) return;
+    if (!isRead) return;
     isFileMissed_ = false;
-    for (uint32_t i = missed.Count(); i > 0; --i) tasks_.Insert(missed.Extract(i - 1), 0);
+    for (uint32_t i = filed.Count(); i > 0; --i) tasks_.Insert(filed.Extract(i - 1), 0);
+  } else if (isRead && IsThere(path) && Copied(tasks_) == known_ && Copied(filed) != known_) {
+    return;
   }
-  TaskFile::Save(DataFolder() + TaskFile::kName, tasks_);
+  if (TaskFile::Save(path, tasks_)) known_ = Copied(tasks_);
 }
 
 const TmxTask* MainScheduler::RunningTask() const noexcept {

@@ -4,6 +4,8 @@
 //   scheduler_.Tick();   // first at each timer event; the host runs inside and may close the plug-in
 #pragma once
 
+#include <vector>
+
 #include "scheduler/SchedulerEngine.h"
 
 class MainScheduler {
@@ -12,7 +14,8 @@ class MainScheduler {
   explicit MainScheduler(RecordingSession& session) noexcept : session_(session), engine_(tasks_, session) {}
 
   void LoadTasks();  // appends those of the file
-  // In place of the file. Tasks that were in it when it could not be read are put in front of the list.
+  // In place of the file. Tasks that were in it when it could not be read are put in front of the list. A list that is
+  // still as it was loaded or saved last leaves a file with other tasks alone: another window has written them.
   void SaveTasks();
   void Tick() { engine_.Tick(); }
 
@@ -24,5 +27,7 @@ class MainScheduler {
   RecordingSession& session_;
   TmyTypeList<TmxTask> tasks_;
   SchedulerEngine engine_;
-  bool isFileMissed_ = false;  // it was there and could not be read
+  std::vector<TmxTask> known_;  // as loaded or saved last
+  TaskDate loadedAt_ = {};      // local; what completes a short record, the same at each look at the file
+  bool isFileMissed_ = false;   // it was there and could not be read
 };

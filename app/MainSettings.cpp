@@ -36,7 +36,7 @@ void MainSettings::Apply() {
   owners_->menu.utcTime.Check(settings_.isUtc);
   owners_->panel.SetAutoTuning(settings_.isAutoTuning);
   owners_->panel.ChooseDatabase(settings_.database == kHfcc);
-  owners_->hfcc.RestoreFields(settings_.fccSlots.data(), settings_.fccCount);
+  owners_->hfcc.SetFields(settings_.fccSlots.data(), settings_.fccCount);
   GiveWidths(owners_->hfcc.Control(), settings_.fccWidths);
   GiveWidths(owners_->eibi.Control(), settings_.eibiWidths);
   owners_->databases.SetCurrentFile(settings_.currentFile);
@@ -48,21 +48,32 @@ void MainSettings::ApplyScheduler() {
   TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
   GiveWidths(window.Grid(), settings_.taskWidths);
   scheduler_.Restore(window, settings_.scheduler);
+  window.opening.Bind<&MainSettings::SchedulerOpens>(this);
   window.ending.Bind<&MainSettings::SchedulerEnds>(this);
   hasScheduler_ = true;
 }
 
-void MainSettings::SchedulerEnds() {
+// Its monitor may have gone, or come back, since it was there last.
+void MainSettings::SchedulerOpens() {
   TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
-  settings_.scheduler = scheduler_.Current(window);
-  TakeWidths(window.Grid(), settings_.taskWidths);
+  scheduler_.Restore(window, scheduler_.Current(window));
+}
+
+void MainSettings::SchedulerEnds() {
+  TakeScheduler();
   hasScheduler_ = false;
 }
 
-// What lies behind the shown fields stays as it was stored.
+void MainSettings::TakeScheduler() {
+  TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
+  settings_.scheduler = scheduler_.Current(window);
+  TakeWidths(window.Grid(), settings_.taskWidths);
+}
+
+// What lies behind the shown fields stays as it was stored. At the end of a session there may be a later save.
 void MainSettings::Save() {
   if (!owners_) return;
-  if (hasScheduler_) SchedulerEnds();
+  if (hasScheduler_) TakeScheduler();
   settings_.window = window_.Current(owners_->window);
   settings_.isUtc = owners_->utc;
   settings_.isAutoTuning = owners_->panel.IsAutoTuning();

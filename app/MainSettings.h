@@ -40,7 +40,9 @@ class MainSettings {
 
   void Apply();
   void ApplyScheduler();
+  void SchedulerOpens();
   void SchedulerEnds();
+  void TakeScheduler();
 
   std::optional<Owners> owners_;
   Settings settings_;

@@ -39,6 +39,11 @@ Settings::Place PlaceNow(HWND window) {
   return PlaceOf(rect);
 }
 
+void Move(const TmyWindowBase& window, const Settings::Place& place) {
+  SetWindowPos(window.Handle(), nullptr, place.left, place.top, place.width, place.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 }  // namespace
 
 Settings::Place PlacedWindow::Inside(const Settings::Place& place, const RECT& area) noexcept {
@@ -50,21 +55,29 @@ Settings::Place PlacedWindow::Inside(const Settings::Place& place, const RECT& a
   return inside;
 }
 
-// A window that its monitor shows in part was put there by the user: only one that shows nowhere is moved.
+// The caption is what a user drags: one that a monitor shows in part was put there on purpose. The window below it may
+// lie on a second monitor.
+bool PlacedWindow::IsReachable(const Settings::Place& place, const RECT& area) noexcept {
+  const int caption = GetSystemMetrics(SM_CYCAPTION);
+  const RECT strip = {place.left, place.top, place.left + place.width, place.top + std::min(place.height, caption)};
+  RECT visible = {};
+  return IntersectRect(&visible, &strip, &area) && visible.bottom - visible.top >= caption &&
+         visible.right - visible.left >= GetSystemMetrics(SM_CXMIN) / 2;
+}
+
+// A window has limits of its own and may come out larger than asked for.
 void PlacedWindow::Restore(TmyWindowBase& window, const Settings::Place& stored) {
   stored_ = stored;
   Settings::Place place = Cut(stored);
-  const RECT rect = {place.left, place.top, place.left + place.width, place.top + place.height};
-  const MONITORINFO monitor = MonitorOf(rect);
-  RECT visible = {};
-  // The caption is what a user drags: its upper edge must be reachable.
-  const bool isReachable = IntersectRect(&visible, &rect, &monitor.rcWork) && rect.top >= monitor.rcWork.top &&
-                           visible.right - visible.left >= GetSystemMetrics(SM_CXMIN) / 2 &&
-                           visible.bottom - visible.top >= GetSystemMetrics(SM_CYCAPTION);
-  if (!isReachable) place = Inside(place, monitor.rcWork);
-  SetWindowPos(window.Handle(), nullptr, place.left, place.top, place.width, place.height,
-               SWP_NOZORDER | SWP_NOACTIVATE);
-  shown_ = PlaceNow(window.Handle());  // the window may have limits of its own
+  const RECT caption = {place.left, place.top, place.left + std::max(place.width, 1), place.top + 1};
+  const RECT area = MonitorOf(caption).rcWork;
+  const bool isReachable = IsReachable(place, area);
+  if (!isReachable) place = Inside(place, area);
+  Move(window, place);
+  shown_ = PlaceNow(window.Handle());
+  if (isReachable || Inside(shown_, area) == shown_) return;
+  Move(window, Inside(shown_, area));
+  shown_ = PlaceNow(window.Handle());
 }
 
 Settings::Place PlacedWindow::Current(const TmyWindowBase& window) const {

@@ -15,6 +15,8 @@ class PlacedWindow {
 
   // Pure: `place` shrunk to the area and moved so that all of it is inside.
   [[nodiscard]] static Settings::Place Inside(const Settings::Place& place, const RECT& area) noexcept;
+  // Whether the area shows enough of the caption to take hold of it.
+  [[nodiscard]] static bool IsReachable(const Settings::Place& place, const RECT& area) noexcept;
 
  private:
   Settings::Place stored_ = {};

@@ -36,6 +36,8 @@ struct Settings {
   std::array<int32_t, kEibiColumns> eibiWidths = {};
   TmyString currentFile;  // archive, without folder
   TmyString exportFolder;
+
+  bool operator==(const Settings&) const = default;
 };
 
 namespace SettingsStore {

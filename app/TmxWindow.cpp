@@ -145,9 +145,9 @@ void TmxWindow::Destroying() {
   help_.Unload();
 }
 
-// All that must not be lost goes to the disk here, and nothing new begins.
-void TmxWindow::SessionEnds() {
-  KillTimer(Handle(), kTickTimer);
+// All that must not be lost goes to the disk here, and nothing new begins unless the program may go on.
+void TmxWindow::SessionEnds(bool isAppOnly) {
+  if (!isAppOnly) KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
   settings_.Save();
   recorder_.Stop();  // last: the host is told inside

@@ -44,7 +44,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
   void ShowChanged(bool visible) override;
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-  void SessionEnds() override;
+  void SessionEnds(bool isAppOnly) override;
 
  protected:
   void Destroying() override;

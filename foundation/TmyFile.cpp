@@ -22,10 +22,12 @@ bool TmyFile::Open(DWORD access, DWORD disposition, DWORD share, DWORD flags) {
   if (disposition == OPEN_ALWAYS && (access & kWriteRights) == 0) disposition = OPEN_EXISTING;
   const HANDLE handle = CreateFileA(name_.Chars(), access, share, nullptr, disposition, flags, nullptr);
   if (handle == INVALID_HANDLE_VALUE) {
-    Trace::Line("File not opened, err=%d", static_cast<int>(GetLastError()));
+    openError_ = GetLastError();
+    Trace::Line("File not opened, err=%d", static_cast<int>(openError_));
     return false;
   }
   handle_ = handle;
+  openError_ = 0;
   return true;
 }
 

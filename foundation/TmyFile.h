@@ -29,12 +29,13 @@ class TmyFile : public TmyObject {
   // Returns how many bytes came: fewer at the end of the file, 0 behind it and on failure.
   uint32_t ReadSome(void* data, uint32_t length);
   [[nodiscard]] bool IsOpen() const noexcept { return handle_ != nullptr; }
+  [[nodiscard]] DWORD OpenError() const noexcept { return openError_; }  // the system's code of the last open; 0: none
   [[nodiscard]] const TmyString& Name() const noexcept { return name_; }
 
  protected:
   [[nodiscard]] HANDLE Handle() const noexcept { return handle_; }  // null when not open
   void Close() noexcept;
-  // Closes first. The error of a failure is in the trace only.
+  // Closes first.
   bool Open(DWORD access, DWORD disposition, DWORD share, DWORD flags);
 
  private:
@@ -42,4 +43,5 @@ class TmyFile : public TmyObject {
 
   TmyString name_;
   HANDLE handle_ = nullptr;
+  DWORD openError_ = 0;
 };

@@ -40,7 +40,7 @@ TmxTask TaskFile::TaskOf(std::span<const uint8_t> bytes, TaskDate localNow) noex
 
 bool TaskFile::Load(const TmyString& path, TmyTypeList<TmxTask>& tasks, TaskDate localNow) {
   ReadableFile file(path, GENERIC_READ, OPEN_EXISTING);
-  if (!file.IsOpen()) return GetFileAttributesA(path.Chars()) == INVALID_FILE_ATTRIBUTES;
+  if (!file.IsOpen()) return file.OpenError() == ERROR_FILE_NOT_FOUND;
   const uint32_t before = tasks.Count();
   uint8_t bytes[kRecordsAtOnce * sizeof(TmxTask)];
   std::optional<uint32_t> got;

@@ -277,6 +277,7 @@ bool TmxSchedulerWindow::IsConfirmed() {
 }
 
 void TmxSchedulerWindow::Open() {
+  if (!IsIconic(Handle()) && !IsZoomed(Handle())) opening();
   if (!IsVisible()) {
     const RECT place = FirstPlace();
     if (EqualRect(&unplaced_, &Bounds())) SetBounds(place.left, place.top, Width(), Height());

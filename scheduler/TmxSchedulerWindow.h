@@ -29,7 +29,8 @@ class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
   // kMsgNewTask, once the message in progress is over.
   void PostNewTask(std::unique_ptr<TmxTask> task);
 
-  TmyEvent<> ending;  // the window is about to go, with its children: the last moment to read places and widths
+  TmyEvent<> opening;  // it is about to be shown or brought to the front: the moment to move it into view
+  TmyEvent<> ending;   // the window is about to go, with its children: the last moment to read places and widths
 
   // What the main window tells: other tasks in the list, another zone, another running task.
   void TasksChanged();

@@ -193,7 +193,7 @@ void TmyComponent::ContextMenu(int, int) {}
 void TmyComponent::PreviewKey(TmyComponent&, uint32_t&, LPARAM) {}
 void TmyComponent::ShowChanged(bool) {}
 void TmyComponent::Realign() {}
-void TmyComponent::SessionEnds() {}
+void TmyComponent::SessionEnds(bool) {}
 bool TmyComponent::Closing() {
   return true;
 }

@@ -67,21 +67,19 @@ void TmySplitter::Paint(HDC dc) {
   if (focused) ThemeDraw::Frame(dc, all, color.accent);
 }
 
-bool TmySplitter::MoveBy(int distance) {
+void TmySplitter::MoveBy(int distance) {
   const int first = parts_.first + distance, both = parts_.first + parts_.second;
   const SplitterGeometry::Parts parts =
       SplitterGeometry::Divided(Space(), keeps_, keeps_ == Keeps::kFirst ? first : both - first);
-  if (parts.first == parts_.first) return false;
+  if (parts.first == parts_.first) return;
   wanted_ = keeps_ == Keeps::kFirst ? parts.first : parts.second;
   Place(area_);
   moved(*this);
-  return true;
 }
 
 void TmySplitter::MouseDown(uint32_t, int x, int y) {
   dragging_ = true;
   grip_ = Along(x, y);
-  before_ = wanted_;
   Repaint();
 }
 
@@ -101,15 +99,13 @@ void TmySplitter::MouseUp(uint32_t, int, int) {
 void TmySplitter::End() {
   dragging_ = false;
   Repaint();
-  if (wanted_ != before_) done(*this);
 }
 
 bool TmySplitter::KeyDown(uint32_t key, LPARAM flags) {
   const bool upDown = direction_ == Direction::kUpDown;
   const bool back = key == (upDown ? VK_UP : VK_LEFT), ahead = key == (upDown ? VK_DOWN : VK_RIGHT);
   if (!back && !ahead) return TmyPanel::KeyDown(key, flags);
-  const Hold hold;
-  if (MoveBy(back ? -Theme().Step() : Theme().Step()) && IsAlive()) done(*this);
+  MoveBy(back ? -Theme().Step() : Theme().Step());
   return true;
 }
 

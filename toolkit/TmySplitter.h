@@ -20,7 +20,6 @@ class TmySplitter : public TmyPanel {
   explicit TmySplitter(TmyComponent& parent, SplitterGeometry::Keeps keeps = SplitterGeometry::Keeps::kFirst);
 
   TmyEvent<TmySplitter&> moved;  // by the user: the parts want their new bounds
-  TmyEvent<TmySplitter&> done;   // the bar was let go, elsewhere than it was taken: worth storing
 
   void SetLeast(int first, int second) noexcept;
   // Pixels of the part that keeps its length, as wanted; the part may be smaller while there is no room for it.
@@ -49,7 +48,7 @@ class TmySplitter : public TmyPanel {
   [[nodiscard]] int Along(int x, int y) const noexcept { return direction_ == Direction::kUpDown ? y : x; }
   [[nodiscard]] SplitterGeometry::Space Space() const;
   [[nodiscard]] RECT Stretch(int from, int to) const noexcept;  // of the area
-  bool MoveBy(int distance);                                    // true: it moved, and we may be gone
+  void MoveBy(int distance);                                    // the last thing: we may be gone afterwards
   void End();
 
   Direction direction_;
@@ -59,8 +58,7 @@ class TmySplitter : public TmyPanel {
   int wanted_ = 0;
   int firstLeast_ = 0;
   int secondLeast_ = 0;
-  int grip_ = 0;    // dragging: from the bar's begin to the cursor
-  int before_ = 0;  // dragging: the length at its begin
+  int grip_ = 0;  // dragging: from the bar's begin to the cursor
   bool dragging_ = false;
   bool hot_ = false;
 };

@@ -69,7 +69,7 @@ TmyComponent::Outcome TmyComponent::WindowMessage(UINT message, WPARAM wParam, L
       if (!parent_) TmyApplication::Get().SystemLookChanged();
       break;
     case WM_ENDSESSION:
-      if (wParam != 0) SessionEnds();
+      if (wParam != 0) SessionEnds((lParam & ENDSESSION_CLOSEAPP) != 0);
       break;
     case WM_DESTROY:
       Destroying();

@@ -62,9 +62,10 @@ class TmyComponent : public TmyWindowBase {
   // The focus went to this window, one inside it, or a drawn control of one; goes up to the top-level window.
   virtual void FocusInside(const TmyControl& focused);
   virtual bool Closing();  // question at WM_CLOSE outside the modal loop: false keeps the window
-  // The user logs off or the machine is shut down. The process may be ended as soon as this returns, without any window
+  // The user logs off or the machine is shut down; or, with `isAppOnly`, the system wants files of the process to be
+  // free and the program may go on all the same. The process may be ended as soon as this returns, without any window
   // being destroyed.
-  virtual void SessionEnds();
+  virtual void SessionEnds(bool isAppOnly);
 
   // Runs until the window is closed or somebody ends it. Returns the result: -1 when closed by its close box, 0 when
   // the window was destroyed or the module is going; after 0 nothing of the window or its owner may be touched but

@@ -56,7 +56,9 @@ TEST_F(FccGridTest, ShowsTheChosenFields) {
   SetFields({4, 23, 5});
   EXPECT_EQ(Texts(0), R"("Location","Freq","Power")");
   EXPECT_EQ(Texts(1), R"("Mirtos","3900","170")");
-  EXPECT_EQ(grid_.Control().ColumnWidth(0), 33) << "widths stay with the places";
+  EXPECT_EQ(grid_.Control().ColumnWidth(1), 33)
+      << "23 is no field and counts as the frequency, whose width it takes along";
+  EXPECT_EQ(grid_.Control().ColumnWidth(2), TmyApplication::Get().Theme().Scaled(FccColumnOf(5).width)) << "new";
   SetFields(std::vector<uint32_t>(40, 22));
   EXPECT_EQ(grid_.Fields().size(), 22U);
   EXPECT_EQ(grid_.Control().ColumnWidth(21), TmyApplication::Get().Theme().Scaled(FccColumnOf(22).width));

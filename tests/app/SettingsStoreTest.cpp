@@ -71,18 +71,7 @@ TEST_F(SettingsStoreTest, WhatWasSavedComesBackAndTheTasksHaveTheirPlace) {
     for (const char* name : {"SchedulerTable", "IsAutoTuning", "DBDefault"}) written.push_back(Key().Exists(name));
   });
   EXPECT_THAT(written, ElementsAre(true, true, false));
-  const Settings loaded = Loaded();
-  EXPECT_EQ(loaded.window, saved.window);
-  EXPECT_EQ(loaded.scheduler, saved.scheduler);
-  EXPECT_EQ(loaded.taskWidths, saved.taskWidths);
-  EXPECT_TRUE(loaded.isUtc && loaded.isAutoTuning);
-  EXPECT_EQ(loaded.fccCount, 2U);
-  EXPECT_EQ(loaded.fccSlots, saved.fccSlots);
-  EXPECT_EQ(loaded.database, 1U);
-  EXPECT_EQ(loaded.fccWidths, saved.fccWidths);
-  EXPECT_EQ(loaded.eibiWidths, saved.eibiWidths);
-  EXPECT_EQ(loaded.currentFile, "a26all00.zip");
-  EXPECT_EQ(loaded.exportFolder, "D:\\x");
+  EXPECT_TRUE(Loaded() == saved);
 }
 
 TEST_F(SettingsStoreTest, DamagedValuesFillWhatTheyCan) {
@@ -130,6 +119,33 @@ TEST(PlacedWindowTest, APlaceIsMovedInsideAndShrunkOnlyWhenItMust) {
   for (const auto& [stored, shown] : kCases) {
     EXPECT_EQ(PlacedWindow::Inside(stored, area), shown) << stored.left << ' ' << stored.top;
   }
+  EXPECT_TRUE(PlacedWindow::IsReachable({900, 700, 300, 900}, area)) << "on to the monitors beside and below";
+  EXPECT_FALSE(PlacedWindow::IsReachable({900, 40, 300, 900}, area)) << "nothing to drag it by";
+}
+
+TEST(PlacedWindowTest, WhatTheWindowMakesOfASizeLiesInsideToo) {
+  struct Limited : TmyComponent {
+    using TmyComponent::TmyComponent;
+    void ConstrainBounds(int&, int&, int& width, int& height) override {
+      width = std::max(width, 400);
+      height = std::max(height, 300);
+    }
+  };
+  auto* const window = new Limited("", WS_OVERLAPPEDWINDOW, 0, 0, 0, 500, 400, nullptr);
+  RECT area;
+  SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+  for (const int32_t size : {0, -1, 10}) {
+    for (const auto& [x, y] : {std::pair{-30000, -30000}, {30000, 30000}, {static_cast<int>(area.right) - 9, 0}}) {
+      const Settings::Place stored = {x, y, size, size};
+      PlacedWindow placed;
+      placed.Restore(*window, stored);
+      RECT all;
+      UnionRect(&all, &area, &window->Bounds());
+      EXPECT_TRUE(EqualRect(&all, &area)) << size << " at " << x;
+      EXPECT_EQ(placed.Current(*window), stored);
+    }
+  }
+  window->Destroy();
 }
 
 }  // namespace

@@ -58,6 +58,9 @@ TEST_F(TaskFileTest, KeepsTheOldFileWhenSavingFails) {
 TEST_F(TaskFileTest, AppendsAllOfAFileOrNothing) {
   ASSERT_TRUE(tasks_.Add(std::make_unique<TmxTask>()));
   EXPECT_TRUE(Load());  // missing
+  EXPECT_FALSE(TaskFile::Load(folder_.File("away\\tasks.mxt").c_str(), tasks_, kNow)) << "with its whole folder";
+  ASSERT_TRUE(WriteFileBytes(path_.Chars(), ""));
+  EXPECT_TRUE(Load());
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), TwoTasks()));
   const HANDLE holder = CreateFileA(path_.Chars(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
   EXPECT_FALSE(Load());

@@ -47,7 +47,7 @@ HWND PluginFixture::Grid(HWND window) {
   for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
     RECT place;
     GetClientRect(child, &place);
-    if (place.right * place.bottom > area) largest = child, area = place.right * place.bottom;
+    if (IsWindowVisible(child) && place.right * place.bottom > area) largest = child, area = place.right * place.bottom;
   }
   return largest;
 }

@@ -41,6 +41,10 @@ class Settings : public PluginFixture {
     }
     return false;
   }
+  void Round() {
+    StartPlugin();
+    host_.Close(7);
+  }
 };
 
 bool operator==(const RECT& a, const RECT& b) {
@@ -67,7 +71,12 @@ TEST_F(Settings, WhatTheUserChangedIsThereAgain) {
   Key(Grid(window), VK_END);
   EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() == 4; })) << "auto-tuning is on";
   Choose(window, "&View scheduler");
-  EXPECT_TRUE(PlaceOf(FakeHost::Find("Scheduler")) == (RECT{60, 70, 960, 470}));
+  const HWND scheduler = FakeHost::Find("Scheduler");
+  EXPECT_TRUE(PlaceOf(scheduler) == (RECT{60, 70, 960, 470}));
+  SetWindowPos(scheduler, nullptr, -9000, 70, 900, 400, SWP_NOZORDER);
+  Choose(window, "&View scheduler");
+  EXPECT_NE(MonitorFromWindow(scheduler, MONITOR_DEFAULTTONULL), nullptr) << "its monitor has gone";
+  SetWindowPos(scheduler, nullptr, 60, 70, 900, 400, SWP_NOZORDER);
   ShowWindow(window, SW_MAXIMIZE);
   host_.Close(7);
   EXPECT_EQ(Number("Left"), 40u) << "the place that a maximised window goes back to";
@@ -122,6 +131,38 @@ TEST_F(Settings, TheArchiveAndTheDatabaseThatWereShownLast) {
     EXPECT_EQ(Text("CurrentFile"), stored[0] == 'b' ? "B25.zip" : "a26all00.zip");
     EXPECT_EQ(Number("DBDefault"), 1u);
   }
+  for (const char* name : {"a26all00.zip", "B25.zip"}) DeleteFileA((folder + name).c_str());
+  const auto question = [] { return FakeHost::Find("Database files initialization needed"); };
+  host_.When([&] { return question() != nullptr; }, [&] { SendMessageA(question(), WM_CLOSE, 0, 0); });
+  Round();
+  EXPECT_EQ(Text("CurrentFile"), "a26all00.zip") << "while the folder has no archive at all";
+}
+
+TEST_F(Settings, ColumnsAsTheMouseLeftThem) {
+  const auto drag = [&](HWND window, int from, int to) {
+    for (const auto& [message, x] : {std::pair{WM_LBUTTONDOWN, from}, {WM_MOUSEMOVE, to}, {WM_LBUTTONUP, to}}) {
+      SendMessageA(Grid(window), static_cast<UINT>(message), MK_LBUTTON, MAKELPARAM(x, 8));
+    }
+  };
+  ASSERT_TRUE(CopyFileA(SeasonArchive().c_str(), ArchiveFile().c_str(), FALSE));
+  PutNumber("DBDefault", 1);
+  HWND window = StartPlugin();
+  drag(window, 100, 140);  // the first border
+  drag(window, 190, 20);   // the second title
+  host_.Close(7);
+  std::vector<int32_t> slots = {1, 0, 2, 3, 4, 9, 13, 14, 15, 16}, widths = {100, 140};
+  slots.resize(22);
+  widths.resize(10, 100);
+  const int32_t own = Numbers("GridColumsCountFcc").back();
+  widths.resize(22, own);
+  EXPECT_EQ(Numbers("TranslatedPos"), slots);
+  EXPECT_EQ(Numbers("GridColumsCountFcc"), widths);
+  window = StartPlugin();
+  drag(window, 240, 300);  // the second border, where it was left
+  host_.Close(7);
+  widths[1] = 200;
+  EXPECT_EQ(Numbers("TranslatedPos"), slots);
+  EXPECT_EQ(Numbers("GridColumsCountFcc"), widths);
 }
 
 // Somebody, a backup say, has it while the plug-in starts.
@@ -136,6 +177,21 @@ TEST_F(Settings, TasksThatCouldNotBeReadAreNotLost) {
   StartPlugin();
   host_.Close(7);
   EXPECT_EQ(ReadFileBytes(name), tasks) << "and only once";
+}
+
+// The second time another window has saved meanwhile, and this one has nothing new to say.
+TEST_F(Settings, TheTasksOfTwoWindows) {
+  const std::string name = documents_.DataFolder() + "\\tasks.mxt", tasks(96, 't'), others(144, 'o');
+  ASSERT_TRUE(WriteFileBytes(name, tasks));
+  const HWND window = StartPlugin();
+  ASSERT_TRUE(DeleteFileA(name.c_str()));
+  Choose(window, "&UTC time");
+  SendMessageA(window, WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(Number("IsUtcTime"), 1u) << "the process may not come to its end";
+  EXPECT_EQ(ReadFileBytes(name), tasks);
+  ASSERT_TRUE(WriteFileBytes(name, others));
+  host_.Close(7);
+  EXPECT_EQ(ReadFileBytes(name), others);
 }
 
 TEST_F(Settings, EachInstanceWritesAtItsOwnEnd) {

@@ -17,7 +17,7 @@ SETUP = os.path.join(DIST, "marlux3-setup.exe")
 UNINSTALL_KEY = r"HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Marlux3"
 HOST_KEY = r"HKLM\Software\ZQN"
 USER_KEY = r"HKCU\Software\Corvane Communications\Marlux 3"
-UNKNOWN, IN_USE = 2, 3
+UNKNOWN, IN_USE, NOT_WRITTEN = 2, 3, 4
 
 
 def wine(*arguments, **environment):
@@ -50,10 +50,10 @@ class InstallerTest(unittest.TestCase):
     def files(self):
         return sorted(os.listdir(self.folder))
 
-    def uninstall(self):
+    def uninstall(self, folder=""):
         # A copy of it does the work, so that it can delete itself; "_?=" keeps that in this process, which can be waited for.
-        program = os.path.join(self.folder, "marlux3-uninstall.exe")
-        return wine(program, "/S", "_?=" + windows_path(self.folder))
+        program = os.path.join(self.folder, folder, "marlux3-uninstall.exe")
+        return wine(program, "/S", "_?=" + windows_path(os.path.dirname(program)))
 
     def test_into_the_folder_of_the_environment_and_out_again(self):
         wine("reg", "add", HOST_KEY, "/v", "SearchPath", "/d", "Z:\\nowhere", "/f")
@@ -73,20 +73,38 @@ class InstallerTest(unittest.TestCase):
         self.assertFalse(has_key(UNINSTALL_KEY))
         self.assertTrue(has_key(USER_KEY))
 
-    def test_into_the_folder_that_the_host_registered(self):
-        wine("reg", "add", HOST_KEY, "/v", "SearchPath", "/d", windows_path(self.folder), "/f")
-        self.assertEqual(wine(SETUP, "/S"), 0)
-        self.assertIn("marlux3.dll", self.files())
+    def test_where_the_folder_is_learnt_from(self):
+        here = windows_path(self.folder)
+        for environment, registered, ends in (("Z:\\nowhere", "", UNKNOWN), ("Z:\\nowhere", here + "\\", 0),
+                                              (here + "\\", "Z:\\nowhere", 0), ("", "Z:\\nowhere", UNKNOWN)):
+            with self.subTest(environment=environment, registered=registered):
+                wine("reg", "add", HOST_KEY, "/v", "SearchPath", "/d", registered, "/f")
+                self.assertEqual(wine(SETUP, "/S", ZQN_PLUGIN_PATH=environment), ends)
+                self.assertEqual(has_key(UNINSTALL_KEY), ends == 0)
+                self.assertEqual("marlux3.dll" in self.files(), ends == 0)
+                if ends == 0:
+                    self.uninstall()
 
-    def test_an_unknown_folder_changes_nothing(self):
-        self.assertEqual(wine(SETUP, "/S"), UNKNOWN)
-        self.assertFalse(has_key(UNINSTALL_KEY))
+    def test_a_file_that_cannot_be_replaced_changes_nothing(self):
+        for name, ends in (("marlux3.dll", IN_USE), ("marlux3.chm", IN_USE), ("marlux3-uninstall.exe", NOT_WRITTEN)):
+            os.mkdir(os.path.join(self.folder, name))  # as little to be opened as one that is loaded
+            self.assertEqual(wine(SETUP, "/S", "/D=" + windows_path(self.folder)), ends)
+            self.assertEqual(self.files(), [name])
+            self.assertFalse(has_key(UNINSTALL_KEY))
+            os.rmdir(os.path.join(self.folder, name))
 
-    def test_a_module_that_cannot_be_replaced_changes_nothing(self):
-        os.mkdir(os.path.join(self.folder, "marlux3.dll"))  # as little to be opened as one that is loaded
-        self.assertEqual(wine(SETUP, "/S", "/D=" + windows_path(self.folder)), IN_USE)
-        self.assertEqual(self.files(), ["marlux3.dll"])
-        self.assertFalse(has_key(UNINSTALL_KEY))
+    def test_two_folders_each_with_its_uninstaller(self):
+        for name in ("first", "second"):
+            self.assertEqual(wine(SETUP, "/S", "/D=" + windows_path(os.path.join(self.folder, name))), 0)
+        for name, keeps_key in (("first", True), ("second", False)):
+            module = os.path.join(self.folder, name, "marlux3.dll")
+            os.rename(module, module + ".old")
+            os.mkdir(module)
+            self.assertEqual(self.uninstall(name), IN_USE)
+            self.assertTrue(has_key(UNINSTALL_KEY))
+            os.rmdir(module)
+            self.assertEqual(self.uninstall(name), 0)
+            self.assertEqual(has_key(UNINSTALL_KEY), keeps_key)
 
 
 class ArchiveTest(unittest.TestCase):
@@ -103,12 +121,26 @@ class ArchiveTest(unittest.TestCase):
                 self.assertGreater(len(archive.read(f"licences/{library}.txt")), 500)
             self.assertEqual(archive.read("marlux3.dll"), content(os.path.join(BIN, "marlux3.dll")))
 
-    def test_the_same_help_gives_the_same_file(self):
-        with tempfile.TemporaryDirectory() as folder:
-            again = os.path.join(folder, "again.chm")
-            subprocess.run([sys.executable, os.path.join(SCRIPTS, "make-help.py"), os.path.join(SCRIPTS, "../help"),
-                            os.path.join(folder, "work"), again], check=True)
-            self.assertEqual(content(again), content(os.path.join(BIN, "marlux3.chm")))
+    def test_the_same_files_give_the_same_bytes(self):
+        [name] = [name for name in os.listdir(DIST) if name.endswith(".zip")]
+        with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(os.path.join(DIST, name)) as archive:
+            def again(file):
+                return os.path.join(folder, file)
+
+            def run(script, *arguments):
+                subprocess.run([sys.executable, os.path.join(SCRIPTS, script), *arguments], check=True)
+            archive.extractall(folder)  # with the time of now
+            run("make-zip.py", again(name), *(f"{file}={again(file)}" for file in archive.namelist()
+                                              if file != "SHA256SUMS"))
+            run("make-help.py", os.path.join(SCRIPTS, "../help"), again("work"), again("marlux3.chm"))
+            run("make-icon.py", "module", again("marlux3.ico"))
+            definitions = {"VERSION": name[len("marlux3-"):-len(".zip")], "MODULE": again("marlux3.dll"),
+                           "HELP": again("marlux3.chm"), "ICON": again("marlux3.ico"), "OUTPUT": again("marlux3-setup.exe")}
+            subprocess.run(["makensis", "-V1", *(f"-D{key}={value}" for key, value in definitions.items()),
+                            os.path.join(SCRIPTS, "../installer/marlux3.nsi")], check=True)
+            for file in (name, "marlux3-setup.exe", "marlux3.chm"):
+                place = BIN if file.endswith(".chm") else DIST
+                self.assertEqual(content(again(file)), content(os.path.join(place, file)), file)
 
 
 unittest.main(argv=sys.argv[:1])
