@@ -68,11 +68,10 @@ void BenchStart(const ScheduleText& schedule);
 void BenchWindow(const ScheduleText& schedule);
 void BenchSchedule(const ScheduleText& schedule);
 void BenchTasks(const ScheduleText& schedule);
+void BenchRecording(const ScheduleText& schedule);
 // In fast motion first, then so many minutes in real time.
 void BenchSoak(const ScheduleText& schedule, uint32_t minutes);
 // This one takes the folder that holds the archives.
 void BenchHfcc(const char* dataFolder);
-// And this one neither: it records.
-void BenchRecording();
 // This one the port of a web server on this machine and the time that curl takes for the same body.
 void BenchDownload(uint16_t serverPort, double curlMs);

@@ -12,6 +12,7 @@
 #include "bench/AllocationCount.h"
 #include "bench/Bench.h"
 #include "bench/HostedPlugin.h"
+#include "bench/ScheduleText.h"
 #include "tests/support/FreshDocumentsFolder.h"
 
 namespace {
@@ -293,8 +294,9 @@ void BenchHour(const Subject& subject) {
 
 }  // namespace
 
-void BenchRecording() {
+void BenchRecording(const ScheduleText& schedule) {
   const FreshDocumentsFolder documents;
+  WriteSchedule(documents.DataFolder(), schedule.Given());  // without one the window asks whether to download
   const HostedPlugin plugin;
   if (!plugin.IsLoaded()) {
     printf("no marlux3.dll beside this program\n");
