@@ -68,7 +68,7 @@ void DetailDialog::AddRange(const char* label, std::string_view from, std::strin
   AddRow(label, text);
 }
 
-void DetailDialog::RowsAdded(TmyComponent& owner) {
+void DetailDialog::RowsAdded(const TmyComponent& owner) {
   grid_->SetModel(this);
   MeasureColumns();
   const RECT work = WorkArea(owner);

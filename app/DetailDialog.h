@@ -29,12 +29,11 @@ class DetailDialog : public TmyComponent, private TmyGridModel {
 
  protected:
   explicit DetailDialog(TmyComponent& owner);
-  ~DetailDialog() override = default;
 
   void AddRow(const char* label, std::string_view value);
   // "From x to y"; empty when both are.
   void AddRange(const char* label, std::string_view from, std::string_view to);
-  void RowsAdded(TmyComponent& owner);  // sizes the window for its rows and places it over the owner
+  void RowsAdded(const TmyComponent& owner);  // sizes the window for its rows and places it over the owner
 
  private:
   struct Row {

@@ -72,8 +72,8 @@ void FccGrid::ColumnMoved(uint32_t from, uint32_t to) {
   const FccColumn* const sortedBy = SortedBy();
   const auto move = [=](auto& items) {
     const auto moved = items[from];
-    items.erase(items.begin() + from);
-    items.insert(items.begin() + to, moved);
+    items.erase(items.begin() + static_cast<ptrdiff_t>(from));
+    items.insert(items.begin() + static_cast<ptrdiff_t>(to), moved);
   };
   move(fields_);
   move(columns_);

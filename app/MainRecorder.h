@@ -14,7 +14,8 @@
 #include "scheduler/AudioFeed.h"
 #include "scheduler/RecordingSession.h"
 
-class MainRecorder : private RecordingOwner {
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, and destroyed as what it is
+class MainRecorder final : private RecordingOwner {
  public:
   // All outlive it. `utc` tells whether times are in UTC now.
   MainRecorder(TmyComponent& window, HostLink& link, StatusBar& status, const bool& utc);

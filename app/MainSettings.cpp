@@ -55,7 +55,7 @@ void MainSettings::ApplyScheduler() {
 
 // Its monitor may have gone, or come back, since it was there last.
 void MainSettings::SchedulerOpens() {
-  TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
+  const TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
   scheduler_.Restore(window, scheduler_.Current(window));
 }
 

@@ -66,7 +66,7 @@ bool PlacedWindow::IsReachable(const Settings::Place& place, const RECT& area) n
 }
 
 // A window has limits of its own and may come out larger than asked for.
-void PlacedWindow::Restore(TmyWindowBase& window, const Settings::Place& stored) {
+void PlacedWindow::Restore(const TmyWindowBase& window, const Settings::Place& stored) {
   stored_ = stored;
   Settings::Place place = Cut(stored);
   const RECT caption = {place.left, place.top, place.left + std::max(place.width, 1), place.top + 1};

@@ -9,7 +9,7 @@
 class PlacedWindow {
  public:
   // Moves the window to the stored place, or as near as a monitor's work area allows.
-  void Restore(TmyWindowBase& window, const Settings::Place& stored);
+  void Restore(const TmyWindowBase& window, const Settings::Place& stored);
   // The numbers to store. A minimised or maximised window gives the place to which it goes back.
   [[nodiscard]] Settings::Place Current(const TmyWindowBase& window) const;
 

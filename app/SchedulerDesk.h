@@ -10,7 +10,8 @@
 #include "plugin/HostLink.h"
 #include "scheduler/TmxSchedulerWindow.h"
 
-class SchedulerDesk : private SchedulerOwner {
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, and destroyed as what it is
+class SchedulerDesk final : private SchedulerOwner {
  public:
   // All outlive it. `utc` tells whether times are in UTC now.
   SchedulerDesk(TmyComponent& window, MainScheduler& scheduler, HostLink& link, const HostInfo& host, const bool& utc);

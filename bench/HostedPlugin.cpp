@@ -29,8 +29,9 @@ HostedPlugin::HostedPlugin() : module_(LoadLibraryA(BesideUs("marlux3.dll").c_st
   Find(start_, "zqnPluginStart");
   Find(notify_, "zqnPluginNotify");
   Find(done_, "zqnPluginDone");
+  if (!IsLoaded()) return;
   char name[64];
-  if (IsLoaded()) init_(0, 0, name, sizeof name);
+  init_(0, 0, name, sizeof name);
 }
 
 HostedPlugin::~HostedPlugin() {

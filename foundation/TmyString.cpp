@@ -53,7 +53,7 @@ char scratch = 0;
 // Both: the length without the terminating zero, negative when the format cannot be rendered. On Windows its own
 // formatter, because callers use its "%I64d"; the cross compiler's headers would substitute another.
 int MeasureFormatted(const char* format, va_list arguments) noexcept {
-  va_list copy;
+  va_list copy;  // NOLINT(*-init-variables): by va_copy
   va_copy(copy, arguments);
 #ifdef _WIN32
   const int length = _vscprintf(format, copy);
@@ -80,7 +80,7 @@ TmyString::Block* TmyString::Block::Empty() noexcept {
     char characters[4];
   };
   static constexpr EmptyBlock kEmpty = {{0, 0, 1, 2}, {0, 0, 0, 0}};
-  return reinterpret_cast<Block*>(const_cast<EmptyBlock*>(&kEmpty));  // see above: never written
+  return reinterpret_cast<Block*>(const_cast<EmptyBlock*>(&kEmpty));  // NOLINT(*-const-cast): see above, never written
 }
 
 TmyString::Block* TmyString::Block::Allocate(uint64_t capacity) noexcept {
@@ -209,7 +209,7 @@ TmyString TmyString::FromHex(uint64_t value, uint32_t minDigits) {
 }
 
 void TmyString::Format(const char* format, ...) {
-  va_list arguments;
+  va_list arguments;  // NOLINT(*-init-variables): by va_start
   va_start(arguments, format);
   Block* text = Block::Render(format, arguments);  // aside, because the arguments may be our own characters
   va_end(arguments);
@@ -222,7 +222,7 @@ void TmyString::Format(const char* format, ...) {
 }
 
 TmyString Formatted(const char* format, ...) {
-  va_list arguments;
+  va_list arguments;  // NOLINT(*-init-variables): by va_start
   va_start(arguments, format);
   TmyString::Block* text = TmyString::Block::Render(format, arguments);
   va_end(arguments);

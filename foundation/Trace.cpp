@@ -46,7 +46,7 @@ void Trace::SetBuffer(char* buffer, size_t size) noexcept {
 void Trace::Line(const char* format, ...) noexcept {
   if (!on) return;
   char text[kLongestLine + 1];
-  va_list arguments;
+  va_list arguments;  // NOLINT(*-init-variables): by va_start
   va_start(arguments, format);
   _vsnprintf(text, kLongestLine, format, arguments);
   va_end(arguments);

@@ -18,7 +18,8 @@ std::vector<char> BlockOf(Input& input, uint32_t kind) {
   const AudioBlock read(header);
   const std::string samples = input.TakeText(24);
   // Of several channels there may be samples behind the certain ones, or not.
-  const uint64_t there = uint64_t{kind == HostNotification::kAudioFloat ? 4U : 2U} * header[3] + samples.size() * shape;
+  const uint64_t there = uint64_t{kind == HostNotification::kAudioFloat ? 4U : 2U} * header[3] +
+                         static_cast<uint64_t>(samples.size()) * shape;
   if (read.IsUsable() && read.Bytes() + there > 1 << 20) return {};  // slow
   std::vector<char> block(sizeof header + (read.IsUsable() ? static_cast<size_t>(there) : 0));
   std::memcpy(block.data(), header, sizeof header);
@@ -46,7 +47,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (const std::string& name : names) {
     const std::string file = ReadFileBytes(name);
     REQUIRE(DeleteFileA(name.c_str()) && file.size() >= 4096 && file.starts_with("RIFF"));
-    WaveHeader header;
+    WaveHeader header = {};
     std::memcpy(&header, file.data(), sizeof header);
     REQUIRE(header.dataSize + sizeof header <= file.size() && header.riffSize == header.dataSize + 40);
   }

@@ -14,7 +14,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (size_t i = 0; i < std::size(HostInfo::kPointerOffsets); ++i) {
     char* const at = block.data() + HostInfo::kPointerOffsets[i];
     if ((inside >> i & 1) == 0 || HostInfo::kPointerOffsets[i] + 4 > told) continue;
-    uint32_t pointer;
+    uint32_t pointer = 0;
     std::memcpy(&pointer, at, 4);
     pointer = reinterpret_cast<uint32_t>(block.data()) + pointer % (told + 40);
     std::memcpy(at, &pointer, 4);

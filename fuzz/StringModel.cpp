@@ -32,6 +32,7 @@ struct Pair {
     const auto letter = input.Take<char>();
     if (how % 4 == 0) ours += other.ours, model += std::string(other.model);
     if (how % 4 == 1) ours += letter, model += letter;
+    // Only up to a zero. NOLINTNEXTLINE(readability-redundant-string-cstr)
     if (how % 4 == 2) ours += other.ours.Chars(), model += std::string(other.model.c_str());
     const size_t from = std::min<size_t>(how, model.size());
     if (how % 4 == 3) ours.Append(ours.View().substr(from)), model += std::string(model.substr(from));
@@ -49,9 +50,10 @@ struct Pair {
     if (operation == 5 && (isInside || count >= ours.Capacity())) *ours.WritableAt(count) = letter;
     if (operation == 5 && isInside) model[count] = letter;
     if (operation == 6) ours.Format("%s|%d", ours.Chars(), count);
+    // NOLINTNEXTLINE(readability-redundant-string-cstr): only up to a zero
     if (operation == 6) model = std::string(model.c_str()) + "|" + std::to_string(count);
     if (operation != 7) return;
-    ours = TmyString::FromDecimal(letter * 1000, count);
+    ours = TmyString::FromDecimal(int64_t{letter} * 1000, count);
     model = std::to_string(std::abs(letter * 1000));
     if (model.size() < count) model.insert(0, count - model.size(), '0');
     if (letter < 0) model.insert(0, 1, '-');

@@ -26,7 +26,7 @@ const TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
 }
 
-void Fill(SampleCell& cell, TmyControl& control) {
+void Fill(const SampleCell& cell, TmyControl& control) {
   control.SetBounds(0, 0, cell.ClientWidth(), cell.ClientHeight());
   control.Show(true);
 }

@@ -9,7 +9,7 @@ std::string Written(const LogLine& line) {
 }
 
 void Write(HANDLE file, const std::string& text) {
-  DWORD written;
+  DWORD written = 0;
   if (file && file != INVALID_HANDLE_VALUE)
     WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
 }

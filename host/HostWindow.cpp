@@ -211,11 +211,13 @@ void HostWindow::CopyLog() const {
   const std::string text = session_.Log().WholeText();
   if (!OpenClipboard(window_)) return;
   EmptyClipboard();
-  if (const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1)) {
-    std::memcpy(GlobalLock(memory), text.c_str(), text.size() + 1);
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+  void* chars = memory ? GlobalLock(memory) : nullptr;
+  if (chars) {
+    std::memcpy(chars, text.c_str(), text.size() + 1);
     GlobalUnlock(memory);
-    if (!SetClipboardData(CF_TEXT, memory)) GlobalFree(memory);  // else it is the clipboard's
   }
+  if (!chars || !SetClipboardData(CF_TEXT, memory)) GlobalFree(memory);  // else it is the clipboard's
   CloseClipboard();
 }
 

@@ -44,8 +44,8 @@ int32_t CZipper::LengthOf(const char* path) noexcept {
   };
   const std::unique_ptr<FILE, CloseFile> file(fopen(path, "rb"));
   if (!file || fseek(file.get(), 0, SEEK_END) != 0) return -1;
-  const long length = ftell(file.get());
-  return length >= 0 && length <= INT32_MAX ? static_cast<int32_t>(length) : -1;
+  static_assert(sizeof(long) == sizeof(int32_t));  // what ftell counts in; -1 when it fails
+  return ftell(file.get());
 }
 
 bool CZipper::Open(const char* path, int32_t mode) {

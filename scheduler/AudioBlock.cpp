@@ -23,7 +23,7 @@ void AudioBlock::ConvertFloats(std::span<uint8_t> to) const noexcept {
   const uint8_t* from = samples_;
   uint8_t* at = to.data();
   for (uint32_t i = 0; i < header_.count; ++i, from += sizeof(float), at += sizeof(int16_t)) {
-    float value;
+    float value = 0;
     std::memcpy(&value, from, sizeof value);
     const int16_t sample = SampleOfFloat(value);
     std::memcpy(at, &sample, sizeof sample);

@@ -16,7 +16,7 @@
 namespace {
 
 // As a pop-up it is a dialog to window managers under Wine, which then give it the keyboard.
-constexpr DWORD kStyle = WS_POPUP | WS_OVERLAPPEDWINDOW | WS_TABSTOP | WS_CLIPCHILDREN;
+constexpr DWORD kStyle = WS_POPUP | WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
 constexpr int kLeastWidth = 429;  // pixels, frame included
 constexpr int kLeastHeight = 208;

@@ -93,7 +93,8 @@ Tmy_Btn2* TmyMediaPlayer::ButtonAt(uint32_t index) noexcept {
 int32_t TmyMediaPlayer::StartRecording(const TmyString& fileName, uint32_t sampleRate, uint32_t channels,
                                        uint32_t bits) {
   const Hold hold;
-  const TmyString name = fileName;  // the caller's may be our own, or the former file's
+  // The caller's may be our own, or the former file's. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+  const TmyString name = fileName;
   auto file = std::make_unique<TmyWaveFilePCM>(name, sampleRate, channels, bits, kFileBuffer);
   const bool mayHoldName = file_ || device_.IsOpen();
   if (device_.IsOpen()) ClosePlayback();

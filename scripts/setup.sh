@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 # What the cross build, the tests and the screenshots need, all from the distribution.
 PACKAGES=(
   g++-mingw-w64-i686-posix libz-mingw-w64-dev cmake ninja-build
-  googletest python3 xz-utils clang-format clang-tidy
+  googletest python3 xz-utils clang-format clang-tidy cppcheck
   clang libclang-rt-14-dev llvm g++-multilib lib32z1-dev
   fp-utils-3.2.2 nsis
   xvfb xdotool openbox imagemagick fonts-open-sans x11-utils

@@ -27,8 +27,8 @@ inline constexpr int kCells = 42;  // of a month's page: six weeks
 void SetDate(SYSTEMTIME& time, Date date) noexcept;
 
 // Not beyond kFirst and kLast. A day that the month does not have becomes its last.
-[[nodiscard]] Date PlusDays(Date date, int days) noexcept;
-[[nodiscard]] Date PlusMonths(Date date, int months) noexcept;
+[[nodiscard]] Date PlusDays(Date date, int count) noexcept;
+[[nodiscard]] Date PlusMonths(Date date, int count) noexcept;
 [[nodiscard]] Date FirstOfMonth(Date date) noexcept;
 [[nodiscard]] Date LastOfMonth(Date date) noexcept;
 // The day in a cell of the page of a date's month, whose weeks begin with `firstWeekday` (0 is Sunday); nothing beyond

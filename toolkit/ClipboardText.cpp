@@ -41,10 +41,11 @@ bool SetClipboardText(HWND window, const TmyString& text) {
   const size_t size = text.Length() + 1;
   const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
   void* chars = memory ? GlobalLock(memory) : nullptr;
-  if (!chars) return false;
-  std::memcpy(chars, text.Chars(), size);
-  GlobalUnlock(memory);
-  if (SetClipboardData(CF_TEXT, memory)) return true;  // the clipboard owns the memory now
+  if (chars) {
+    std::memcpy(chars, text.Chars(), size);
+    GlobalUnlock(memory);
+    if (SetClipboardData(CF_TEXT, memory)) return true;  // the clipboard owns the memory now
+  }
   GlobalFree(memory);
   return false;
 }

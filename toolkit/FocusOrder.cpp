@@ -20,8 +20,8 @@ void FocusOrderOf::Collect(TmyComponent& window) {
 }
 
 void FocusOrderOf::Move(TmyComponent& from, bool forward) const {
-  if (stops_.empty()) return;
   const size_t count = stops_.size();
+  if (count == 0) return;
   size_t at = forward ? count - 1 : 0;
   for (size_t i = 0; i < count; ++i) {
     if (stops_[i].window == &from && stops_[i].drawn == from.FocusedControl()) at = i;

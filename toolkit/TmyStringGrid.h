@@ -32,9 +32,9 @@ struct TmyGridColumn {
 };
 
 struct TmyRowClick {
-  uint32_t row;
-  bool shift;
-  bool control;
+  uint32_t row = 0;
+  bool shift = false;
+  bool control = false;
   bool byKeyboard = false;  // a moving key with Shift, not a click
 };
 

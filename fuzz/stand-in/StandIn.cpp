@@ -186,12 +186,12 @@ HANDLE CreateFileA(const char* name, DWORD access, DWORD share, void*, DWORD dis
     Fail(ERROR_SHARING_VIOLATION);
     return INVALID_HANDLE_VALUE;
   }
-  int flags = access & GENERIC_WRITE ? O_RDWR : O_RDONLY;
+  int flags = (access & GENERIC_WRITE) ? O_RDWR : O_RDONLY;
   if (disposition != OPEN_EXISTING) flags |= O_CREAT;
   if (disposition == CREATE_ALWAYS) flags |= O_TRUNC;
   if (!IsFolder(object.path)) object.fd = open(object.path.c_str(), flags, 0666);
   if (object.fd >= 0) return Keep(std::move(object));
-  Fail(access & GENERIC_WRITE ? ERROR_ACCESS_DENIED : ERROR_FILE_NOT_FOUND);
+  Fail((access & GENERIC_WRITE) ? ERROR_ACCESS_DENIED : ERROR_FILE_NOT_FOUND);
   return INVALID_HANDLE_VALUE;
 }
 

@@ -239,6 +239,7 @@ TEST_F(TmxWindowTest, TheSplitterGivesThePlayersSliderARowAndNotMore) {
     if (auto* found = dynamic_cast<TmySplitter*>(child)) splitter = found;
     if (auto* found = dynamic_cast<TmyMediaPlayer*>(child)) media = found;
   }
+  ASSERT_TRUE(splitter && media);
   const auto sliderIsBelow = [&] { return media->Slider().Bounds().top >= media->ButtonAt(0)->Bounds().bottom; };
   const int before = grid_->Height();
   for (const auto& [key, isBelow] : {std::pair{VK_UP, true}, {VK_DOWN, false}}) {

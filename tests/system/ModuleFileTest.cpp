@@ -54,10 +54,24 @@ TEST_F(ModuleFile, NeedsNothingThatABareWindowsLacks) {
 
 TEST_F(ModuleFile, MayBeMovedAndHasNoCodeInItsData) {
   const IMAGE_NT_HEADERS32& headers = Headers();
-  constexpr WORD kWanted = IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
+  constexpr WORD kWanted =
+      IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT | IMAGE_DLLCHARACTERISTICS_NO_SEH;
   EXPECT_EQ(headers.OptionalHeader.DllCharacteristics & kWanted, kWanted);
   EXPECT_EQ(headers.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED, 0);
   EXPECT_GT(Directory(IMAGE_DIRECTORY_ENTRY_BASERELOC).Size, 0u);
+}
+
+// Who registers a handler reads and writes fs:[0] (prefix 0x64, address 0); in a module without handlers the system
+// would end the host at it.
+TEST_F(ModuleFile, SetsNoHandlerOfItsOwn) {
+  const IMAGE_OPTIONAL_HEADER32& header = Headers().OptionalHeader;
+  const std::string_view code(&At<char>(header.BaseOfCode), header.SizeOfCode);
+  using namespace std::string_view_literals;
+  for (size_t at = code.find("\0\0\0\0"sv); at != code.npos; at = code.find("\0\0\0\0"sv, at + 1)) {
+    const auto byte = [&](size_t back) { return at < back ? 0 : static_cast<uint8_t>(code[at - back]); };
+    const bool isMove = byte(2) == 0x64 && (byte(1) & 0xFD) == 0xA1;
+    EXPECT_FALSE(isMove || (byte(3) == 0x64 && (byte(1) & 0xC7) == 0x05)) << std::hex << at;
+  }
 }
 
 TEST_F(ModuleFile, SaysItsVersion) {
