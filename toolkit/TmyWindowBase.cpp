@@ -70,6 +70,8 @@ LRESULT TmyWindowBase::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == 0) return static_cast<LRESULT>(wParam);
   }
   if (!handle_) return 0;  // destroyed inside the hook or the handler before
+  // A program that ends others tells it to all windows, hidden ones, too. A helper goes with its owner.
+  if (message == WM_CLOSE && !AsComponent()) return 0;
   return CallWindowProcA(previous_, handle_, message, wParam, lParam);
 }
 
