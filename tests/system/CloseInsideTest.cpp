@@ -225,7 +225,7 @@ TEST_F(CloseInside, OuterOfTwoAboutBoxes) {
 
 // Windows that are still open keep the module until the host, loaded anew, closes them.
 TEST_F(CloseInside, LoopsOutliveAnUnloadWithoutAClose) {
-  for (const auto open : {&CloseInside::About, &CloseInside::Menu}) {
+  for (const auto open : {&CloseInside::About, &CloseInside::Menu, &CloseInside::MenuBar}) {
     const HWND window = StartPlugin();
     host_.When(&IsLoopOpen, [&] {
       host_.Unload();
