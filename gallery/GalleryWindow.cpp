@@ -10,120 +10,185 @@ namespace {
 constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr uintptr_t kPicturesTimer = 1;
 constexpr UINT kBeforePictures = 400;  // milliseconds, until the window manager has given us the focus
-enum Column { kNormal, kDisabled, kFocused, kColumns };
-constexpr const char* kTitles[kColumns] = {"Normal", "Disabled", "With the focus"};
+constexpr const char* kTitles[kStates] = {"Normal", "Under the mouse", "Held down", "With the focus", "Disabled"};
 
 // At 96 dpi.
-constexpr int kNameWidth = 150;
+constexpr int kNameWidth = 160;
 constexpr int kCellWidth = 130;
-constexpr int kLargeHeight = 92;
+constexpr int kLargeHeight = 78;
+constexpr int kOpenedWidth = 270;
+constexpr int kOpenedCellWidth = 170;
+constexpr int kOpenedHeight = 360;
+constexpr int kOpenedColumns = 3;
 
 TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
 }
 
-int CellLeft(const RECT& row, int column) {
-  return row.left + Theme().Scaled(kNameWidth) + column * (Theme().Scaled(kCellWidth) + 2 * Theme().Step());
+int Margin() {
+  return 2 * Theme().Step();
 }
-
-int BlockWidth() {
-  return CellLeft({}, kColumns);
-}
-
 int TitleHeight() {
-  return Theme().RowHeight() + 2 * Theme().Step();
+  return Theme().RowHeight() + Margin();
+}
+int CellLeft(unsigned column) {
+  return Margin() + Theme().Scaled(kNameWidth) + static_cast<int>(column) * (Theme().Scaled(kCellWidth) + Margin());
+}
+int RowsHeight(size_t rows, int height) {
+  return TitleHeight() + static_cast<int>(rows) * (height + Theme().Step()) + Theme().Step();
+}
+
+POINT PartOf(const SampleCell& cell, POINT perCent) {
+  return {cell.ClientWidth() * perCent.x / 100, cell.ClientHeight() * perCent.y / 100};
+}
+
+// To the window that has the mouse there.
+void SendMouse(HWND window, UINT message, WPARAM keys, POINT at) {
+  for (HWND child = window; child;) {
+    child = ChildWindowFromPointEx(window, at, CWP_SKIPINVISIBLE | CWP_SKIPTRANSPARENT | CWP_SKIPDISABLED);
+    if (child == window || !child) break;
+    MapWindowPoints(window, child, &at, 1);
+    window = child;
+  }
+  SendMessageA(window, message, keys, MAKELPARAM(at.x, at.y));
 }
 
 }  // namespace
 
-GalleryWindow::GalleryWindow() : TmyComponent("Please wait", kStyle, 0, 0, 0, 100, 100, nullptr) {
+GalleryWindow::GalleryWindow(Page page, std::vector<std::string>& faults)
+    : TmyComponent("Please wait", kStyle, 0, 0, 0, 100, 100, nullptr), faults_(faults) {
   SetDoubleBuffered(true);
-  const int margin = 2 * Theme().Step();
-  const int small = AddRows(SmallSamples(), margin, Theme().FieldHeight());
-  const int large = AddRows(LargeSamples(), 2 * margin + BlockWidth(), Theme().Scaled(kLargeHeight));
-  RECT frame = {0, 0, 3 * margin + 2 * BlockWidth() - 2 * Theme().Step(), std::max(small, large) + Theme().Step()};
-  AdjustWindowRectEx(&frame, kStyle, FALSE, 0);
-  SetBounds(0, 0, frame.right - frame.left, frame.bottom - frame.top);
+  AddMenu();
+  ShowPage(page);
   Show(true);
+}
+
+void GalleryWindow::AddMenu() {
+  TmyMenu& pages = menu_.AddSubmenu("&Page");
+  pages.AddItem("&Controls").chosen.Bind<&GalleryWindow::ShowControls>(this);
+  pages.AddItem("&Panels").chosen.Bind<&GalleryWindow::ShowPanels>(this);
+  pages.AddItem("What &opens").chosen.Bind<&GalleryWindow::ShowOpened>(this);
+  menu_.AttachTo(Handle());
+}
+
+void GalleryWindow::ShowPage(Page page) {
+  page_ = page;
+  for (SampleCell* cell : cells_) cell->Destroy();
+  cells_.clear();
+  words_.clear();
+  pictures_.clear();
+  const SIZE size = PageSize();
+  RECT frame = {0, 0, size.cx, size.cy};
+  AdjustWindowRectEx(&frame, kStyle, TRUE, 0);
+  SetBounds(0, 0, frame.right - frame.left, frame.bottom - frame.top);
+  Repaint();
   SetTimer(Handle(), kPicturesTimer, kBeforePictures, nullptr);
 }
 
-int GalleryWindow::AddRows(std::span<const Sample> samples, int left, int height) {
-  int top = TitleHeight();
-  for (const Sample& sample : samples) {
-    const RECT place = {left, top, left + BlockWidth(), top + height};
-    rows_.push_back(
-        {&sample, place, AddCell(sample, place, kNormal, true), AddCell(sample, place, kDisabled, false), {}});
-    top += height + Theme().Step();
-  }
-  return top;
+SIZE GalleryWindow::PageSize() const {
+  const LONG width = CellLeft(kStates);
+  if (page_ == Page::kControls) return {width, RowsHeight(SmallSamples().size(), Theme().FieldHeight())};
+  if (page_ == Page::kPanels) return {width, RowsHeight(LargeSamples().size(), Theme().Scaled(kLargeHeight))};
+  return {Margin() + kOpenedColumns * Theme().Scaled(kOpenedWidth), Theme().Scaled(kOpenedHeight)};
 }
 
-SampleCell* GalleryWindow::AddCell(const Sample& sample, const RECT& row, int column, bool enabled) {
-  auto* cell = new SampleCell(*this);
-  cell->SetBounds(CellLeft(row, column), row.top, Theme().Scaled(kCellWidth), row.bottom - row.top);
-  sample.make(*cell);
-  cell->Enable(enabled);
-  return cell;
-}
-
+// A box or a menu among the samples runs a loop, in which the user may close this window.
 void GalleryWindow::Timer(uintptr_t id) {
   if (id != kPicturesTimer) return;
   KillTimer(Handle(), kPicturesTimer);
   SetForegroundWindow(Handle());
-  for (Row& row : rows_) TakePicture(row);
+  if (page_ == Page::kControls) FillRows(SmallSamples(), Theme().FieldHeight());
+  if (page_ == Page::kPanels) FillRows(LargeSamples(), Theme().Scaled(kLargeHeight));
+  if (page_ == Page::kOpened) FillOpened();
+  if (!IsAlive()) return;
   TakeFocus();
   Repaint();
   SetCaption(kCaption);
 }
 
-// The context does not leave out the cell's children.
-void GalleryWindow::TakePicture(Row& row) {
-  SampleCell& cell = *row.normal;
-  FocusOrderOf(cell).First();
-  const HWND focus = ::GetFocus();
-  const bool isCell = focus == cell.Handle();
-  if (isCell ? !cell.FocusedControl() : !IsChild(cell.Handle(), focus)) return;
-  RedrawWindow(cell.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-  const HDC screen = GetDCEx(cell.Handle(), nullptr, DCX_CACHE);
-  const HDC memory = CreateCompatibleDC(screen);
-  row.focused.reset(CreateCompatibleBitmap(screen, cell.ClientWidth(), cell.ClientHeight()));
-  {
-    const Selected selected(memory, row.focused.get());
-    BitBlt(memory, 0, 0, cell.ClientWidth(), cell.ClientHeight(), screen, 0, 0, SRCCOPY);
+void GalleryWindow::FillRows(std::span<const Sample> samples, int height) {
+  for (unsigned column = 0; column < kStates; ++column) {
+    const int left = CellLeft(column);
+    words_.push_back({{left, 0, left + Theme().Scaled(kCellWidth), TitleHeight()}, kTitles[column], true});
   }
-  DeleteDC(memory);
-  ReleaseDC(cell.Handle(), screen);
-  cell.FocusDrawn(nullptr);
+  int top = TitleHeight();
+  for (const Sample& sample : samples) {
+    FillRow(sample, {Margin(), top, CellLeft(0), top + height});
+    top += height + Theme().Step();
+  }
+}
+
+// A state leaves nothing behind in another: each has a control of its own.
+void GalleryWindow::FillRow(const Sample& sample, const RECT& row) {
+  words_.push_back({{row.left, row.top, row.right, row.top + Theme().FieldHeight()}, sample.name, false});
+  Picture normal;
+  for (const State state : {kNormal, kHot, kPressed, kFocused, kDisabled}) {
+    if ((sample.states & 1u << state) == 0) continue;
+    const int left = CellLeft(state);
+    SampleCell* cell = AddCell({left, row.top, left + Theme().Scaled(kCellWidth), row.bottom});
+    sample.make(*cell);
+    Bring(*cell, sample.mouse, state);
+    Picture picture(cell->Handle());
+    Check(sample.name, state, picture, normal);
+    if (state == kNormal) normal = std::move(picture);
+    if (state == kNormal || state == kDisabled) continue;
+    cells_.pop_back();
+    cell->Destroy();
+    pictures_.push_back({{left, row.top}, std::move(picture), false});
+  }
+}
+
+void GalleryWindow::FillOpened() {
+  int tops[kOpenedColumns] = {};
+  for (const OpenedSample& sample : OpenedSamples()) {
+    int& top = tops[sample.column];
+    const int left = Margin() + sample.column * Theme().Scaled(kOpenedWidth);
+    const int right = left + Theme().Scaled(kOpenedCellWidth);
+    words_.push_back({{left, top, right, top + TitleHeight()}, sample.name, true});
+    top += TitleHeight();
+    SampleCell* cell = AddCell({left, top, right, top + Theme().FieldHeight()});
+    Picture picture = sample.take(*cell);
+    if (!IsAlive()) return;
+    const bool isUsed = cell->FirstControl() || GetWindow(cell->Handle(), GW_CHILD);
+    cell->Show(isUsed);
+    if (isUsed) top += Theme().FieldHeight();
+    Check(sample.name, kNormal, picture, {});
+    const int height = picture.Size().cy;
+    pictures_.push_back({{left, top}, std::move(picture), sample.needsFrame});
+    top += height + Theme().Step();
+  }
+}
+
+SampleCell* GalleryWindow::AddCell(const RECT& place) {
+  auto* cell = new SampleCell(*this);
+  cell->SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
+  cells_.push_back(cell);
+  return cell;
+}
+
+void GalleryWindow::Bring(SampleCell& cell, POINT mouse, State state) {
+  cell.Enable(state != kDisabled);
+  if (state == kFocused) FocusOrderOf(cell).First();
+  if (state != kHot && state != kPressed) return;
+  SendMouse(cell.Handle(), WM_MOUSEMOVE, 0, PartOf(cell, mouse));
+  if (state == kPressed) SendMouse(cell.Handle(), WM_LBUTTONDOWN, MK_LBUTTON, PartOf(cell, mouse));
+}
+
+void GalleryWindow::Check(const char* sample, State state, const Picture& picture, const Picture& normal) {
+  const std::string cell = std::string(sample) + ", " + kTitles[state] + ": ";
+  if (picture.IsPlain()) faults_.push_back(cell + "shows nothing");
+  if (state != kNormal && picture.LooksAs(normal)) faults_.push_back(cell + "looks as the normal one");
 }
 
 void GalleryWindow::Paint(HDC dc) {
-  for (const int left : {rows_.front().place.left, rows_.back().place.left}) {
-    for (int column = 0; column < kColumns; ++column) {
-      const RECT place = {CellLeft({left, 0, 0, 0}, column), 0, left + BlockWidth(), TitleHeight()};
-      ThemeDraw::Text(dc, place, kTitles[column], Theme().Color().secondary, Theme().Get(TmyTheme::Font::kBold));
-    }
-  }
-  for (const Row& row : rows_) PaintRow(dc, row);
-}
-
-void GalleryWindow::PaintRow(HDC dc, const Row& row) const {
   const TmyTheme::Colors& color = Theme().Color();
-  RECT name = row.place;
-  name.bottom = name.top + Theme().FieldHeight();
-  name.right = CellLeft(row.place, 0) - Theme().Step();
-  ThemeDraw::Text(dc, name, row.sample->name, color.text, Font());
-  RECT picture = name;
-  picture.left = CellLeft(row.place, kFocused);
-  picture.right = row.place.right;
-  if (!row.focused) {
-    ThemeDraw::Text(dc, picture, "none", color.disabled, Font());
-    return;
+  for (const Words& words : words_) {
+    ThemeDraw::Text(dc, words.place, words.text, words.isTitle ? color.secondary : color.text,
+                    words.isTitle ? Theme().Get(TmyTheme::Font::kBold) : Font());
   }
-  const HDC memory = CreateCompatibleDC(dc);
-  {
-    const Selected selected(memory, row.focused.get());
-    BitBlt(dc, picture.left, picture.top, row.normal->ClientWidth(), row.normal->ClientHeight(), memory, 0, 0, SRCCOPY);
+  for (const auto& [at, picture, needsFrame] : pictures_) {
+    picture.Paint(dc, at.x, at.y);
+    const RECT area = {at.x, at.y, at.x + picture.Size().cx, at.y + picture.Size().cy};
+    if (needsFrame) ThemeDraw::Frame(dc, area, color.secondary);
   }
-  DeleteDC(memory);
 }

@@ -1,34 +1,56 @@
-// Marlux 3. The gallery's window: a row for each control with a normal and a disabled sample and a picture of the
-// normal one as it looked with the keyboard focus. Its caption is kCaption as soon as the pictures are there.
+// Marlux 3. The gallery's window, of three pages: small and large controls, a row each with a column for each state,
+// and what opens over other windows. Normal and disabled samples are live, the rest are pictures, taken when the
+// page comes up. The caption is kCaption as soon as they are there.
 #pragma once
 
+#include <string>
 #include <vector>
 
-#include "gallery/Samples.h"
-#include "toolkit/GdiHandle.h"
+#include "gallery/OpenedSamples.h"
+#include "gallery/Picture.h"
+#include "toolkit/TmyMenu.h"
 
 class GalleryWindow : public TmyComponent {
  public:
   static constexpr char kCaption[] = "Toolkit gallery";
+  enum class Page { kControls, kPanels, kOpened };
 
-  GalleryWindow();
+  // Appends a line to `faults` (which outlives the window) for each cell that shows nothing, or no other look than the
+  // normal one.
+  GalleryWindow(Page page, std::vector<std::string>& faults);
 
   void Paint(HDC dc) override;
   void Timer(uintptr_t id) override;
 
  private:
-  struct Row {
-    const Sample* sample;
-    RECT place;          // of the whole row
-    SampleCell* normal;  // both belong to their windows
-    SampleCell* disabled;
-    BitmapHandle focused;  // none: it takes no focus
+  struct Words {
+    RECT place;
+    const char* text;
+    bool isTitle;
+  };
+  struct Taken {
+    POINT at;
+    Picture picture;
+    bool needsFrame;
   };
 
-  int AddRows(std::span<const Sample> samples, int left, int height);  // returns where they end
-  SampleCell* AddCell(const Sample& sample, const RECT& row, int column, bool enabled);
-  void TakePicture(Row& row);
-  void PaintRow(HDC dc, const Row& row) const;
+  void AddMenu();
+  void ShowControls(TmyMenuItem&) { ShowPage(Page::kControls); }
+  void ShowPanels(TmyMenuItem&) { ShowPage(Page::kPanels); }
+  void ShowOpened(TmyMenuItem&) { ShowPage(Page::kOpened); }
+  void ShowPage(Page page);
+  [[nodiscard]] SIZE PageSize() const;
+  void FillRows(std::span<const Sample> samples, int height);
+  void FillRow(const Sample& sample, const RECT& row);
+  void FillOpened();
+  SampleCell* AddCell(const RECT& place);
+  static void Bring(SampleCell& cell, POINT mouse, State state);
+  void Check(const char* sample, State state, const Picture& picture, const Picture& normal);
 
-  std::vector<Row> rows_;
+  TmyMainMenu menu_;
+  Page page_ = Page::kControls;
+  std::vector<Words> words_;
+  std::vector<Taken> pictures_;
+  std::vector<SampleCell*> cells_;  // belong to their windows
+  std::vector<std::string>& faults_;
 };

@@ -57,6 +57,10 @@ void MakeOption(SampleCell& cell) {
   Fill(cell, option);
 }
 
+void MakeEmptyOption(SampleCell& cell) {
+  Fill(cell, cell.Draw<Tmy_OptionButton>("Not chosen", 1u));
+}
+
 void MakeDrawnLabel(SampleCell& cell) {
   Fill(cell, cell.Draw<Tmy_Label>("One drawn line"));
 }
@@ -113,10 +117,19 @@ void PaintSquare(HDC dc, const RECT& square, COLORREF color) {
                   color);
 }
 
-void MakePictureButton(SampleCell& cell) {
+Tmy_Btn2& MakePicture(SampleCell& cell) {
   auto& button = cell.Draw<Tmy_Btn2>("Stop", &PaintSquare);
   Fill(cell, button);
   button.SetBounds(0, 0, button.PreferredWidth(), cell.ClientHeight());
+  return button;
+}
+
+void MakePictureButton(SampleCell& cell) {
+  MakePicture(cell);
+}
+
+void MakeLitButton(SampleCell& cell) {
+  MakePicture(cell).SetLit(true);
 }
 
 void MakeCalendar(SampleCell& cell) {
@@ -132,12 +145,20 @@ void MakeSlider(SampleCell& cell) {
   Fill(cell, *slider);
 }
 
-void MakeProgressBar(SampleCell& cell) {
+void MakeProgress(SampleCell& cell, uint32_t range) {
   auto* bar = new ProgressBar(cell);
-  bar->SetRange(100);
+  bar->SetRange(range);
   bar->SetPosition(60);
-  bar->SetBounds(0, 0, cell.ClientWidth(), cell.ClientHeight() / 2);
+  bar->SetBounds(0, cell.ClientHeight() / 4, cell.ClientWidth(), cell.ClientHeight() / 2);
   bar->Show(true);
+}
+
+void MakeProgressBar(SampleCell& cell) {
+  MakeProgress(cell, 100);
+}
+
+void MakeRunningBar(SampleCell& cell) {
+  MakeProgress(cell, 0);
 }
 
 void MakeLabel(SampleCell& cell) {
@@ -158,24 +179,39 @@ class SampleModel : public TmyGridModel {
     constexpr const char* kStations[] = {"Radio Aurora", "Boreal", "Crux Radio"};
     text.Set(column == 0 ? TmyString::FromDecimal(6005 + 5 * int64_t{record}).View() : kStations[record % 3]);
   }
-  [[nodiscard]] bool IsMarked(uint32_t record) const override { return record == 2; }
+  [[nodiscard]] bool IsMarked(uint32_t record) const override { return record == 0; }
 };
 const SampleModel kModel;
 
-void MakeGrid(SampleCell& cell) {
+class EmptyModel : public TmyGridModel {
+ public:
+  [[nodiscard]] uint32_t RowCount() const override { return 0; }
+  void CellText(uint32_t, uint32_t, TmyCellText&) const override {}
+  [[nodiscard]] const char* EmptyText() const override { return "No rows"; }
+};
+const EmptyModel kEmptyModel;
+
+TmyStringGrid* NewGrid(SampleCell& cell, const TmyGridModel* model) {
   auto* grid = new TmyStringGrid(cell);
   const TmyGridColumn columns[] = {{"Freq", Theme().Scaled(56), true}, {"Station", Theme().Scaled(100)}};
   grid->SetColumns(columns, 2);
-  grid->SetModel(&kModel);
+  grid->SetModel(model);
+  return grid;
+}
+
+void MakeEmptyGrid(SampleCell& cell) {
+  Fill(cell, *NewGrid(cell, &kEmptyModel));
+}
+
+void MakeGrid(SampleCell& cell) {
+  auto* grid = NewGrid(cell, &kModel);
   grid->SetCurrentRow(2, false);
   grid->SetSort(0, true);
   Fill(cell, *grid);
 }
 
 void MakeMarkers(SampleCell& cell) {
-  auto* grid = new TmyStringGrid(cell);
-  const TmyGridColumn columns[] = {{"Freq", Theme().Scaled(56), true}, {"Station", Theme().Scaled(100)}};
-  grid->SetColumns(columns, 2);
+  auto* grid = NewGrid(cell, &kModel);
   Fill(cell, *grid);
   const RECT title = GridGeometry::ColumnStrip(grid->Layout(), 0);
   auto* piece = new TmyFloatingSelection2(*grid);
@@ -272,34 +308,46 @@ void MakeInvisiblePanel(SampleCell& cell) {
   Fill(cell, *new StripedPanel(cell));
 }
 
+constexpr unsigned Only(State state) {
+  return 1u << state;
+}
+constexpr unsigned kStill = Only(kNormal) | Only(kDisabled);  // neither the mouse nor the keyboard change it
+constexpr unsigned kField = kStill | Only(kFocused);
+constexpr unsigned kMouse = kStill | Only(kHot) | Only(kPressed);
+constexpr unsigned kAll = kMouse | Only(kFocused);
+
 constexpr Sample kSmall[] = {
-    {"Tmy_Btn", MakeButton},
-    {"Tmy_Btn, default", MakeDefaultButton},
-    {"Tmy_CheckBox", MakeCheckBox},
-    {"Tmy_CheckBox, off", MakeEmptyCheckBox},
-    {"Tmy_OptionButton", MakeOption},
-    {"Tmy_Label", MakeDrawnLabel},
-    {"TmyEdit", MakeEdit},
-    {"TmyIntEdit, TmyUpDown", MakeUpDown},
-    {"TmyFrequencyEdit", MakeFrequencyEdit},
-    {"TmyTimeEdit", MakeTimeEdit},
-    {"TmyComboBox2", MakeComboBox},
-    {"TmyScrollBar", MakeScrollBar},
-    {"Tmy_Btn2", MakePictureButton},
-    {"TmyCalendar", MakeCalendar},
-    {"TmySlider", MakeSlider},
-    {"ProgressBar", MakeProgressBar},
+    {"Tmy_Btn", MakeButton, kAll},
+    {"Tmy_Btn, default", MakeDefaultButton, kAll},
+    {"Tmy_Btn2", MakePictureButton, kAll, {5, 50}},
+    {"Tmy_Btn2, on", MakeLitButton, kAll & ~Only(kHot) & ~Only(kPressed)},
+    {"Tmy_CheckBox", MakeEmptyCheckBox, kAll},
+    {"Tmy_CheckBox, on", MakeCheckBox, kField},
+    {"Tmy_OptionButton", MakeEmptyOption, kAll},
+    {"Tmy_OptionButton, on", MakeOption, kField},
+    {"Tmy_Label", MakeDrawnLabel, kStill},
+    {"TmyEdit", MakeEdit, kField},
+    {"TmyIntEdit, TmyUpDown", MakeUpDown, kAll, {95, 25}},
+    {"TmyFrequencyEdit", MakeFrequencyEdit, kField},
+    {"TmyTimeEdit", MakeTimeEdit, kField},
+    {"TmyComboBox2", MakeComboBox, kField},
+    {"TmyCalendar", MakeCalendar, kField},
+    {"TmySlider", MakeSlider, kField},
+    {"TmyScrollBar", MakeScrollBar, kMouse, {40, 50}},
+    {"ProgressBar", MakeProgressBar, Only(kNormal)},
+    {"ProgressBar, no end known", MakeRunningBar, Only(kNormal)},
 };
 
 constexpr Sample kLarge[] = {
-    {"TmyStringGrid", MakeGrid},
-    {"TmyFloatingSelection", MakeMarkers},
-    {"TmyListBox", MakeListBox},
-    {"TmyScrollPanel", MakeScrollPanel},
-    {"TmySplitter", MakeSplitter<TmySplitter>},
-    {"TmySplitter2", MakeSplitter<TmySplitter2>},
-    {"TmyInvisiblePanel", MakeInvisiblePanel},
-    {"TmyLabel", MakeLabel},
+    {"TmyStringGrid", MakeGrid, kAll, {70, 10}},
+    {"TmyStringGrid, empty", MakeEmptyGrid, kAll, {70, 10}},
+    {"TmyFloatingSelection, -2", MakeMarkers, Only(kNormal)},
+    {"TmyListBox", MakeListBox, kField | Only(kHot)},
+    {"TmyScrollPanel", MakeScrollPanel, kAll, {15, 25}},
+    {"TmySplitter", MakeSplitter<TmySplitter>, kAll, {50, 55}},
+    {"TmySplitter2", MakeSplitter<TmySplitter2>, kAll, {34, 50}},
+    {"TmyInvisiblePanel", MakeInvisiblePanel, kAll, {15, 25}},
+    {"TmyLabel", MakeLabel, kStill},
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Marlux 3. What the gallery shows: a sample of each control, made anew for each state.
+// Marlux 3. What the gallery shows: a sample of each control, made anew for each of its states.
 #pragma once
 
 #include <memory>
@@ -25,9 +25,14 @@ class SampleCell : public TmyPanel {
   std::vector<std::unique_ptr<TmyControl>> drawn_;
 };
 
+// How a control can look, a column of the gallery each.
+enum State : unsigned { kNormal, kHot, kPressed, kFocused, kDisabled, kStates };
+
 struct Sample {
   const char* name;
   void (*make)(SampleCell& cell);  // fills the cell, which has its size
+  unsigned states;                 // a bit each: the control has it and looks different in it
+  POINT mouse = {50, 50};          // where hot and pressed are to be seen, in per cent of the cell
 };
 
 [[nodiscard]] std::span<const Sample> SmallSamples();  // as high as a field

@@ -75,6 +75,7 @@ TmxTaskWindow::TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent)
       start_(new TmyTimeEdit(*this)),
       stop_(new TmyTimeEdit(*this)),
       frequency_(new TmyFrequencyEdit(*this, 0, std::numeric_limits<int64_t>::max())),
+      frequencyUpDown_(new TmyUpDown(*this, *frequency_)),
       mode_(new TmyComboBox2(*this, WS_VISIBLE | WS_TABSTOP)),
       days_{{{*this, DayCaption(0)},
              {*this, DayCaption(1)},
@@ -94,7 +95,9 @@ TmxTaskWindow::TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent)
     frequency_->SetRange(range->lowestKhz * kHzInKhz, range->highestKhz * kHzInKhz);
   }
   AddModes();
-  for (TmyComponent* edit : std::initializer_list<TmyComponent*>{start_, stop_, frequency_}) edit->Show(true);
+  for (TmyComponent* field : std::initializer_list<TmyComponent*>{start_, stop_, frequency_, frequencyUpDown_}) {
+    field->Show(true);
+  }
   FitSize(parent.IsVisible() ? parent : owner.Window());
 }
 
@@ -155,7 +158,7 @@ void TmxTaskWindow::Store(TmxTask& task) const {
 // One width for the whole column.
 int TmxTaskWindow::FieldWidth() const {
   return std::max({ModeWidth(), from_->PreferredWidth(), start_->PreferredWidth("00:00:00"),
-                   frequency_->PreferredWidth("00000000.000")});
+                   frequency_->PreferredWidth("00000000.000") + TmyUpDown::PreferredWidth()});
 }
 
 int TmxTaskWindow::ModeWidth() const {
@@ -194,6 +197,9 @@ void TmxTaskWindow::PlaceFields() {
   for (TmyComponent* field : std::initializer_list<TmyComponent*>{from_, to_, start_, stop_, frequency_, mode_}) {
     field->SetBounds(FieldLeft(), LineTop(row++), FieldWidth(), Theme().FieldHeight());
   }
+  const int narrower = FieldWidth() - TmyUpDown::PreferredWidth(), top = LineTop(kFrequencyRow);
+  frequency_->SetBounds(FieldLeft(), top, narrower, Theme().FieldHeight());
+  frequencyUpDown_->SetBounds(FieldLeft() + narrower, top, TmyUpDown::PreferredWidth(), Theme().FieldHeight());
 }
 
 void TmxTaskWindow::PlaceDays() {

@@ -15,6 +15,7 @@
 #include "toolkit/TmyComboBox2.h"
 #include "toolkit/TmyFrequencyEdit.h"
 #include "toolkit/TmyTimeEdit.h"
+#include "toolkit/TmyUpDown.h"
 #include "toolkit/Tmy_Btn.h"
 #include "toolkit/Tmy_CheckBox.h"
 
@@ -60,6 +61,7 @@ class TmxTaskWindow : public TmyComponent {
   TmyTimeEdit* start_;
   TmyTimeEdit* stop_;
   TmyFrequencyEdit* frequency_;
+  TmyUpDown* frequencyUpDown_;
   TmyComboBox2* mode_;                // the items' data are the host's numbers
   std::array<Tmy_CheckBox, 7> days_;  // box i stands for bit i of the mask, from Sunday on
   Tmy_Btn ok_;

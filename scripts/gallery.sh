@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Pictures of the gallery of controls at 100 % and at 150 % text size: build/screenshots/gallery.png and
-# gallery-150.png. Argument: the program, by default the release build's.
+# Pictures of the gallery of controls at 100 % and at 150 % text size, in build/screenshots: gallery.png (small
+# controls), gallery-panels.png, gallery-open.png (what opens over windows), and the same with -150. Fails when a control
+# does not show a state that it has; the program finds that out. Argument: the program, by default the release build's.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -16,9 +17,9 @@ use_own_wine
 mkdir -p "$BUILD_DIR/screenshots"
 
 # The window has its name when everything in it is ready.
-shoot() { # percent picture
+shoot() { # percent page picture
   local program window='' i
-  wine "$gallery" --scale "$1" >/dev/null 2>&1 </dev/null &
+  wine "$gallery" --scale "$1" --page "$2" >/dev/null 2>"$faults" </dev/null &
   program=$!
   for i in $(seq 150); do
     window=$(xdotool search --onlyvisible --name '^Toolkit gallery$' 2>/dev/null | tail -n 1) && [ -n "$window" ] && break
@@ -29,13 +30,20 @@ shoot() { # percent picture
     fail "the gallery at $1 % did not come up"
   fi
   sleep 1
-  import -window "$window" "$BUILD_DIR/screenshots/$2"
+  import -window "$window" "$BUILD_DIR/screenshots/$3"
   xdotool windowactivate --sync "$window" key --clearmodifiers alt+F4
-  wait "$program" || fail "the gallery at $1 % ended with an error"
-  # A window that has painted nothing has few colours.
-  [ "$(identify -format '%k' "$BUILD_DIR/screenshots/$2")" -gt 50 ] || fail "the gallery's picture at $1 % is empty"
+  wait "$program" || fail "$3: $(tr -d '\r' <"$faults")"
+  # The screen shows what the program saw: a window that has painted nothing has few colours.
+  [ "$(identify -format '%k' "$BUILD_DIR/screenshots/$3")" -gt 50 ] || fail "$3 is empty"
 }
 
-shoot 100 gallery.png
-shoot 150 gallery-150.png
-say "pictures are in $BUILD_DIR/screenshots: gallery.png, gallery-150.png"
+faults=$(mktemp)
+trap 'rm -f "$faults"' EXIT
+xdotool mousemove 0 0 # not over a sample
+page=0
+for name in gallery gallery-panels gallery-open; do
+  page=$((page + 1))
+  shoot 100 $page $name.png
+  shoot 150 $page $name-150.png
+done
+say "pictures are in $BUILD_DIR/screenshots: gallery*.png"

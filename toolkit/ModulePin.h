@@ -1,5 +1,6 @@
-// Marlux 3. Keeps this module's code in memory while one of its nested message loops runs: the host may unload the
-// module from inside such a loop, and the loop has to return into it.
+// Marlux 3. Keeps this module's code in memory while a message loop runs inside it, a dialog's or one of the system's
+// for a menu or for moving a window: the host may unload the module from inside such a loop, which has to return into
+// it.
 //
 // The last pin does not give its reference back itself, for then it could unload the code that it returns to. Whoever
 // is called by the host calls ReleaseUnused: a host that calls in holds a reference of its own at that moment. It does

@@ -22,16 +22,9 @@ TmyTheme& Theme() {
 
 }  // namespace
 
-TmyCalendar::TmyCalendar(TmyComponent& parent, DWORD style) : TmyPanel(parent, style) {
+TmyCalendar::TmyCalendar(TmyComponent& parent, DWORD style) : TmyDropPanel(parent, style) {
   ReadPicture();
   SetValue(Clock::Local());
-}
-
-TmyCalendar::~TmyCalendar() {
-  Close();
-}
-void TmyCalendar::Destroying() {
-  Close();
 }
 
 void TmyCalendar::ReadPicture() {
@@ -77,37 +70,18 @@ int TmyCalendar::PreferredWidth() const {
   return DropField::WidthFor(widest + Theme().Step());
 }
 
-void TmyCalendar::DropDown(bool open) {
-  if (open == IsDropped()) return;
-  if (!open) return Close();
-  if (!IsAlive() || !IsEnabled() || !IsWindowVisible(Handle())) return;
-  const Hold hold;
-  TakeFocus();
-  if (!IsAlive() || IsDropped()) return;
-  if (FinishTyping() && (!IsAlive() || IsDropped())) return;
+TmyDropWindow* TmyCalendar::MakeDrop() {
+  if (FinishTyping() && (!IsAlive() || IsDropped())) return nullptr;
   typedDay_ = 0;
-  drop_ = new TmyMonthDrop(*this, Shown());
-  drop_->chosen.Bind<&TmyCalendar::Choose>(this);
-  drop_->dismissed.Bind<&TmyCalendar::Close>(this);
-  drop_->gone.Bind<&TmyCalendar::DropGone>(this);
-  drop_->Open();
-  Repaint();
+  return new TmyMonthDrop(*this, Shown());
 }
 
-void TmyCalendar::Close() {
-  if (!drop_) return;
-  TmyMonthDrop* closing = drop_;
-  drop_ = nullptr;  // first: destroying it takes the mouse away from it, which would ask to close again
-  closing->chosen.Unbind();
-  closing->dismissed.Unbind();
-  closing->gone.Unbind();
-  closing->Destroy();
-  Repaint();
+TmyMonthDrop& TmyCalendar::Month() const noexcept {
+  return static_cast<TmyMonthDrop&>(*Drop());
 }
 
-void TmyCalendar::DropGone() {
-  drop_ = nullptr;
-  Repaint();
+void TmyCalendar::TakeChoice() {
+  Choose(Month().Selected());
 }
 
 void TmyCalendar::Choose(Date date) {
@@ -118,54 +92,12 @@ void TmyCalendar::Choose(Date date) {
   changed(*this);
 }
 
-LRESULT TmyCalendar::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
-  // Escape closes the month and no more. The dispatcher would also send it to the dialog, so it does not get it.
-  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && IsDropped()) {
-    Close();
-    return 0;
-  }
-  // The end of the click that opened the month, sent by a program: it would release the mouse that the month has.
-  if (message == WM_LBUTTONUP && IsDropped()) return 0;
-  if (message == WM_CANCELMODE) Close();
-  return TmyPanel::WndProc(message, wParam, lParam);
+bool TmyCalendar::DroppedKey(uint32_t key, LPARAM) {
+  return Month().MoveByKey(key, GetKeyState(VK_CONTROL) < 0);
 }
 
-void TmyCalendar::MouseDown(uint32_t, int, int) {
-  DropDown(!IsDropped());
-}
-
-void TmyCalendar::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
-  if (drop_) {
-    drop_->MouseWheel(keysAndNotches, source);
-  } else {
-    TmyPanel::MouseWheel(keysAndNotches, source);
-  }
-}
-
-bool TmyCalendar::KeyDown(uint32_t key, LPARAM flags) {
-  if (!IsEnabled()) return TmyPanel::KeyDown(key, flags);
-  const bool opens = ListKeys::IsWithAlt(flags) ? key == VK_DOWN || key == VK_UP : key == VK_F4;
-  if (opens) {
-    IsDropped() ? Choose(drop_->Selected()) : DropDown(true);
-    return true;
-  }
-  if (IsDropped()) return DroppedKey(key, flags);
-  if (!ListKeys::IsWithAlt(flags) && FieldKey(key)) return true;
-  return TmyPanel::KeyDown(key, flags);
-}
-
-bool TmyCalendar::DroppedKey(uint32_t key, LPARAM flags) {
-  const Hold hold;
-  if (key == VK_TAB || key == VK_RETURN) {
-    Choose(drop_->Selected());
-    return key == VK_RETURN || !IsAlive() || TmyPanel::KeyDown(key, flags);
-  }
-  if (key == VK_F10) Close();  // the menu's loop would work below an open month
-  return IsDropped() && drop_->MoveByKey(key, GetKeyState(VK_CONTROL) < 0);
-}
-
-bool TmyCalendar::FieldKey(uint32_t key) {
-  const Hold hold;
+bool TmyCalendar::FieldKey(uint32_t key, LPARAM flags) {
+  if (ListKeys::IsWithAlt(flags)) return false;
   const bool isVertical = key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT;
   const bool isSideways = key == VK_LEFT || key == VK_RIGHT || key == VK_HOME || key == VK_END;
   if (!isVertical && !isSideways) return false;
@@ -202,7 +134,7 @@ void TmyCalendar::Char(char& character, LPARAM flags) {
     TypeDigit(std::exchange(character, '\0'));
     return;
   }
-  TmyPanel::Char(character, flags);
+  TmyDropPanel::Char(character, flags);
 }
 
 // A day or a month counts from its first digit on and is done when no other digit can follow; a year counts with the
@@ -258,21 +190,12 @@ void TmyCalendar::FocusChanged(bool focused) {
   Repaint();
 }
 
-void TmyCalendar::EnabledChanged() {
-  if (!IsEnabled()) Close();
-  Repaint();
-}
-
-void TmyCalendar::ShowChanged(bool visible) {
-  if (!visible) Close();
-}
-
 // The form of dates may be another one, too.
 void TmyCalendar::ThemeChanged() {
   Close();
   typed_.clear();
   ReadPicture();
-  TmyPanel::ThemeChanged();
+  TmyDropPanel::ThemeChanged();
 }
 
 void TmyCalendar::Paint(HDC dc) {

@@ -6,20 +6,17 @@
 //   SYSTEMTIME chosen = from->Value();
 //
 // Keys of the field: Left and Right, Home and End go over day, month and year; Up and Down step that part, Page Up and
-// Page Down the month; digits overwrite it, a whole date in the order of its parts. F4, Alt+Down, Alt+Up or a click
-// drop the month down; there a click, Enter, Tab, F4 and Alt with an arrow take the day, Escape and everything else
-// leave the date as it was.
+// Page Down the month; digits overwrite it, a whole date in the order of its parts.
 #pragma once
 
 #include "toolkit/CalendarMath.h"
-#include "toolkit/TmyPanel.h"
+#include "toolkit/TmyDropPanel.h"
 
 class TmyMonthDrop;
 
-class TmyCalendar : public TmyPanel {
+class TmyCalendar : public TmyDropPanel {
  public:
   explicit TmyCalendar(TmyComponent& parent, DWORD style = WS_TABSTOP);
-  ~TmyCalendar() override;
 
   TmyEvent<TmyCalendar&> changed;  // by the user; not raised by SetValue
 
@@ -30,35 +27,26 @@ class TmyCalendar : public TmyPanel {
   [[nodiscard]] TmyString Text() const;      // as shown
   [[nodiscard]] int PreferredWidth() const;  // for any date
 
-  [[nodiscard]] bool IsDropped() const noexcept { return drop_ != nullptr; }
-  void DropDown(bool open);  // closing leaves the date as it was
   // Takes a year that was left half typed, as leaving the field does. True: `changed` was raised.
   bool FinishTyping();
 
-  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   void Paint(HDC dc) override;
-  LRESULT EraseBackground(HDC) override { return 1; }  // Paint covers everything
-  void MouseDown(uint32_t keys, int x, int y) override;
-  void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
-  bool KeyDown(uint32_t key, LPARAM flags) override;
   void Char(char& character, LPARAM flags) override;
   void FocusChanged(bool focused) override;
-  void EnabledChanged() override;
-  void ShowChanged(bool visible) override;
   void ThemeChanged() override;
 
  protected:
-  void Destroying() override;
+  [[nodiscard]] TmyDropWindow* MakeDrop() override;
+  void TakeChoice() override;
+  bool DroppedKey(uint32_t key, LPARAM flags) override;
+  bool FieldKey(uint32_t key, LPARAM flags) override;
 
  private:
   using Date = CalendarMath::Date;
 
   [[nodiscard]] Date Shown() const noexcept { return CalendarMath::DateOf(value_); }
-  void Choose(Date date);  // closes and raises `changed`: nothing of ours after it
-  void Close();
-  void DropGone();
-  bool DroppedKey(uint32_t key, LPARAM flags);
-  bool FieldKey(uint32_t key);
+  void Choose(Date date);                              // closes and raises `changed`: nothing of ours after it
+  [[nodiscard]] TmyMonthDrop& Month() const noexcept;  // while open
   void StepBy(uint32_t key);
   [[nodiscard]] std::optional<Date> WithTyped(int value);
   void GoToPart(int direction);
@@ -73,5 +61,4 @@ class TmyCalendar : public TmyPanel {
   size_t part_ = 0;                               // the one that keys change
   std::string typed_;                             // digits of it so far
   int typedDay_ = 0;  // until the field is left: the month or year typed behind it may have that day; 0 is none
-  TmyMonthDrop* drop_ = nullptr;  // belongs to its window; null while closed
 };

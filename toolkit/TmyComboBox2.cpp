@@ -17,14 +17,10 @@ TmyTheme& Theme() {
 
 }  // namespace
 
-TmyComboBox2::TmyComboBox2(TmyComponent& parent, DWORD style) : TmyPanel(parent, style) {}
+TmyComboBox2::TmyComboBox2(TmyComponent& parent, DWORD style) : TmyDropPanel(parent, style) {}
 
 TmyComboBox2::~TmyComboBox2() {
-  Close();
-}
-
-void TmyComboBox2::Destroying() {
-  Close();
+  Close();  // the open list looks at our items
 }
 
 void TmyComboBox2::Clear() {
@@ -48,12 +44,12 @@ void TmyComboBox2::EndUpdate() {
 
 void TmyComboBox2::ItemsChanged() {
   textWidth_ = -1;
-  if (dropDown_ && updates_ == 0) dropDown_->ItemsChanged(TextWidth());
+  if (TmyDropDown* open = OpenDrop(); open && updates_ == 0) open->ItemsChanged(TextWidth());
 }
 
 void TmyComboBox2::SetSelection(int32_t index) {
   if (index < 0 || index >= Count()) index = -1;
-  if (dropDown_) dropDown_->List().SetSelection(index);
+  if (TmyListBox* list = OpenList()) list->SetSelection(index);
   if (index == selection_) return;
   selection_ = index;
   Repaint();
@@ -75,8 +71,13 @@ int32_t TmyComboBox2::FindText(const TmyString& text) const noexcept {
   return ListSearch::FindExact(items_, text.View());
 }
 
+TmyDropDown* TmyComboBox2::OpenDrop() const noexcept {
+  return static_cast<TmyDropDown*>(Drop());
+}
+
 TmyListBox* TmyComboBox2::OpenList() const noexcept {
-  return dropDown_ ? &dropDown_->List() : nullptr;
+  const TmyDropDown* open = OpenDrop();
+  return open ? &open->List() : nullptr;
 }
 
 // Measured when the list opens for the first time: filling would have to do it for every item.
@@ -98,38 +99,13 @@ int TmyComboBox2::TextWidth() {
   return textWidth_;
 }
 
-void TmyComboBox2::DropDown(bool open) {
-  if (open == IsDropped()) return;
-  if (!open) {
-    Close();
-    return;
-  }
-  if (!IsAlive() || !IsEnabled() || !IsWindowVisible(Handle())) return;
-  TakeFocus();
-  if (!IsAlive() || IsDropped()) return;
+TmyDropWindow* TmyComboBox2::MakeDrop() {
   search_.Reset();
-  dropDown_ = new TmyDropDown(*this, items_, selection_);
-  dropDown_->chosen.Bind<&TmyComboBox2::Choose>(this);
-  dropDown_->dismissed.Bind<&TmyComboBox2::Close>(this);
-  dropDown_->gone.Bind<&TmyComboBox2::DropDownGone>(this);
-  dropDown_->Open(TextWidth());
-  Repaint();
+  return new TmyDropDown(*this, items_, selection_, TextWidth());
 }
 
-void TmyComboBox2::Close() {
-  if (!dropDown_) return;
-  TmyDropDown* closing = dropDown_;
-  dropDown_ = nullptr;  // first: destroying it takes the mouse away from it, which would ask to close again
-  closing->chosen.Unbind();
-  closing->dismissed.Unbind();
-  closing->gone.Unbind();
-  closing->Destroy();
-  Repaint();
-}
-
-void TmyComboBox2::DropDownGone() {
-  dropDown_ = nullptr;
-  Repaint();
+void TmyComboBox2::TakeChoice() {
+  Choose(OpenList()->Selection());
 }
 
 void TmyComboBox2::Choose(int32_t index) {
@@ -139,79 +115,22 @@ void TmyComboBox2::Choose(int32_t index) {
   changed(*this);
 }
 
-void TmyComboBox2::ChooseListRow() {
-  Choose(dropDown_->List().Selection());
+bool TmyComboBox2::DroppedKey(uint32_t key, LPARAM flags) {
+  return OpenList()->KeyDown(key, flags);
 }
 
-LRESULT TmyComboBox2::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
-  // Escape closes the list and no more. The dispatcher would also send it to the dialog, so it does not get it.
-  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && IsDropped()) {
-    Close();
-    return 0;
-  }
-  // The end of the click that opened the list, sent by a program: it would release the mouse that the list has.
-  if (message == WM_LBUTTONUP && IsDropped()) return 0;
-  if (message == WM_CANCELMODE) Close();
-  return TmyPanel::WndProc(message, wParam, lParam);
-}
-
-void TmyComboBox2::MouseDown(uint32_t, int, int) {
-  DropDown(!IsDropped());
-}
-
-void TmyComboBox2::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
-  if (dropDown_) {
-    dropDown_->MouseWheel(keysAndNotches, source);
-  } else {
-    TmyPanel::MouseWheel(keysAndNotches, source);
-  }
-}
-
-bool TmyComboBox2::KeyDown(uint32_t key, LPARAM flags) {
-  if (!IsEnabled()) return TmyPanel::KeyDown(key, flags);
-  const bool opens = ListKeys::IsWithAlt(flags) ? key == VK_DOWN || key == VK_UP : key == VK_F4;
-  if (opens && IsDropped()) {
-    ChooseListRow();
-    return true;
-  }
-  if (opens) {
-    DropDown(true);
-    return true;
-  }
-  if (IsDropped()) return DroppedKey(key, flags);
+bool TmyComboBox2::FieldKey(uint32_t key, LPARAM flags) {
   const int32_t target = ListKeys::Target(key, flags, selection_, Count(), DropDownPlace::kMaximumRows);
-  if (target == ListKeys::kNotAListKey) return TmyPanel::KeyDown(key, flags);
+  if (target == ListKeys::kNotAListKey) return false;
   search_.Reset();
   Choose(target);
   return true;
 }
 
-bool TmyComboBox2::DroppedKey(uint32_t key, LPARAM flags) {
-  const Hold hold;
-  switch (key) {
-    case VK_TAB:
-      ChooseListRow();
-      return !IsAlive() || TmyPanel::KeyDown(key, flags);
-    case VK_RETURN:
-      ChooseListRow();
-      return true;
-    case VK_MENU:
-    case VK_F10:
-      // Alt alone may begin Alt+Up; the menu's loop would work below an open list.
-      if (key == VK_F10) Close();
-      return false;
-    default:
-      return dropDown_->List().KeyDown(key, flags);
-  }
-}
-
 void TmyComboBox2::Char(char& character, LPARAM flags) {
   if (!IsEnabled()) return;
-  if (dropDown_) {
-    dropDown_->List().Char(character, flags);
-    return;
-  }
-  if (!search_.Type(character, Clock::Ticks())) return TmyPanel::Char(character, flags);
+  if (TmyListBox* list = OpenList()) return list->Char(character, flags);
+  if (!search_.Type(character, Clock::Ticks())) return TmyDropPanel::Char(character, flags);
   character = 0;
   Choose(ListSearch::FindPrefix(items_, search_.Text().View()));
 }
@@ -221,19 +140,10 @@ void TmyComboBox2::FocusChanged(bool focused) {
   Repaint();
 }
 
-void TmyComboBox2::EnabledChanged() {
-  if (!IsEnabled()) Close();
-  Repaint();
-}
-
-void TmyComboBox2::ShowChanged(bool visible) {
-  if (!visible) Close();
-}
-
 void TmyComboBox2::ThemeChanged() {
   Close();
   textWidth_ = -1;
-  TmyPanel::ThemeChanged();
+  TmyDropPanel::ThemeChanged();
 }
 
 void TmyComboBox2::Paint(HDC dc) {

@@ -4,19 +4,17 @@
 //   for (const TmyString& name : names) stations->Add(name);
 //   stations->changed.Bind<&FilterPanel::StationChanged>(this);
 //
-// Opens with a click, F4, Alt+Down or Alt+Up. A click on a row, Enter, Tab, F4 and Alt with an arrow take the list's
-// row; Escape, the wheel or a click elsewhere, losing the focus and a moving window leave the choice as it was. While
-// closed, arrows, Page, Home, End and typing choose at once.
+// While closed, arrows, Page, Home, End and typing choose at once.
 #pragma once
 
+#include "toolkit/TmyDropPanel.h"
 #include "toolkit/TmyLBitem.h"
-#include "toolkit/TmyPanel.h"
 #include "toolkit/TypeSearch.h"
 
 class TmyDropDown;
 class TmyListBox;
 
-class TmyComboBox2 : public TmyPanel {
+class TmyComboBox2 : public TmyDropPanel {
  public:
   explicit TmyComboBox2(TmyComponent& parent, DWORD style = WS_TABSTOP);
   ~TmyComboBox2() override;
@@ -36,38 +34,28 @@ class TmyComboBox2 : public TmyPanel {
   [[nodiscard]] uintptr_t ItemData(int32_t index) const noexcept;          // 0 out of range
   [[nodiscard]] int32_t FindText(const TmyString& text) const noexcept;    // the whole text, case-sensitive; -1: none
 
-  [[nodiscard]] bool IsDropped() const noexcept { return dropDown_ != nullptr; }
-  void DropDown(bool open);  // closing leaves the selection as it was
   // The open list, null while closed. It goes when the list closes.
   [[nodiscard]] TmyListBox* OpenList() const noexcept;
 
-  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   void Paint(HDC dc) override;
-  LRESULT EraseBackground(HDC) override { return 1; }  // Paint covers everything
-  void MouseDown(uint32_t keys, int x, int y) override;
-  void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
-  bool KeyDown(uint32_t key, LPARAM flags) override;
   void Char(char& character, LPARAM flags) override;
   void FocusChanged(bool focused) override;
-  void EnabledChanged() override;
-  void ShowChanged(bool visible) override;
   void ThemeChanged() override;
 
  protected:
-  void Destroying() override;
+  [[nodiscard]] TmyDropWindow* MakeDrop() override;
+  void TakeChoice() override;
+  bool DroppedKey(uint32_t key, LPARAM flags) override;
+  bool FieldKey(uint32_t key, LPARAM flags) override;
 
  private:
-  bool DroppedKey(uint32_t key, LPARAM flags);
-  void ChooseListRow();
+  [[nodiscard]] TmyDropDown* OpenDrop() const noexcept;
   void Choose(int32_t index);  // closes and raises `changed`: nothing of ours after it
-  void Close();
-  void DropDownGone();
   void ItemsChanged();
   [[nodiscard]] int TextWidth();
   [[nodiscard]] bool HasKeyboard() const { return IsAlive() && ::GetFocus() == Handle(); }
 
   TmyLBitemList items_;
-  TmyDropDown* dropDown_ = nullptr;  // belongs to its window; null while closed
   TypeSearch search_;
   int32_t selection_ = -1;
   int32_t updates_ = 0;

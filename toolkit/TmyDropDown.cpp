@@ -13,30 +13,31 @@ bool IsInside(const TmyComponent& window, POINT screen) {
 
 }  // namespace
 
-TmyDropDown::TmyDropDown(TmyComponent& field, const TmyLBitemList& items, int32_t selection)
-    : TmyDropWindow(field), list_(new TmyListBox(*this, WS_VISIBLE)) {
+TmyDropDown::TmyDropDown(TmyComponent& field, const TmyLBitemList& items, int32_t selection, int textWidth)
+    : TmyDropWindow(field), list_(new TmyListBox(*this, WS_VISIBLE)), textWidth_(textWidth) {
   list_->SetFollowsMouse(true);
   list_->activated.Bind<&TmyDropDown::ListActivated>(this);
   list_->ShowItemsOf(items);
   list_->SetSelection(selection);
 }
 
-void TmyDropDown::Open(int textWidth) {
-  const RECT place = PlaceFor(textWidth);
+void TmyDropDown::Open() {
+  const RECT place = Place();
   SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
   list_->ScrollBar().SetPosition(list_->Selection() - list_->VisibleRows() / 2);  // with what comes before and after
   OpenAt(place);
 }
 
 void TmyDropDown::ItemsChanged(int textWidth) {
+  textWidth_ = textWidth;
   list_->ItemsChanged();
-  const RECT place = PlaceFor(textWidth);
+  const RECT place = Place();
   SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
 }
 
-RECT TmyDropDown::PlaceFor(int textWidth) const {
+RECT TmyDropDown::Place() const {
   return DropDownPlace::Of(FieldPlace(), WorkArea(), list_->Count(), TmyApplication::Get().Theme().RowHeight(),
-                           textWidth, TmyScrollBar::Thickness());
+                           textWidth_, TmyScrollBar::Thickness());
 }
 
 void TmyDropDown::Realign() {
@@ -77,6 +78,6 @@ void TmyDropDown::MouseWheel(WPARAM keysAndNotches, TmyComponent*) {
   }
 }
 
-void TmyDropDown::ListActivated(TmyListBox& list) {
-  if (IsAlive()) chosen(list.Selection());
+void TmyDropDown::ListActivated(TmyListBox&) {
+  if (IsAlive()) chosen();
 }

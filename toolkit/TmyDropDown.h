@@ -7,13 +7,11 @@
 
 class TmyDropDown : public TmyDropWindow {
  public:
-  // `field` is the window that it hangs below.
-  TmyDropDown(TmyComponent& field, const TmyLBitemList& items, int32_t selection);
-
-  TmyEvent<int32_t> chosen;  // this item was clicked or Enter was pressed on it
+  // `field` is the window that it hangs below; `textWidth` is of the widest item with its margins.
+  TmyDropDown(TmyComponent& field, const TmyLBitemList& items, int32_t selection, int textWidth);
 
   [[nodiscard]] TmyListBox& List() const noexcept { return *list_; }
-  void Open(int textWidth);
+  void Open() override;
   void ItemsChanged(int textWidth);
 
   void MouseWheel(WPARAM keysAndNotches, TmyComponent* source) override;
@@ -24,8 +22,9 @@ class TmyDropDown : public TmyDropWindow {
 
  private:
   [[nodiscard]] bool IsOnScrollBar(POINT screen) const;
-  [[nodiscard]] RECT PlaceFor(int textWidth) const;
+  [[nodiscard]] RECT Place() const;
   void ListActivated(TmyListBox& list);
 
   TmyListBox* list_;  // belongs to its window
+  int textWidth_;
 };

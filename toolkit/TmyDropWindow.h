@@ -11,9 +11,11 @@ class TmyDropWindow : public TmyComponent {
  public:
   explicit TmyDropWindow(TmyComponent& field);  // outlives the events' use
 
+  TmyEvent<> chosen;     // the user took what it shows as chosen
   TmyEvent<> dismissed;  // closed without a choice: clicked elsewhere, moved away, capture lost
   TmyEvent<> gone;       // destroyed by somebody else than the field
 
+  virtual void Open() = 0;
   [[nodiscard]] bool IsUnderCursor() const;
 
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;

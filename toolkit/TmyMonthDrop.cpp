@@ -158,7 +158,10 @@ void TmyMonthDrop::CapturedMouse(UINT message, uint32_t, POINT screen) {
     if (message == WM_LBUTTONDOWN) Select(CalendarMath::PlusMonths(date_, spot == kForward ? 1 : -1));
   } else if (spot != kNowhere && message == WM_LBUTTONUP) {
     // Released over a day: a press that began on the field counts, too.
-    if (const auto day = CalendarMath::DayInCell(date_, spot, firstWeekday_)) chosen(*day);
+    const auto day = CalendarMath::DayInCell(date_, spot, firstWeekday_);
+    if (!day) return;
+    Select(*day);
+    chosen();
   }
 }
 

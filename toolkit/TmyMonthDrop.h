@@ -10,10 +10,8 @@ class TmyMonthDrop : public TmyDropWindow {
  public:
   TmyMonthDrop(TmyComponent& field, CalendarMath::Date date);
 
-  TmyEvent<CalendarMath::Date> chosen;
-
   [[nodiscard]] CalendarMath::Date Selected() const noexcept { return date_; }
-  void Open();
+  void Open() override;
   bool MoveByKey(uint32_t key, bool control);  // true: one of its keys
 
   void Paint(HDC dc) override;

@@ -1,9 +1,11 @@
 #include "toolkit/TmyWindowBase.h"
 
 #include <new>
+#include <optional>
 
 #include "foundation/Clock.h"
 #include "foundation/Trace.h"
+#include "toolkit/ModulePin.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
@@ -70,6 +72,11 @@ LRESULT TmyWindowBase::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == 0) return static_cast<LRESULT>(wParam);
   }
   if (!handle_) return 0;  // destroyed inside the hook or the handler before
+  // A program that ends others tells it to all windows, hidden ones, too. A helper goes with its owner.
+  if (message == WM_CLOSE && !AsComponent()) return 0;
+  // Menus, moving and sizing are loops of the system's, in which the host may unload the module, too.
+  std::optional<ModulePin> pin;
+  if (message == WM_SYSCOMMAND) pin.emplace();
   return CallWindowProcA(previous_, handle_, message, wParam, lParam);
 }
 

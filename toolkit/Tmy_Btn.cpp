@@ -42,9 +42,11 @@ void Tmy_Btn::Paint(HDC dc) {
   const RECT all = {0, 0, Width(), Height()};
   const bool isProminent = default_ && IsEnabled();
   COLORREF frame = IsHot() || HasFocus() || isProminent ? color.accent : color.line;
-  SmoothShapes::Box(dc, all, InsideColor(), frame, isProminent ? std::max(2, Theme().Scaled(2)) : 1);
+  const int thickness = isProminent ? std::max(2, Theme().Scaled(2)) : 1;
+  SmoothShapes::Box(dc, all, InsideColor(), frame, thickness);
+  const int inset = std::max(kFocusInset, thickness + 1);  // a thick frame must not swallow that of the focus
   RECT inner = all;
-  InflateRect(&inner, -kFocusInset, -kFocusInset);
+  InflateRect(&inner, -inset, -inset);
   if (HasFocus()) ThemeDraw::Frame(dc, inner, color.accent);
   ThemeDraw::Text(dc, all, Caption().View(), IsEnabled() ? color.text : color.disabled,
                   Theme().Get(TmyTheme::Font::kMessage), DT_CENTER, true);

@@ -62,7 +62,7 @@ class FakeHost {
   // Runs the host's loop. A WM_QUIT in it is remembered, not obeyed.
   void PumpFor(DWORD milliseconds);
   // True as soon as the condition holds, false when it does not in time.
-  bool PumpUntil(const std::function<bool()>& condition, DWORD milliseconds = 3000);
+  bool PumpUntil(const std::function<bool()>& condition, DWORD milliseconds = 10000);
   [[nodiscard]] bool HasSeenQuit() const { return hasSeenQuit_; }
   // Runs the action from a timer once the condition holds, so also inside the plug-in's own loops. When it never does,
   // all menus and windows are closed instead, so that the test goes on, and WasLate says so.

@@ -65,6 +65,7 @@ class CloseInside : public PluginFixture {
     Key(Grid(window), VK_HOME);
     PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
   }
+  void MenuBar(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_KEYMENU, 'f'); }
   void Details(HWND window) {
     Menu(window);
     PostMessageA(Grid(window), WM_CHAR, 'd', 0);  // the menu's loop takes it
@@ -150,6 +151,7 @@ TEST_F(CloseInside, EveryPlaceByCloseAndByUnload) {
       {"last call", &CloseInside::CloseBox, 0x4000, {0x1509, 0x4000}},
       {"box", &CloseInside::About, 0, {0x1509, 0x4000}},
       {"menu", &CloseInside::Menu, 0, {0x1509, 0x4000}},
+      {"menu bar", &CloseInside::MenuBar, 0, {0x1509, 0x4000}},
       {"drop-down list", &CloseInside::DropDown, 0, {0x1509, 0x4000}},
       {"details", &CloseInside::Details, 0, {0x1509, 0x4000}},
       {"columns", &CloseInside::Columns, 0, {0x1509, 0x4000}},
@@ -223,7 +225,7 @@ TEST_F(CloseInside, OuterOfTwoAboutBoxes) {
 
 // Windows that are still open keep the module until the host, loaded anew, closes them.
 TEST_F(CloseInside, LoopsOutliveAnUnloadWithoutAClose) {
-  for (const auto open : {&CloseInside::About, &CloseInside::Menu}) {
+  for (const auto open : {&CloseInside::About, &CloseInside::Menu, &CloseInside::MenuBar}) {
     const HWND window = StartPlugin();
     host_.When(&IsLoopOpen, [&] {
       host_.Unload();

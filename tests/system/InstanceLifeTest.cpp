@@ -12,6 +12,9 @@ class InstanceLife : public PluginFixture {
   void ByHost(HWND) { host_.Close(7); }
   void ByCloseBox(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
   void ByMessage(HWND window) { SendMessageA(window, WM_CLOSE, 0, 0); }
+  void ByAProgramThatEndsOthers(HWND) {  // every window is told, hidden ones, too
+    for (const HWND any : FakeHost::TopWindows()) SendMessageA(any, WM_CLOSE, 0, 0);
+  }
   void ByMenu(HWND window) { Choose(window, "E&xit"); }
 };
 
@@ -32,8 +35,8 @@ TEST_F(InstanceLife, InitFillsTheNameAndNothingBehindIt) {
 }
 
 TEST_F(InstanceLife, ToldToTheHostFromStartToEnd) {
-  for (const auto close :
-       {&InstanceLife::ByHost, &InstanceLife::ByCloseBox, &InstanceLife::ByMessage, &InstanceLife::ByMenu}) {
+  for (const auto close : {&InstanceLife::ByHost, &InstanceLife::ByCloseBox, &InstanceLife::ByMessage,
+                           &InstanceLife::ByMenu, &InstanceLife::ByAProgramThatEndsOthers}) {
     host_.Clear();
     const uint32_t instance = host_.Start(7);
     EXPECT_THAT(host_.Calls(), ElementsAre(HostCall{0, 0x1509, 3, 0, "0"}));

@@ -55,6 +55,7 @@ TEST_F(Recording, FromTheGridIsToldAndEndsInEveryWay) {
       {"button", [&](HWND window) { PressFirstMediaButton(window); }, {0x1101}},
       {"retune", [&](HWND) { host_.Notify(7, 0x800); }, {0x1101}},
       {"shutdown", [&](HWND window) { SendMessageA(window, WM_ENDSESSION, TRUE, 0); }, {0x1101}},
+      {"update", [&](HWND window) { SendMessageA(window, WM_ENDSESSION, TRUE, ENDSESSION_CLOSEAPP); }, {0x1101}},
       {"exit", [&](HWND window) { Choose(window, "E&xit"); }, {0x1509, 0x4000}},
       {"host", [&](HWND) { host_.Close(7); }, {0x1509, 0x4000}},
       {"unload", [&](HWND) { host_.Unload(); }, {0x1509, 0x4000}},

@@ -163,6 +163,17 @@ TEST_F(Settings, ColumnsAsTheMouseLeftThem) {
   widths[1] = 200;
   EXPECT_EQ(Numbers("TranslatedPos"), slots);
   EXPECT_EQ(Numbers("GridColumsCountFcc"), widths);
+  PutNumber("DBDefault", 0);
+  std::vector<int32_t> eibi = Numbers("GridColumsCountEibi");
+  window = StartPlugin();
+  drag(window, eibi[0], eibi[0] + 30);
+  drag(window, eibi[0] + 30 + eibi[1], eibi[0] + eibi[1] + 50);
+  host_.Close(7);
+  eibi[0] += 30;
+  eibi[1] += 20;
+  EXPECT_EQ(Numbers("GridColumsCountEibi"), eibi);
+  Round();
+  EXPECT_EQ(Numbers("GridColumsCountEibi"), eibi) << "they were in use meanwhile";
 }
 
 // Somebody, a backup say, has it while the plug-in starts.
@@ -192,6 +203,21 @@ TEST_F(Settings, TheTasksOfTwoWindows) {
   ASSERT_TRUE(WriteFileBytes(name, others));
   host_.Close(7);
   EXPECT_EQ(ReadFileBytes(name), others);
+}
+
+// An update may want the files free and leave the program running: its tasks must go on.
+TEST_F(Settings, TheEndOfASession) {
+  for (const DWORD goesOn : {1u, 0u}) {
+    const HWND window = StartPlugin();
+    Choose(window, "&UTC time");  // the second time off again
+    EXPECT_TRUE(SendMessageA(window, WM_QUERYENDSESSION, 0, 0));
+    SendMessageA(window, WM_ENDSESSION, FALSE, 0);
+    EXPECT_NE(Number("IsUtcTime"), goesOn) << "somebody else did not want it";
+    SendMessageA(window, WM_ENDSESSION, TRUE, goesOn ? ENDSESSION_CLOSEAPP : 0);
+    EXPECT_EQ(Number("IsUtcTime"), goesOn);
+    EXPECT_EQ(KillTimer(window, 1), static_cast<BOOL>(goesOn)) << "the ticks";
+    host_.Close(7);
+  }
 }
 
 TEST_F(Settings, EachInstanceWritesAtItsOwnEnd) {
