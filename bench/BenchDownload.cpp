@@ -96,7 +96,7 @@ class Download {
 };
 
 // A run without its window: each message is timed by itself, those that save apart from the others.
-class SavingRun : private DownloadDesk {
+class SavingRun final : private DownloadDesk {
  public:
   explicit SavingRun(const TmyString& folder) : run_(*this, folder) {}
   // False when not both files came.
@@ -191,6 +191,7 @@ double Worst(const std::vector<Download>& runs, Figure figure) {
 template <class Figure>
 double Middle(const std::vector<Download>& runs, Figure figure) {
   std::vector<double> figures;
+  figures.reserve(runs.size());
   for (const Download& run : runs) figures.push_back(run.*figure);
   return Bench::Median(std::move(figures));
 }

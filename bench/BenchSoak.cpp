@@ -150,7 +150,8 @@ void Soak::Click(uint32_t handle, int x, int y) {
   POINT at = {x, y};
   const HWND child = ChildWindowFromPointEx(window, at, CWP_SKIPINVISIBLE);
   MapWindowPoints(window, child, &at, 1);
-  for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP}) PostMessageA(child, message, 0, MAKELPARAM(at.x, at.y));
+  for (const UINT message : {UINT{WM_LBUTTONDOWN}, UINT{WM_LBUTTONUP}})
+    PostMessageA(child, message, 0, MAKELPARAM(at.x, at.y));
   host_.PumpFor(0);
 }
 

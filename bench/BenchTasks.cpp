@@ -14,7 +14,7 @@ constexpr uint32_t kRuns = 21;
 constexpr double kAim = 50.0;  // ms for all ticks of a run
 
 // Nothing is recorded, so nobody asks it.
-class NoOwner : public RecordingOwner {
+class NoOwner final : public RecordingOwner {
  public:
   bool Tune(uint32_t, uint32_t) override { return false; }
   int64_t CurrentFrequency() override { return 0; }

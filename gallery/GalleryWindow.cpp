@@ -130,8 +130,11 @@ void GalleryWindow::FillRow(const Sample& sample, const RECT& row) {
     Bring(*cell, sample.mouse, state);
     Picture picture(cell->Handle());
     Check(sample.name, state, picture, normal);
-    if (state == kNormal) normal = std::move(picture);
-    if (state == kNormal || state == kDisabled) continue;
+    if (state == kNormal) {
+      normal = std::move(picture);
+      continue;
+    }
+    if (state == kDisabled) continue;
     cells_.pop_back();
     cell->Destroy();
     pictures_.push_back({{left, row.top}, std::move(picture), false});

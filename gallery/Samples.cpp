@@ -172,7 +172,7 @@ void MakeListBox(SampleCell& cell) {
   list->SetSelection(1);
 }
 
-class SampleModel : public TmyGridModel {
+class SampleModel final : public TmyGridModel {
  public:
   [[nodiscard]] uint32_t RowCount() const override { return 9; }
   void CellText(uint32_t record, uint32_t column, TmyCellText& text) const override {
@@ -183,7 +183,7 @@ class SampleModel : public TmyGridModel {
 };
 const SampleModel kModel;
 
-class EmptyModel : public TmyGridModel {
+class EmptyModel final : public TmyGridModel {
  public:
   [[nodiscard]] uint32_t RowCount() const override { return 0; }
   void CellText(uint32_t, uint32_t, TmyCellText&) const override {}

@@ -29,10 +29,10 @@ class SampleCell : public TmyPanel {
 enum State : unsigned { kNormal, kHot, kPressed, kFocused, kDisabled, kStates };
 
 struct Sample {
-  const char* name;
-  void (*make)(SampleCell& cell);  // fills the cell, which has its size
-  unsigned states;                 // a bit each: the control has it and looks different in it
-  POINT mouse = {50, 50};          // where hot and pressed are to be seen, in per cent of the cell
+  const char* name = nullptr;
+  void (*make)(SampleCell& cell) = nullptr;  // fills the cell, which has its size
+  unsigned states = 0;                       // a bit each: the control has it and looks different in it
+  POINT mouse = {50, 50};                    // where hot and pressed are to be seen, in per cent of the cell
 };
 
 [[nodiscard]] std::span<const Sample> SmallSamples();  // as high as a field

@@ -15,7 +15,7 @@ constexpr int kUsageError = 2;
 int Complain(const std::string& text) {
   const std::string written = "marlux-host: " + text + "\n";
   const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
-  DWORD count;
+  DWORD count = 0;
   if (errors && WriteFile(errors, written.data(), static_cast<DWORD>(written.size()), &count, nullptr))
     return kUsageError;
   MessageBoxA(nullptr, text.c_str(), "Marlux Host", MB_ICONERROR | MB_OK);

@@ -60,7 +60,7 @@ bool ParseKilohertz(const std::string& text, int64_t& hz) {
   constexpr double kHighestKhz = 21474836.47;  // what Query can answer
   char* end = nullptr;
   const double khz = std::strtod(text.c_str(), &end);
-  while (end && *end == ' ') ++end;
+  while (*end == ' ') ++end;
   if (text.empty() || *end != '\0' || !(khz > 0) || khz > kHighestKhz) return false;
   hz = std::llround(khz * 1000);
   return true;
@@ -73,7 +73,7 @@ uint32_t EncodeFrequency(int64_t hz) {
 
 std::string Text(const char* format, ...) {
   char buffer[1024];
-  va_list arguments;
+  va_list arguments = nullptr;
   va_start(arguments, format);
   const int length = _vsnprintf(buffer, sizeof buffer, format, arguments);
   va_end(arguments);

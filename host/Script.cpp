@@ -108,7 +108,7 @@ void Script::Fail(int lineNumber, const std::string& reason) {
   const std::string text = Text("script line %d: ", lineNumber) + reason;
   session_.Log().Add(LogKind::kError, text);
   const std::string written = "marlux-host: " + text + "\n";
-  DWORD count;
+  DWORD count = 0;
   WriteFile(GetStdHandle(STD_ERROR_HANDLE), written.data(), static_cast<DWORD>(written.size()), &count, nullptr);
   session_.RequestQuit(1);
 }

@@ -77,7 +77,7 @@ TmyDropWindow* TmyCalendar::MakeDrop() {
 }
 
 TmyMonthDrop& TmyCalendar::Month() const noexcept {
-  return static_cast<TmyMonthDrop&>(*Drop());
+  return dynamic_cast<TmyMonthDrop&>(*Drop());
 }
 
 void TmyCalendar::TakeChoice() {

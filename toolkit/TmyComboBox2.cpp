@@ -72,7 +72,7 @@ int32_t TmyComboBox2::FindText(const TmyString& text) const noexcept {
 }
 
 TmyDropDown* TmyComboBox2::OpenDrop() const noexcept {
-  return static_cast<TmyDropDown*>(Drop());
+  return dynamic_cast<TmyDropDown*>(Drop());
 }
 
 TmyListBox* TmyComboBox2::OpenList() const noexcept {
