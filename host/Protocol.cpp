@@ -73,7 +73,7 @@ uint32_t EncodeFrequency(int64_t hz) {
 
 std::string Text(const char* format, ...) {
   char buffer[1024];
-  va_list arguments = nullptr;
+  va_list arguments;  // NOLINT(cppcoreguidelines-init-variables): va_start sets it
   va_start(arguments, format);
   const int length = _vsnprintf(buffer, sizeof buffer, format, arguments);
   va_end(arguments);
