@@ -1,14 +1,7 @@
 #include "foundation/TmyList.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-#include <random>
-#include <string>
-#include <vector>
-
 #include "foundation/TmyTypeList.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -27,14 +20,13 @@ TEST(TmyList, OutOfRangeIsNeutral) {
 }
 
 TEST(TmyList, DropsInsertsAtItsMaximum) {
-  const struct {
-    uint32_t initial, maximum, inserts, count, bytes;
-  } kCases[] = {{2, 3, 9, 3, 12}, {0, 5, 9, 5, 20}, {4, 2, 9, 2, 16}, {1, 0, 9, 9, 64}, {0xFFFFFFFF, 0, 3, 3, 16}};
-  for (const auto& row : kCases) {
-    TmyList list(row.initial, row.maximum);
-    for (uint32_t i = 0; i < row.inserts; ++i) list.Add(&things[0]);
-    EXPECT_EQ(list.Count(), row.count) << row.initial << " " << row.maximum;
-    EXPECT_EQ(list.Capacity(), row.bytes) << row.initial << " " << row.maximum;
+  const std::tuple<uint32_t, uint32_t, uint32_t, uint32_t, uint32_t> kCases[] = {
+      {2, 3, 9, 3, 12}, {0, 5, 9, 5, 20}, {4, 2, 9, 2, 16}, {1, 0, 9, 9, 64}, {0xFFFFFFFF, 0, 3, 3, 16}};
+  for (const auto& [initial, maximum, inserts, count, bytes] : kCases) {
+    TmyList list(initial, maximum);
+    for (uint32_t i = 0; i < inserts; ++i) list.Add(&things[0]);
+    EXPECT_EQ(list.Count(), count) << initial << " " << maximum;
+    EXPECT_EQ(list.Capacity(), bytes) << initial << " " << maximum;
   }
 }
 
@@ -70,6 +62,8 @@ TEST(TmyList, BehavesLikeAVector) {
       list.Exchange(index, count / 2);
       if (index < count) std::swap(model[index], model[count / 2]);
     }
+    const auto last = std::find(model.rbegin(), model.rend(), item);
+    ASSERT_EQ(list.IndexOf(item), model.rend() - last - 1) << step;
     ASSERT_EQ(std::vector<void*>(list.Entries(), list.Entries() + list.Count()), model) << step;
   }
 }
