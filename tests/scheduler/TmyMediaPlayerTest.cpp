@@ -1,10 +1,6 @@
 #include "scheduler/TmyMediaPlayer.h"
 
-#include <functional>
-#include <vector>
-
 #include "scheduler/TmyWaveFilePCM.h"
-#include "tests/support/TestEnvironment.h"
 #include "tests/toolkit/ControlFixture.h"
 
 namespace {
@@ -14,8 +10,7 @@ using Player = TmyMediaPlayer;
 constexpr uint32_t kRate = 8000;
 constexpr uint32_t kBytesPerMillisecond = 16;
 
-class MediaPlayerTest : public ControlFixture {
- public:
+struct MediaPlayerTest : ControlFixture {
   MediaPlayerTest() {
     player_->SetBounds(0, 0, 620, player_->PreferredHeight(620));
     player_->stateChanged.Bind<&MediaPlayerTest::Changed>(this);
@@ -152,26 +147,6 @@ TEST_F(MediaPlayerTest, WhatCannotBeOpenedIsSilent) {
   player_->StartRecording("C:\\no such folder\\x.wav", kRate, 1, 16);
   EXPECT_FALSE(Feed(20));
   EXPECT_EQ(states_, std::vector<int32_t>{Player::kRecording});
-}
-
-MediaPlayerTest* dialogTest;
-
-// The dialog runs a loop of its own: a recording begins in it, and the window goes.
-void CALLBACK DialogTick(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND dialog = FindWindowA(nullptr, "Open WAV for playback");
-  if (!dialog || !IsWindowVisible(dialog)) return;
-  KillTimer(nullptr, timer);
-  dialogTest->player_->StartRecording(dialogTest->path_, kRate, 1, 16);
-  EXPECT_TRUE(dialogTest->Feed(1000));
-  dialogTest->Close();
-}
-
-TEST_F(MediaPlayerTest, ARecordingIsWholeWhenItsWindowGoesWhileTheOpenDialogIsUp) {
-  dialogTest = this;
-  SetTimer(nullptr, 0, 50, &DialogTick);
-  Press(Player::kOpen);
-  EXPECT_EQ(window_, nullptr);
-  EXPECT_EQ(DataSizeInFile(), 1000 * kBytesPerMillisecond);
 }
 
 }  // namespace
