@@ -1,12 +1,7 @@
-#include <gmock/gmock.h>
-
-#include <algorithm>
-#include <cstring>
-
 #include "host/AudioSource.h"
 #include "host/HostBlock.h"
-#include "host/Options.h"
 #include "host/Protocol.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -31,17 +26,6 @@ TEST(HostBlock, PointsIntoItself) {
   EXPECT_EQ(ModeText(WordAt(block.Address(), modes)), "AM");
   const uint32_t range = WordAt(block.Address(), 224) - start;
   EXPECT_LT(WordAt(block.Address(), range), WordAt(block.Address(), range + 4));
-}
-
-TEST(HostBlock, OddShapes) {
-  HostBlock block;
-  block.SetShape(HostBlock::Shape::kNull);
-  EXPECT_EQ(block.Address(), nullptr);
-  for (const uint32_t size : {0u, 3u, 5000u}) {
-    block.SetShape(HostBlock::Shape::kSize, size);
-    EXPECT_EQ(WordAt(block.Address(), 0), size);
-    EXPECT_EQ(block.Size(), std::max(size, 4u));
-  }
 }
 
 TEST(AudioSource, BlocksAddUpToASecondAndBothFormsCarryTheSameTone) {
@@ -76,15 +60,4 @@ TEST(Protocol, FrequencyTexts) {
   for (const char* text : {"", "x", "0", "-5", "12x", "inf", "21474836.48"})
     EXPECT_FALSE(ParseKilohertz(text, unread)) << text;
   EXPECT_EQ(KilohertzText(9420050) + KilohertzText(100), "9420.050.1");
-}
-
-TEST(Options, ReadsTheCommandLine) {
-  const char* words[] = {"host", "a.dll", "/l", "--script", "-", "--minimized", "--log", "x", "--what"};
-  Options options;
-  std::string reason;
-  ASSERT_TRUE(options.Parse(8, const_cast<char**>(words), reason));
-  EXPECT_EQ(options.plugin + options.script + options.log, "a.dll-x");
-  EXPECT_TRUE(options.minimized && options.pluginGiven);
-  EXPECT_FALSE(Options().Parse(7, const_cast<char**>(words), reason));
-  EXPECT_FALSE(Options().Parse(9, const_cast<char**>(words), reason));
 }
