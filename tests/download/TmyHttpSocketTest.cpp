@@ -1,11 +1,8 @@
 #include "download/TmyHttpSocket.h"
 
-#include <gmock/gmock.h>
-
-#include <memory>
-
 #include "download/ServerNames.h"
 #include "tests/support/ScriptedServer.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -27,16 +24,14 @@ bool PumpUntil(Condition condition, uint32_t milliseconds = 10000) {
 }
 
 // In pages of its own, which are gone with it: to touch it afterwards ends the test.
-class Request : public TmyHttpSocket {
- public:
+struct Request : TmyHttpSocket {
   using TmyHttpSocket::Socket;
   using TmyHttpSocket::TmyHttpSocket;
   static void* operator new(size_t size) { return VirtualAlloc(nullptr, size, MEM_COMMIT, PAGE_READWRITE); }
   static void operator delete(void* object) { VirtualFree(object, 0, MEM_RELEASE); }
 };
 
-class TmyHttpSocketTest : public testing::Test {
- protected:
+struct TmyHttpSocketTest : testing::Test {
   // What the request of "/" reports besides progress, up to its end and a time-out longer.
   Events Run(const Reply& reply, const std::string& deletedIn = "none") {
     server_.Answer("/", reply);
