@@ -1,8 +1,9 @@
-// Marlux 3. What fuzz targets share: cutting the input into numbers and texts, files, and a check.
+// Marlux 3. What fuzz targets share: cutting the input into numbers and texts, files, and a check. A target is
 //
-//   Input input(data, size);
-//   const auto count = input.Take<uint8_t>();
-//   REQUIRE(Count(input.TakeText(count)) <= count);
+//   void Try(Input& input) {
+//     const auto count = input.Take<uint8_t>();
+//     REQUIRE(Count(input.TakeText(count)) <= count);
+//   }
 #pragma once
 
 #include <windows.h>
@@ -24,8 +25,6 @@
   std::fprintf(stderr, "does not hold: %s\n", condition);
   std::abort();
 }
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
 class Input {
  public:
@@ -57,6 +56,26 @@ class Input {
 
   std::string_view rest_;
 };
+
+void Try(Input& input);  // each target's own
+
+// Once a program: only targets include this.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  Input input(data, size);
+  Try(input);
+  return 0;
+}
+
+// A path of the target's own, the same each time.
+inline std::string PathOf(const char* name) {
+  static const TemporaryFolder folder;
+  return folder.File(name);
+}
+// The same, where these bytes are now.
+inline std::string FileOf(const char* name, std::string_view bytes) {
+  REQUIRE(WriteFileBytes(PathOf(name), bytes));
+  return PathOf(name);
+}
 
 template <size_t kSize>
 [[nodiscard]] bool IsText(const char (&field)[kSize]) {

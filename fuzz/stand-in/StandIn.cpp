@@ -13,7 +13,6 @@
 #include <ctime>
 #include <map>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -72,14 +71,6 @@ int64_t Ticks(const FILETIME& time) {
 
 FILETIME FileTime(int64_t ticks) {
   return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
-}
-
-using RegistryValue = std::pair<DWORD, std::vector<BYTE>>;  // type and data
-using RegistryKey = std::map<std::string, RegistryValue>;
-std::map<std::string, RegistryKey> registry;
-
-RegistryKey& KeyOf(HKEY key) {
-  return *static_cast<RegistryKey*>(key);  // entries of a map stay where they are
 }
 
 }  // namespace
@@ -277,46 +268,6 @@ UINT GetTempFileNameA(const char* folder, const char* prefix, UINT, char* path) 
   static UINT made = 0;
   snprintf(path, MAX_PATH, "%s%s%u.tmp", folder, prefix, ++made);
   return made;
-}
-
-LSTATUS RegOpenKeyExA(HKEY, const char* name, DWORD, REGSAM, HKEY* key) {
-  const auto found = registry.find(name);
-  if (found == registry.end()) return ERROR_FILE_NOT_FOUND;
-  *key = &found->second;
-  return ERROR_SUCCESS;
-}
-LSTATUS RegCreateKeyExA(HKEY, const char* name, DWORD, char*, DWORD, REGSAM, void*, HKEY* key, DWORD*) {
-  *key = &registry[name];
-  return ERROR_SUCCESS;
-}
-LSTATUS RegCloseKey(HKEY) {
-  return ERROR_SUCCESS;
-}
-LSTATUS RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size) {
-  const auto found = KeyOf(key).find(name);
-  if (found == KeyOf(key).end()) return ERROR_FILE_NOT_FOUND;
-  const auto& [kind, bytes] = found->second;
-  if (type) *type = kind;
-  if (data) std::copy_n(bytes.begin(), std::min<size_t>(*size, bytes.size()), data);
-  if (size) *size = static_cast<DWORD>(bytes.size());
-  return ERROR_SUCCESS;
-}
-LSTATUS RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size) {
-  KeyOf(key)[name] = {type, {data, data + size}};
-  return ERROR_SUCCESS;
-}
-LSTATUS RegSetKeyValueA(HKEY, const char* key, const char* name, DWORD type, const void* data, DWORD size) {
-  return RegSetValueExA(&registry[key], name, 0, type, static_cast<const BYTE*>(data), size);
-}
-LSTATUS RegDeleteValueA(HKEY key, const char* name) {
-  return KeyOf(key).erase(name) == 1 ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
-}
-LSTATUS RegDeleteTreeA(HKEY, const char*) {
-  registry.clear();
-  return ERROR_SUCCESS;
-}
-LSTATUS RegDeleteKeyA(HKEY, const char* name) {
-  return registry.erase(name) == 1 ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
 }
 
 // Names with backslashes also come to the C runtime; the linker sends its calls here.

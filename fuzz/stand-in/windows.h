@@ -1,5 +1,5 @@
-// Marlux 3. The few Windows calls of the parts that are built natively for sanitizers: files on POSIX, the registry in
-// memory, one thread. Only what those parts use, and no more truth than their tests ask for.
+// Marlux 3. The few Windows calls of the parts that are built natively for sanitizers: files on POSIX, one thread. Only
+// what those parts use, and no more truth than their tests ask for.
 #pragma once
 
 #include <cstdint>
@@ -13,12 +13,9 @@ using WORD = uint16_t;
 using DWORD = unsigned long;
 using UINT = unsigned;
 using LONG = long;
-using LSTATUS = long;
 using LONGLONG = int64_t;
-using REGSAM = DWORD;
 using SIZE_T = size_t;
 using HANDLE = void*;
-using HKEY = void*;
 struct FILETIME {
   DWORD dwLowDateTime, dwHighDateTime;
 };
@@ -38,64 +35,23 @@ struct SYSTEM_INFO {
 struct CRITICAL_SECTION {};
 
 enum : BOOL { FALSE, TRUE };
-enum : DWORD {
-  ERROR_SUCCESS = 0,
-  ERROR_FILE_NOT_FOUND = 2,
-  ERROR_ACCESS_DENIED = 5,
-  ERROR_INVALID_HANDLE = 6,
-  ERROR_SHARING_VIOLATION = 32,
-  ERROR_INVALID_PARAMETER = 87,
-  ERROR_DISK_FULL = 112,
-  ERROR_ALREADY_EXISTS = 183,
-  ERROR_IO_PENDING = 997,
-  GENERIC_READ = 0x80000000,
-  GENERIC_WRITE = 0x40000000,
-  GENERIC_ALL = 0x10000000,
-  FILE_WRITE_DATA = 2,
-  FILE_APPEND_DATA = 4,
-  FILE_SHARE_READ = 1,
-  FILE_SHARE_WRITE = 2,
-  CREATE_ALWAYS = 2,
-  OPEN_EXISTING = 3,
-  OPEN_ALWAYS = 4,
-  FILE_ATTRIBUTE_READONLY = 1,
-  FILE_ATTRIBUTE_NORMAL = 128,
-  FILE_FLAG_NO_BUFFERING = 0x20000000,
-  FILE_FLAG_OVERLAPPED = 0x40000000,
-  INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF,
-  FILE_BEGIN = 0,
-  FILE_CURRENT = 1,
-  MOVEFILE_REPLACE_EXISTING = 1,
-  MOVEFILE_WRITE_THROUGH = 8,
-  MAX_PATH = 260,
-  INFINITE = 0xFFFFFFFF,
-  WAIT_OBJECT_0 = 0,
-  PAGE_NOACCESS = 1,
-  PAGE_READONLY = 2,
-  PAGE_READWRITE = 4,
-  PAGE_WRITECOPY = 8,
-  PAGE_EXECUTE_READ = 0x20,
-  PAGE_EXECUTE_READWRITE = 0x40,
-  PAGE_EXECUTE_WRITECOPY = 0x80,
-  PAGE_GUARD = 0x100,
-  FILE_MAP_READ = 4,
-  MEM_COMMIT = 0x1000,
-  MEM_RESERVE = 0x2000,
-  MEM_DECOMMIT = 0x4000,
-  MEM_RELEASE = 0x8000,
-  MEM_TOP_DOWN = 0x100000,
-  REG_NONE = 0,
-  REG_SZ = 1,
-  REG_BINARY = 3,
-  REG_DWORD = 4,
-  KEY_ALL_ACCESS = 0xF003F,
-  CP_ACP = 0,
-  FORMAT_MESSAGE_FROM_SYSTEM = 0x1000,
-  FORMAT_MESSAGE_IGNORE_INSERTS = 0x200,
-  PIPE_ACCESS_DUPLEX = 3
-};
+constexpr DWORD ERROR_SUCCESS = 0, ERROR_FILE_NOT_FOUND = 2, ERROR_ACCESS_DENIED = 5, ERROR_INVALID_HANDLE = 6;
+constexpr DWORD ERROR_SHARING_VIOLATION = 32, ERROR_INVALID_PARAMETER = 87, ERROR_DISK_FULL = 112;
+constexpr DWORD ERROR_ALREADY_EXISTS = 183, ERROR_IO_PENDING = 997;
+constexpr DWORD GENERIC_READ = 0x80000000, GENERIC_WRITE = 0x40000000, GENERIC_ALL = 0x10000000;
+constexpr DWORD FILE_SHARE_READ = 1, FILE_SHARE_WRITE = 2, CREATE_ALWAYS = 2, OPEN_EXISTING = 3, OPEN_ALWAYS = 4;
+constexpr DWORD FILE_WRITE_DATA = 2, FILE_APPEND_DATA = 4, FILE_BEGIN = 0, FILE_CURRENT = 1;
+constexpr DWORD MOVEFILE_REPLACE_EXISTING = 1, MOVEFILE_WRITE_THROUGH = 8, FILE_MAP_READ = 4;
+constexpr DWORD FILE_ATTRIBUTE_READONLY = 1, FILE_ATTRIBUTE_NORMAL = 128, FILE_FLAG_NO_BUFFERING = 0x20000000;
+constexpr DWORD FILE_FLAG_OVERLAPPED = 0x40000000, INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
+constexpr DWORD MAX_PATH = 260, INFINITE = 0xFFFFFFFF, WAIT_OBJECT_0 = 0, CP_ACP = 0, PIPE_ACCESS_DUPLEX = 3;
+constexpr DWORD PAGE_NOACCESS = 1, PAGE_READONLY = 2, PAGE_READWRITE = 4, PAGE_WRITECOPY = 8;
+constexpr DWORD PAGE_EXECUTE_READ = 0x20, PAGE_EXECUTE_READWRITE = 0x40, PAGE_EXECUTE_WRITECOPY = 0x80;
+constexpr DWORD PAGE_GUARD = 0x100;
+constexpr DWORD MEM_COMMIT = 0x1000, MEM_RESERVE = 0x2000, MEM_DECOMMIT = 0x4000, MEM_RELEASE = 0x8000;
+constexpr DWORD MEM_TOP_DOWN = 0x100000;
+constexpr DWORD FORMAT_MESSAGE_FROM_SYSTEM = 0x1000, FORMAT_MESSAGE_IGNORE_INSERTS = 0x200;
 #define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(-1))
-#define HKEY_CURRENT_USER (reinterpret_cast<HKEY>(1))
 
 DWORD GetLastError();
 inline void OutputDebugStringA(const char*) {}
@@ -179,17 +135,3 @@ BOOL MoveFileExA(const char* from, const char* to, DWORD flags);
 BOOL CreateDirectoryA(const char* name, void*);
 DWORD GetTempPathA(DWORD size, char* path);  // that of TMPDIR
 UINT GetTempFileNameA(const char* folder, const char* prefix, UINT, char* path);
-
-constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
-LSTATUS RegOpenKeyExA(HKEY hive, const char* name, DWORD, REGSAM, HKEY* key);
-LSTATUS RegCreateKeyExA(HKEY hive, const char* name, DWORD, char*, DWORD, REGSAM, void*, HKEY* key, DWORD*);
-LSTATUS RegCloseKey(HKEY key);
-LSTATUS RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size);
-LSTATUS RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size);
-LSTATUS RegSetKeyValueA(HKEY hive, const char* key, const char* name, DWORD type, const void* data, DWORD size);
-LSTATUS RegDeleteValueA(HKEY key, const char* name);
-LSTATUS RegDeleteKeyA(HKEY hive, const char* name);
-LSTATUS RegDeleteTreeA(HKEY hive, const char* name);  // all there is: there is one user, who runs tests
-inline LSTATUS RegOverridePredefKey(HKEY, HKEY) noexcept {
-  return ERROR_SUCCESS;
-}
