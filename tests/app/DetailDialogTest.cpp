@@ -1,16 +1,12 @@
 #include "app/DetailDialog.h"
 
-#include <gtest/gtest.h>
-
 #include "app/EibiDetailDialog.h"
 #include "app/FccDetailDialog.h"
 #include "tests/support/EibiLine.h"
+#include "tests/support/Test.h"
 #include "toolkit/ClipboardText.h"
 
-namespace {
-
-class DetailDialogTest : public testing::Test {
- protected:
+struct DetailDialogTest : testing::Test {
   ~DetailDialogTest() override { owner_->Destroy(); }
   EibiDetailDialog& OfEibi(const ShownZone& zone = {}) {
     EibiItem item;
@@ -50,20 +46,3 @@ TEST_F(DetailDialogTest, ControlCCopiesTheCurrentRowOrAll) {
   keys[VK_CONTROL] = 0;
   SetKeyboardState(keys);
 }
-
-TEST_F(DetailDialogTest, IsSizedForItsRowsAndClosesAlone) {
-  EibiDetailDialog& dialog = OfEibi();
-  EibiDetailDialog& other = OfEibi();
-  dialog.Show(true);
-  const GridGeometry::Layout& layout = dialog.Grid().Layout();
-  EXPECT_EQ(GridGeometry::FullRecords(layout), layout.records);
-  for (const int wider : {0, 80, -80}) {  // with all rows, beside a scroll bar, and narrower again
-    dialog.SetBounds(0, 0, dialog.Width() + wider, dialog.Height() - wider / 2);
-    EXPECT_EQ(GridGeometry::ColumnsWidth(layout), layout.area.right - layout.area.left) << wider;
-  }
-  const TmyWindowBase::Hold hold;
-  SendMessageA(dialog.Grid().Handle(), kMsgEscape, 0, 0);
-  EXPECT_TRUE(!dialog.IsAlive() && other.IsAlive());
-}
-
-}  // namespace
