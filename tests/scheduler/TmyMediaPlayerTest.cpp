@@ -1,6 +1,7 @@
 #include "scheduler/TmyMediaPlayer.h"
 
 #include "scheduler/TmyWaveFilePCM.h"
+#include "tests/support/Pump.h"
 #include "tests/toolkit/ControlFixture.h"
 
 namespace {
@@ -35,13 +36,6 @@ struct MediaPlayerTest : ControlFixture {
     player_->StopRecording();
     states_.clear();
   }
-  static bool WaitFor(const std::function<bool()>& condition) {
-    for (const DWORD start = GetTickCount(); GetTickCount() - start < 8000; Sleep(5)) {
-      Input::Pump();
-      if (condition()) return true;
-    }
-    return false;
-  }
   uint32_t DataSizeInFile() const {
     const std::string file = ReadFileBytes(path_.Chars());
     return reinterpret_cast<const WaveHeader*>(file.data())->dataSize;
@@ -57,16 +51,16 @@ TEST_F(MediaPlayerTest, PlaysToTheEndAndAPauseHoldsThePlace) {
   EXPECT_STREQ(player_->TimeText().Chars(), "00:00:00 / 00:00:00");
   MakeFile(2600);
   Press(Player::kPlay);
-  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > 0; })) << "is there a sound device?";
+  EXPECT_TRUE(PumpUntil([&] { return player_->Slider().Position() > 0; })) << "is there a sound device?";
   EXPECT_STREQ(player_->TimeText().Chars(), "00:00:00 / 00:00:02");
   Press(Player::kPause);
   const int64_t at = player_->Slider().Position();
   Sleep(1500);
   Press(Player::kPause);
-  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > at; }));
+  EXPECT_TRUE(PumpUntil([&] { return player_->Slider().Position() > at; }));
   EXPECT_LT(player_->Slider().Position(), at + 1000);
   SetFocus(player_->Slider().Handle());
-  EXPECT_TRUE(WaitFor([&] { return player_->StateCode() == Player::kIdle; }));
+  EXPECT_TRUE(PumpUntil([&] { return player_->StateCode() == Player::kIdle; }));
   EXPECT_EQ(GetFocus(), player_->Handle()) << "the slider is disabled now";
 }
 
@@ -84,10 +78,10 @@ TEST_F(MediaPlayerTest, BackAndForwardGoTwoSecondsToWholeOnes) {
   }
   Press(Player::kPause);
   Press(Player::kBack);
-  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > 4000; })) << "plays on from there";
+  EXPECT_TRUE(PumpUntil([&] { return player_->Slider().Position() > 4000; })) << "plays on from there";
   EXPECT_LT(player_->Slider().Position(), 6000);
   Input::Drag(player_->Slider(), 100, 5, 600, 5);
-  EXPECT_TRUE(WaitFor([&] { return player_->StateCode() == Player::kIdle; }));
+  EXPECT_TRUE(PumpUntil([&] { return player_->StateCode() == Player::kIdle; }));
 }
 
 TEST_F(MediaPlayerTest, OnlyButtonsThatDoSomethingAreEnabled) {

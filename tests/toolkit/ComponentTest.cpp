@@ -1,4 +1,5 @@
 // The component model: dispatch of messages to windows and drawn controls, double clicks, focus, destruction.
+#include "tests/support/Pump.h"
 #include "tests/toolkit/ControlFixture.h"
 #include "toolkit/FocusOrder.h"
 #include "toolkit/TmyHoveringMonitor.h"
@@ -51,14 +52,6 @@ class Window : public TmyComponent {
  private:
   Events& events_;
 };
-
-void PumpFor(uint32_t milliseconds) {
-  const uint32_t end = GetTickCount() + milliseconds;
-  while (static_cast<int32_t>(end - GetTickCount()) > 0) {
-    Input::Pump();
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-  }
-}
 
 struct ComponentTest : testing::Test {
   void TearDown() override {
