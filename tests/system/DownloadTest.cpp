@@ -10,16 +10,13 @@
 
 using testing::IsEmpty;
 
-namespace {
-
 using End = ScriptedServer::End;
 constexpr char kEibi[] = "/dx/eibi.txt";
 constexpr char kIndex[] = "/data/index.html";
 constexpr char kCheck[] = "&Check for DB updates";
 constexpr char kQuestion[] = "Database files initialization needed";
 
-class Download : public PluginFixture {
- public:  // tables of functions reach in
+struct Download : PluginFixture {
   Download() : PluginFixture(FakeHost::LoopbackModulePath()) {
     eibi_.emplace();
     hfcc_.emplace("127.0.0.2", eibi_->Port());
@@ -60,8 +57,6 @@ class Download : public PluginFixture {
 
   std::optional<ScriptedServer> eibi_, hfcc_;
 };
-
-}  // namespace
 
 TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
   const std::string again = " web page.\r\nPlease check your Internet connection and try again.";
