@@ -56,19 +56,17 @@ TEST(FilterRecord, HoldsTextsThatAreCut) {
 }
 
 TEST(FilterRecord, SwitchesTheFrequencyEdits) {
-  const struct {
-    FrequencyEdits (*change)(FrequencyEdits edits);
-    FrequencyEdits before, after;
-  } kCases[] = {{SwitchToAround, {6000, 7000}, {6500, 1000}},
-                {SwitchToAround, {7000, 6000}, {6500, 0}},     // no negative span
-                {SwitchToAround, {1000, 9000}, {5000, 1000}},  // the span is limited by the lower bound
-                {SwitchToAround, {3000000000, 5000000000}, {4000000000, 2000000000}},
-                {SwitchToBetween, {6500, 1001}, {6000, 7001}},
-                {SwitchToBetween, {3, 10}, {0, 10}},
-                {SwitchToBetween, {6000, -10}, {6005, 6005}}};
-  for (const auto& each : kCases) {
-    const FrequencyEdits after = each.change(each.before);
-    EXPECT_EQ(after.first, each.after.first) << each.before.first;
-    EXPECT_EQ(after.second, each.after.second) << each.before.first;
+  using Edits = FrequencyEdits;
+  const std::tuple<Edits (*)(Edits), Edits, Edits> kCases[] = {
+      {SwitchToAround, {6000, 7000}, {6500, 1000}},
+      {SwitchToAround, {7000, 6000}, {6500, 0}},     // no negative span
+      {SwitchToAround, {1000, 9000}, {5000, 1000}},  // the span is limited by the lower bound
+      {SwitchToAround, {3000000000, 5000000000}, {4000000000, 2000000000}},
+      {SwitchToBetween, {6500, 1001}, {6000, 7001}},
+      {SwitchToBetween, {3, 10}, {0, 10}},
+      {SwitchToBetween, {6000, -10}, {6005, 6005}}};
+  for (const auto& [change, before, after] : kCases) {
+    const Edits changed = change(before);
+    EXPECT_EQ(std::pair(changed.first, changed.second), std::pair(after.first, after.second)) << before.first;
   }
 }

@@ -1,4 +1,3 @@
-#include "host/AudioSource.h"
 #include "host/HostBlock.h"
 #include "host/Protocol.h"
 #include "tests/support/Test.h"
@@ -26,27 +25,6 @@ TEST(HostBlock, PointsIntoItself) {
   EXPECT_EQ(ModeText(WordAt(block.Address(), modes)), "AM");
   const uint32_t range = WordAt(block.Address(), 224) - start;
   EXPECT_LT(WordAt(block.Address(), range), WordAt(block.Address(), range + 4));
-}
-
-TEST(AudioSource, BlocksAddUpToASecondAndBothFormsCarryTheSameTone) {
-  for (const uint32_t rate : {8000u, 11025u, 44100u, 48001u}) {
-    AudioSource source;
-    ASSERT_TRUE(source.SetFormat({AudioKind::kNoise, rate, 2, false}));
-    uint32_t count = 0;
-    for (uint32_t i = 0; i < AudioSource::kBlocksPerSecond; ++i) count += source.NextBlock()->sampleCount;
-    EXPECT_EQ(count, rate * 2);
-  }
-  AudioSource integers, floats;
-  EXPECT_FALSE(integers.SetFormat({AudioKind::kTone, 0, 1, false}));
-  EXPECT_FALSE(integers.SetFormat({AudioKind::kTone, 8000, 0, false}));
-  ASSERT_TRUE(integers.SetFormat({AudioKind::kTone, 48000, 1, false}));
-  ASSERT_TRUE(floats.SetFormat({AudioKind::kTone, 48000, 1, true}));
-  EXPECT_EQ(integers.SubCode(), 3u);
-  EXPECT_EQ(floats.SubCode(), 8u);
-  const auto* integer = reinterpret_cast<const int16_t*>(integers.NextBlock() + 1);
-  const auto* real = reinterpret_cast<const float*>(floats.NextBlock() + 1);
-  for (int i = 0; i < 960; ++i) EXPECT_NEAR(integer[i], real[i] * 32767, 1) << i;
-  EXPECT_NEAR(*std::max_element(real, real + 960), 0.5, 0.01);
 }
 
 TEST(Protocol, FrequencyTexts) {

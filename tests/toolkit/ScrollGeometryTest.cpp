@@ -36,10 +36,3 @@ TEST(ScrollGeometry, ADraggedThumbStaysWhereItIsDropped) {
     EXPECT_EQ(PositionAt(range, 300, kMinimum, 100000), MaxPosition(range));
   }
 }
-
-TEST(ScrollGeometry, TurnsNotchesIntoDistance) {
-  EXPECT_EQ(WheelDistance(-2, 3, 18, 500), 108);
-  EXPECT_EQ(WheelDistance(-1, 100, 1, 20), 20);         // not farther than what is seen
-  EXPECT_EQ(WheelDistance(-1, 0xFFFFFFFF, 1, 20), 20);  // the setting for a page
-  EXPECT_EQ(WheelDistance(-1, 0xFFFFFFFF, 1, 0), 1);
-}
