@@ -34,7 +34,9 @@ TEST_F(DetailDialogTest, ShowsTheFieldsWithTimesInTheZoneOfTheGrid) {
 }
 
 TEST_F(DetailDialogTest, ControlCCopiesTheCurrentRowOrAll) {
-  TmyStringGrid& grid = OfEibi().Grid();
+  EibiDetailDialog& dialog = OfEibi();
+  dialog.Show(true);
+  TmyStringGrid& grid = dialog.Grid();
   BYTE keys[256] = {};
   keys[VK_CONTROL] = 0x80;
   ASSERT_TRUE(SetKeyboardState(keys));
