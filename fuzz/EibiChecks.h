@@ -5,16 +5,12 @@
 #include "schedule/DayTime.h"
 #include "schedule/EibiItem.h"
 
-inline void CheckDays(const EibiItem& item) {
-  REQUIRE(IsText(item.rawDays) && IsText(item.daysText) && item.dayMask <= kAllDaysMask);
-  for (uint32_t day = 0; day < kDaysOfWeek; ++day) {
-    REQUIRE(item.dayFlags[day] == ((item.dayMask & DayBit(day)) != 0 ? 1 : 0));
-  }
-}
-
 inline void CheckItem(const EibiItem& item) {
   REQUIRE(item.valid == 1 && item.frequency != 0);
   REQUIRE(IsText(item.frequencyText) && IsText(item.startText) && IsText(item.endText) && IsText(item.itu));
   REQUIRE(IsText(item.station) && IsText(item.language) && IsText(item.target) && IsText(item.remarks));
-  CheckDays(item);
+  REQUIRE(IsText(item.rawDays) && IsText(item.daysText) && item.dayMask <= kAllDaysMask);
+  for (uint32_t day = 0; day < kDaysOfWeek; ++day) {
+    REQUIRE(item.dayFlags[day] == ((item.dayMask & DayBit(day)) != 0 ? 1 : 0));
+  }
 }

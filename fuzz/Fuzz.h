@@ -39,11 +39,7 @@ class Input {
     std::memcpy(&number, bytes.data(), bytes.size());
     return number;
   }
-  // Copies in blocks of their own: one byte too many is seen.
-  std::vector<char> TakeBytes(size_t most) {
-    const std::string_view bytes = Cut(most);
-    return {bytes.begin(), bytes.end()};
-  }
+  // A copy in a block of its own: one byte too many is seen.
   std::string TakeText(size_t most) { return std::string(Cut(most)); }
   std::string_view Rest() { return Cut(rest_.size()); }  // the end of the fuzzer's own block
 

@@ -33,8 +33,8 @@ class Probe : public TmyControl {
 
 class Window : public TmyComponent {
  public:
-  explicit Window(Events& events, TmyComponent* parent = nullptr, DWORD style = WS_POPUP, POINT at = {10, 20})
-      : TmyComponent("Test", style, 0, at.x, at.y, 200, 100, parent), events_(events) {}
+  explicit Window(Events& events, TmyComponent* parent = nullptr, DWORD style = WS_POPUP)
+      : TmyComponent("Test", style, 0, 10, 20, 200, 100, parent), events_(events) {}
   ~Window() override { events_.push_back("deleted"); }
 
   void Escape() override { events_.push_back("escape"); }
