@@ -128,15 +128,15 @@ TEST_F(Download, AWholeRunFromAWebServer) {
 }
 
 TEST_F(Download, AnErrorPageInPlaceOfEitherDocument) {
-  eibi_->Answer(kEibi, {"HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\nNo!\n"});
   hfcc_->Answer(kIndex, {ScriptedServer::Document("<ul>")});
   const HWND window = StartPlugin();
   const std::string aside = documents_.DataFolder() + "\\eibi.bak.new";
   std::filesystem::create_directory(aside);
-  for (int run = 0; run < 3; ++run) {
+  for (const std::string page : {"No 1", "No 2", "No 3"}) {
+    eibi_->Answer(kEibi, {"HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n" + page});
     EXPECT_EQ(Run(window), "Retrieving the HFCC web page...\r\nIncorrect HFCC web page format!");
     const bool isKept = !std::filesystem::remove(aside);
-    EXPECT_EQ(File("eibi.txt"), isKept ? "No!\n" : ThreeBroadcasts());
+    EXPECT_EQ(File("eibi.txt"), isKept ? page : ThreeBroadcasts());
   }
   EXPECT_EQ(File("eibi.bak"), ThreeBroadcasts()) << "the second page must not push it out";
   EXPECT_EQ(Counts(window), "3 of 3 broadcasts");
