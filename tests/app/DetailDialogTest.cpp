@@ -34,9 +34,7 @@ TEST_F(DetailDialogTest, ShowsTheFieldsWithTimesInTheZoneOfTheGrid) {
 }
 
 TEST_F(DetailDialogTest, ControlCCopiesTheCurrentRowOrAll) {
-  EibiDetailDialog& dialog = OfEibi();
-  dialog.Show(true);
-  TmyStringGrid& grid = dialog.Grid();
+  TmyStringGrid& grid = OfEibi().Grid();
   BYTE keys[256] = {};
   keys[VK_CONTROL] = 0x80;
   ASSERT_TRUE(SetKeyboardState(keys));
@@ -47,4 +45,19 @@ TEST_F(DetailDialogTest, ControlCCopiesTheCurrentRowOrAll) {
   EXPECT_EQ(ClipboardText(owner_->Handle()).View().substr(0, 12), "Freq\t6005\r\nD");
   keys[VK_CONTROL] = 0;
   SetKeyboardState(keys);
+}
+
+TEST_F(DetailDialogTest, IsSizedForItsRowsAndClosesAlone) {
+  EibiDetailDialog& dialog = OfEibi();
+  EibiDetailDialog& other = OfEibi();
+  dialog.Show(true);
+  const GridGeometry::Layout& layout = dialog.Grid().Layout();
+  EXPECT_EQ(GridGeometry::FullRecords(layout), layout.records);
+  for (const int wider : {0, 80, -80}) {  // with all rows, beside a scroll bar, and narrower again
+    dialog.SetBounds(0, 0, dialog.Width() + wider, dialog.Height() - wider / 2);
+    EXPECT_EQ(GridGeometry::ColumnsWidth(layout), layout.area.right - layout.area.left) << wider;
+  }
+  const TmyWindowBase::Hold hold;
+  SendMessageA(dialog.Grid().Handle(), kMsgEscape, 0, 0);
+  EXPECT_TRUE(!dialog.IsAlive() && other.IsAlive());
 }
