@@ -21,12 +21,9 @@ std::string ArchiveOf(uint8_t kind, Input& input) {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const TemporaryFolder folder;
-  static const std::string path = folder.File("a26all.zip");
-  Input input(data, size);
+void Try(Input& input) {
   const auto kind = input.Take<uint8_t>();
-  REQUIRE(WriteFileBytes(path, ArchiveOf(kind, input)));
+  const std::string path = FileOf("a26all.zip", ArchiveOf(kind, input));
   zlib::CGZip archive;
   const bool opened = archive.Open(path.c_str());
   REQUIRE(opened == archive.IsOpen());
@@ -41,8 +38,6 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     REQUIRE(bytes[length] == 0 && IsText(name));
     if (length > 0) REQUIRE(std::memchr(bytes, 1, length) != bytes + length);
   }
-  HfccDatabase database;
-  const HfccLoad result = database.LoadHfcc(path.c_str());
+  const HfccLoad result = HfccDatabase().LoadHfcc(path.c_str());
   REQUIRE(opened || result == HfccLoad::kNotOpened);
-  return 0;
 }

@@ -2,8 +2,8 @@
 #include "schedule/Ciraf.h"
 
 // Never more than the numbers of the text and what lies between two of them.
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  const std::string_view text = Input(data, size).Rest();
+void Try(Input& input) {
+  const std::string_view text = input.Rest();
   const ZoneSet zones = ParseCiraf(text);
   REQUIRE(!zones.Holds(0) && !zones.Holds(ZoneSet::kHighest + 1));
   bool isPlain = !text.empty() && text.size() <= 3;
@@ -16,5 +16,4 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   expected.Add(number);
   if (isPlain) REQUIRE(zones == expected);
   REQUIRE(ParseCiraf(std::string(text) + ",") == zones);
-  return 0;
 }

@@ -1,7 +1,7 @@
 #include "fuzz/EibiChecks.h"
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  const std::string_view field = Input(data, size).Rest();
+void Try(Input& input) {
+  const std::string_view field = input.Rest();
   EibiItem item;
   item.SetDays(field);
   CheckDays(item);
@@ -11,5 +11,4 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       REQUIRE(item.dayMask == DayBit(static_cast<uint32_t>(day)));
     }
   }
-  return 0;
 }

@@ -1,8 +1,9 @@
-// Marlux 3. What fuzz targets share: cutting the input into numbers and texts, files, and a check.
+// Marlux 3. What fuzz targets share: cutting the input into numbers and texts, files, and a check. A target is
 //
-//   Input input(data, size);
-//   const auto count = input.Take<uint8_t>();
-//   REQUIRE(Count(input.TakeText(count)) <= count);
+//   void Try(Input& input) {
+//     const auto count = input.Take<uint8_t>();
+//     REQUIRE(Count(input.TakeText(count)) <= count);
+//   }
 #pragma once
 
 #include <windows.h>
@@ -25,8 +26,6 @@
   std::abort();
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
-
 class Input {
  public:
   Input(const uint8_t* data, size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
@@ -40,11 +39,7 @@ class Input {
     std::memcpy(&number, bytes.data(), bytes.size());
     return number;
   }
-  // Copies in blocks of their own: one byte too many is seen.
-  std::vector<char> TakeBytes(size_t most) {
-    const std::string_view bytes = Cut(most);
-    return {bytes.begin(), bytes.end()};
-  }
+  // A copy in a block of its own: one byte too many is seen.
   std::string TakeText(size_t most) { return std::string(Cut(most)); }
   std::string_view Rest() { return Cut(rest_.size()); }  // the end of the fuzzer's own block
 
@@ -57,6 +52,26 @@ class Input {
 
   std::string_view rest_;
 };
+
+void Try(Input& input);  // each target's own
+
+// Once a program: only targets include this.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  Input input(data, size);
+  Try(input);
+  return 0;
+}
+
+// A path of the target's own, the same each time.
+inline std::string PathOf(const char* name) {
+  static const TemporaryFolder folder;
+  return folder.File(name);
+}
+// The same, where these bytes are now.
+inline std::string FileOf(const char* name, std::string_view bytes) {
+  REQUIRE(WriteFileBytes(PathOf(name), bytes));
+  return PathOf(name);
+}
 
 template <size_t kSize>
 [[nodiscard]] bool IsText(const char (&field)[kSize]) {

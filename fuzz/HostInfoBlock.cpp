@@ -2,8 +2,7 @@
 #include "plugin/HostInfo.h"
 
 // A block of the size that it tells, some of whose pointers lead into it or just beyond.
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  Input input(data, size);
+void Try(Input& input) {
   const auto inside = input.Take<uint16_t>();
   std::vector<char> block(4);
   const std::string_view rest = input.Rest();
@@ -23,5 +22,4 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   REQUIRE(info.Size() == told && info.ReceiverDefault() <= 99);
   REQUIRE(info.ModeNumbers().size() <= told / 28);
   if (info.FrequencyRangeKhz()) REQUIRE(told >= 228);
-  return 0;
 }

@@ -66,8 +66,7 @@ struct Lists {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  Input input(data, size);
+void Try(Input& input) {
   Lists lists;
   while (!input.IsEmpty()) {
     const uint8_t operation = input.Take<uint8_t>() % 8, i = input.Take<uint8_t>();
@@ -75,5 +74,4 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (operation == 3 || operation == 4) lists.OnTexts(operation, i, input.TakeText(i % 8));
     if (operation >= 5) lists.OnStream(operation, i);
   }
-  return 0;
 }

@@ -18,13 +18,12 @@ bool IsSame(const Settings& a, const Settings& b) {
 }  // namespace
 
 // Whatever stands in the key, what was read of it is read again once it is written.
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+void Try(Input& input) {
   RegDeleteKeyA(HKEY_CURRENT_USER, SettingsStore::kKey);
-  Input input(data, size);
   while (!input.IsEmpty()) {
     const char* const name = kNames[input.Take<uint8_t>() % std::size(kNames)];
     const auto type = input.Take<uint8_t>();
-    const std::vector<char> value = input.TakeBytes(type & 0x80 ? 4 : input.Take<uint8_t>());
+    const std::string value = input.TakeText(type & 0x80 ? 4 : input.Take<uint8_t>());
     RegSetKeyValueA(HKEY_CURRENT_USER, SettingsStore::kKey, name, type % 8, value.data(),
                     static_cast<DWORD>(value.size()));
   }
@@ -36,5 +35,4 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Settings again;
   SettingsStore::Load(again, "");
   REQUIRE(tasksSaved == 1 && IsSame(read, again));
-  return 0;
 }

@@ -4,15 +4,13 @@
 #include "scheduler/TaskTime.h"
 
 // What is read is written again, with the last record filled up.
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const TemporaryFolder folder;
-  static const std::string path = folder.File("tasks.mxt");
+void Try(Input& input) {
   constexpr TaskDate kNow = {0x11223344, 0x01DCA000};
-  const std::string_view bytes = Input(data, size).Rest();
-  REQUIRE(WriteFileBytes(path, bytes));
+  const std::string_view bytes = input.Rest();
+  const std::string path = FileOf("tasks.mxt", bytes);
   TmyTypeList<TmxTask> tasks;
   TaskFile::Load(path.c_str(), tasks, kNow);
-  REQUIRE(tasks.Count() == (size + sizeof(TmxTask) - 1) / sizeof(TmxTask));
+  REQUIRE(tasks.Count() == (bytes.size() + sizeof(TmxTask) - 1) / sizeof(TmxTask));
   for (uint32_t i = 0; i < tasks.Count(); ++i) {
     const TmxTask& task = *tasks.Get(i);
     if (IsDue(task, MomentOf(task.from))) REQUIRE(task.enabled != 0 && (task.days & kEveryDay) != 0);
@@ -23,5 +21,4 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   REQUIRE(TaskFile::Save(path.c_str(), tasks));
   const std::string saved = ReadFileBytes(path);
   REQUIRE(saved.size() == tasks.Count() * sizeof(TmxTask) && saved.starts_with(bytes));
-  return 0;
 }

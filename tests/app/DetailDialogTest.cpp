@@ -1,16 +1,12 @@
 #include "app/DetailDialog.h"
 
-#include <gtest/gtest.h>
-
 #include "app/EibiDetailDialog.h"
 #include "app/FccDetailDialog.h"
 #include "tests/support/EibiLine.h"
+#include "tests/support/Test.h"
 #include "toolkit/ClipboardText.h"
 
-namespace {
-
-class DetailDialogTest : public testing::Test {
- protected:
+struct DetailDialogTest : testing::Test {
   ~DetailDialogTest() override { owner_->Destroy(); }
   EibiDetailDialog& OfEibi(const ShownZone& zone = {}) {
     EibiItem item;
@@ -65,5 +61,3 @@ TEST_F(DetailDialogTest, IsSizedForItsRowsAndClosesAlone) {
   SendMessageA(dialog.Grid().Handle(), kMsgEscape, 0, 0);
   EXPECT_TRUE(!dialog.IsAlive() && other.IsAlive());
 }
-
-}  // namespace

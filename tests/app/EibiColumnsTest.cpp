@@ -1,10 +1,7 @@
 #include "app/EibiColumns.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "tests/support/EibiLine.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -24,16 +21,13 @@ TEST(EibiColumns, ShowTheTextsOfARecordWithTimesInTheZone) {
   EibiItem item;
   ASSERT_TRUE(item.Parse(EibiLine("9420.5", "0500-2400", "135")));
   EXPECT_EQ(Cells(item, {}), "9420.5|05:00|24:00|Mon, Wed, Fri|Radio Example|E|CEu|ka|D");
-  const struct {
-    const char* time;
-    ShownZone zone;
-    const char* shown;
-  } kCases[] = {{"0500-2400", {true, 7200}, "05:00|24:00"},   {"0500-2400", {false, 0}, "05:00|24:00"},
-                {"0500-2400", {false, 7200}, "07:00|02:00"},  {"0500-2330", {false, -19800}, "23:30|18:00"},
-                {"0000-2359", {false, 20700}, "05:45|05:44"}, {"", {false, 7200}, "-|-"}};
-  for (const auto& each : kCases) {
-    ASSERT_TRUE(item.Parse(EibiLine("6005", each.time)));
-    EXPECT_EQ(Cells(item, each.zone, 1, 2), each.shown) << each.time;
+  const std::tuple<const char*, ShownZone, const char*> kCases[] = {
+      {"0500-2400", {true, 7200}, "05:00|24:00"},   {"0500-2400", {false, 0}, "05:00|24:00"},
+      {"0500-2400", {false, 7200}, "07:00|02:00"},  {"0500-2330", {false, -19800}, "23:30|18:00"},
+      {"0000-2359", {false, 20700}, "05:45|05:44"}, {"", {false, 7200}, "-|-"}};
+  for (const auto& [time, zone, shown] : kCases) {
+    ASSERT_TRUE(item.Parse(EibiLine("6005", time)));
+    EXPECT_EQ(Cells(item, zone, 1, 2), shown) << time;
   }
 }
 

@@ -1,34 +1,29 @@
 #include "app/EibiFilter.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "foundation/TmyString.h"
+#include "tests/support/Test.h"
 
 TEST(EibiFilter, ComparesTimesInclusively) {
   constexpr uint32_t kPlain = FilterFlag::kTime;
   // A range, an instant, a range the wrong way round, one over midnight; in minutes.
   const uint32_t kFilters[][3] = {
       {kPlain, 600, 720}, {kPlain, 600, 600}, {kPlain, 1320, 120}, {kPlain | FilterFlag::kTimeWraps, 1320, 120}};
-  const struct {
-    int32_t start, end;
-    const char* passes;  // by which filter
-  } kCases[] = {{600, 720, "yy--"},  {540, 600, "yy--"},   {720, 780, "y---"}, {540, 599, "----"}, {721, 780, "----"},
-                {0, 1440, "yyyy"},   {1260, 1320, "---y"}, {0, 60, "---y"},    {120, 180, "---y"}, {121, 180, "----"},
-                {180, 1319, "yy--"}, {1320, 60, "----"}};  // the last one lies over midnight: no half sees it
-  for (const auto& each : kCases) {
+  const std::tuple<int32_t, int32_t, const char*> kCases[] = {
+      {600, 720, "yy--"},  {540, 600, "yy--"},   {720, 780, "y---"}, {540, 599, "----"}, {721, 780, "----"},
+      {0, 1440, "yyyy"},   {1260, 1320, "---y"}, {0, 60, "---y"},    {120, 180, "---y"}, {121, 180, "----"},
+      {180, 1319, "yy--"}, {1320, 60, "----"}};  // the last one lies over midnight: no half sees it
+  for (const auto& [start, end, expected] : kCases) {
     std::string passes;
     for (const auto& [flags, from, to] : kFilters) {
       const FilterRecord record = {0, 0, from * 60, to * 60, flags};
       EibiItem item;
       item.start = item.end = -1;
       EXPECT_FALSE(PassesFilter(item, record)) << "it has no time";
-      item.start = each.start * 60;
-      item.end = each.end * 60;
+      item.start = start * 60;
+      item.end = end * 60;
       passes += PassesFilter(item, record) ? 'y' : '-';
     }
-    EXPECT_EQ(passes, each.passes) << each.start << '-' << each.end;
+    EXPECT_EQ(passes, expected) << start << '-' << end;
   }
 }
 
@@ -38,17 +33,14 @@ TEST(EibiFilter, ComparesWholeTexts) {
   CopyText(item.language, "E");
   CopyText(item.target, std::string(60, 't'));  // fills its field to the last byte
   CopyText(item.itu, "D");
-  const struct {
-    size_t index;
-    const char* text;
-    bool passes;
-  } kCases[] = {{0, "Radio A", true}, {0, "radio A", false},  {0, "Radio", false}, {0, "Radio AB", false},
-                {0, "", false},       {1, "E", true},         {1, "EN", false},    {1, "D", false},
-                {2, "t", false},      {2, item.target, true}, {3, "D", true},      {3, "DNK", false}};
-  for (const auto& each : kCases) {
+  const std::tuple<size_t, const char*, bool> kCases[] = {
+      {0, "Radio A", true}, {0, "radio A", false},  {0, "Radio", false}, {0, "Radio AB", false},
+      {0, "", false},       {1, "E", true},         {1, "EN", false},    {1, "D", false},
+      {2, "t", false},      {2, item.target, true}, {3, "D", true},      {3, "DNK", false}};
+  for (const auto& [index, text, passes] : kCases) {
     FilterChoices choices;
-    choices.texts[each.index] = each.text;
-    EXPECT_EQ(PassesFilter(item, BuildFilterRecord(choices)), each.passes) << each.index << each.text;
+    choices.texts[index] = text;
+    EXPECT_EQ(PassesFilter(item, BuildFilterRecord(choices)), passes) << index << text;
   }
 }
 

@@ -1,11 +1,7 @@
 #include "app/FccColumns.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <string>
-
 #include "tests/support/SeasonArchive.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -32,15 +28,12 @@ long Key(uint32_t field, const std::string& text) {
 }  // namespace
 
 TEST(FccColumns, ShowTimesInTheZone) {
-  const struct {
-    const char* time;
-    ShownZone zone;
-    const char* shown;
-  } kCases[] = {{"2400", {true, 7200}, "24:00"},   {"2400", {false, 0}, "24:00"},  {"2400", {false, 7200}, "02:00"},
-                {"0030", {false, -3600}, "23:30"}, {"9999", {false, 60}, "04:40"}, {nullptr, {false, 7200}, ""}};
-  for (const auto& each : kCases) {
-    EXPECT_EQ(Cell(HfccDatabase(), With(each.time, ""), FccField::kStart, each.zone), each.shown);
-    EXPECT_EQ(Cell(HfccDatabase(), With("", each.time), FccField::kStop, each.zone), each.shown);
+  const std::tuple<const char*, ShownZone, const char*> kCases[] = {
+      {"2400", {true, 7200}, "24:00"},   {"2400", {false, 0}, "24:00"},  {"2400", {false, 7200}, "02:00"},
+      {"0030", {false, -3600}, "23:30"}, {"9999", {false, 60}, "04:40"}, {nullptr, {false, 7200}, ""}};
+  for (const auto& [time, zone, shown] : kCases) {
+    EXPECT_EQ(Cell(HfccDatabase(), With(time, ""), FccField::kStart, zone), shown);
+    EXPECT_EQ(Cell(HfccDatabase(), With("", time), FccField::kStop, zone), shown);
   }
 }
 

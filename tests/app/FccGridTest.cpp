@@ -1,17 +1,9 @@
 #include "app/FccGrid.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <map>
-#include <string>
-
+#include "tests/support/Test.h"
 #include "toolkit/TmyApplication.h"
 
-namespace {
-
-class FccGridTest : public testing::Test {
- protected:
+struct FccGridTest : testing::Test {
   void SetUp() override {
     ASSERT_EQ(grid_.Load("build\\samples\\a26all00.zip"), HfccLoad::kRead);
     ASSERT_GE(grid_.RecordCount(), 300U);
@@ -46,8 +38,6 @@ class FccGridTest : public testing::Test {
   TmyComponent* window_ = new TmyComponent("", WS_POPUP, 0, 0, 0, 300, 200, nullptr);
   FccGrid grid_{*window_};
 };
-
-}  // namespace
 
 TEST_F(FccGridTest, ShowsTheChosenFields) {
   EXPECT_EQ(Texts(0),
@@ -118,15 +108,4 @@ TEST_F(FccGridTest, OffersFilterTextsThatPass) {
   EXPECT_EQ(std::erase(sites, "XYZ"), 1U) << "has no name";
   EXPECT_TRUE(
       std::ranges::is_sorted(sites, {}, [](const std::string& each) { return each.substr(0, each.find(" (")); }));
-}
-
-TEST_F(FccGridTest, CountsTheMarkedRowsThatAreShown) {
-  grid_.Control().rowClicked(TmyRowClick{2, false, true});
-  grid_.Control().rowClicked(TmyRowClick{4, true, false});
-  EXPECT_EQ(grid_.MarkCount(), 3U);
-  EXPECT_TRUE(grid_.IsRowMarked(4) && !grid_.IsRowMarked(1));
-  FilterChoices choices;
-  choices.texts[1] = "VER";  // of the last one
-  Refresh(BuildFilterRecord(choices));
-  EXPECT_EQ(grid_.MarkCount(), 1U);
 }

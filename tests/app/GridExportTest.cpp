@@ -1,16 +1,11 @@
 // What an export writes, and what it leaves behind when it fails.
 #include "app/GridExport.h"
 
-#include <gtest/gtest.h>
-
 #include "app/EibiGrid.h"
 #include "tests/support/EibiLine.h"
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/Test.h"
 
-namespace {
-
-class GridExportTest : public testing::Test {
- protected:
+struct GridExportTest : testing::Test {
   void SetUp() override {
     ASSERT_TRUE(WriteFileBytes(folder_.File("eibi.txt"), EibiHeader() +
                                                              EibiLine("6005", "0600-0800", "", "Say \"Hello\"") + "\n" +
@@ -52,5 +47,3 @@ TEST_F(GridExportTest, AFailureLeavesWhatWasThereAndNothingElse) {
   WIN32_FIND_DATAA entry;
   EXPECT_EQ(FindFirstFileA(folder_.File("*.tmp").c_str(), &entry), INVALID_HANDLE_VALUE) << entry.cFileName;
 }
-
-}  // namespace

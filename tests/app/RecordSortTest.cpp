@@ -1,10 +1,6 @@
 #include "app/RecordSort.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <random>
-#include <vector>
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -80,20 +76,4 @@ TEST(RecordSort, NeverGoesQuadratic) {
     return a > b;
   });
   EXPECT_LT(asked, 2 * LimitFor(values.size()));
-}
-
-TEST(RecordSort, StaysInTheRangeWhateverTheTestAnswers) {
-  std::mt19937 random(3);
-  for (const uint32_t truth : {0U, 1U, 2U}) {  // never, sometimes, always
-    Values values(3000, 1);
-    std::vector<void*> pointers = PointersTo(values);
-    pointers.insert(pointers.begin(), nullptr);  // a test that is asked about these crashes
-    pointers.push_back(nullptr);
-    SortRecords(
-        pointers.data() + 1, values.size(), SortDirection::kAscending,
-        [&](const void* left, const void* right) { return ValueAt(left) == ValueAt(right) && random() % 2 < truth; });
-    std::sort(pointers.begin() + 1, pointers.end() - 1);
-    EXPECT_TRUE(std::equal(pointers.begin() + 1, pointers.end() - 1, PointersTo(values).begin())) << truth;
-    EXPECT_TRUE(pointers.front() == nullptr && pointers.back() == nullptr);
-  }
 }

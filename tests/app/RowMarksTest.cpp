@@ -1,10 +1,8 @@
 #include "app/RowMarks.h"
 
-#include <gtest/gtest.h>
-
-#include <random>
 #include <set>
-#include <string>
+
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -32,23 +30,19 @@ std::string Marked(const RowMarks& marks) {
 // with control; with several, control adds. Without an anchor the range is the row itself. The title row and rows below
 // the last are no rows.
 TEST(RowMarks, FollowsClicks) {
-  const struct {
-    const char* clicks;
-    const char* marked;
-    uint32_t anchorRow;
-  } kCases[] = {{"c3c3", "", 3},       {"c3c5", "e", 5},      {"p8s3", "cdefgh", 8}, {"s4s6", "def", 4},
-                {"p2s4c6", "bcdf", 6}, {"p2s4c3", "bd", 3},   {"p2s3c3c5", "e", 5},  {"p2s4s6", "bcdef", 2},
-                {"p2s4p7", "", 7},     {"p3p0p9s5", "cde", 3}};
+  const std::tuple<const char*, const char*, uint32_t> kCases[] = {
+      {"c3c3", "", 3},     {"c3c5", "e", 5},     {"p8s3", "cdefgh", 8},  {"s4s6", "def", 4}, {"p2s4c6", "bcdf", 6},
+      {"p2s4c3", "bd", 3}, {"p2s3c3c5", "e", 5}, {"p2s4s6", "bcdef", 2}, {"p2s4p7", "", 7},  {"p3p0p9s5", "cde", 3}};
   const Shown shown("abcdefgh");
-  for (const auto& each : kCases) {
+  for (const auto& [clicks, marked, anchorRow] : kCases) {
     RowMarks marks;
-    for (const char* click = each.clicks; *click; click += 2) {
+    for (const char* click = clicks; *click; click += 2) {
       const auto row = static_cast<uint32_t>(click[1] - '0');
       const auto kind = static_cast<ClickKind>(std::string_view("pcs").find(*click));
-      EXPECT_EQ(marks.Click(shown, row, kind), row >= 1 && row <= 8) << each.clicks;
+      EXPECT_EQ(marks.Click(shown, row, kind), row >= 1 && row <= 8) << clicks;
     }
-    EXPECT_EQ(Marked(marks), each.marked) << each.clicks;
-    EXPECT_EQ(marks.AnchorRow(), each.anchorRow) << each.clicks;
+    EXPECT_EQ(Marked(marks), marked) << clicks;
+    EXPECT_EQ(marks.AnchorRow(), anchorRow) << clicks;
   }
 }
 

@@ -1,9 +1,7 @@
 // Which files of the data folder are schedules, and which archive is the newest.
 #include "app/ScheduleFiles.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/Test.h"
 
 TEST(ScheduleFiles, TheNewestSeasonCounts) {
   const struct {
@@ -16,7 +14,7 @@ TEST(ScheduleFiles, TheNewestSeasonCounts) {
                 {{"a26all00.zip", "A26all01.zip"}, "A26all01.zip"},
                 {{"zzz.zip", "a12all00.zip"}, "a12all00.zip"},
                 {{"x.zip", "y.zip"}, "y.zip"}};
-  for (const auto& each : kCases) EXPECT_STREQ(NewestArchive(each.names).Chars(), each.newest);
+  for (const auto& [names, newest] : kCases) EXPECT_STREQ(NewestArchive(names).Chars(), newest);
 }
 
 TEST(ScheduleFiles, OnlyTheScheduleAndArchivesAreListed) {

@@ -1,21 +1,12 @@
 #include "app/SettingsStore.h"
 
-#include <gmock/gmock.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "app/PlacedWindow.h"
 #include "tests/support/FreshRegistry.h"
-
-namespace {
+#include "tests/support/Test.h"
 
 using testing::Each;
-using testing::ElementsAre;
 
-class SettingsStoreTest : public testing::Test {
- protected:
+struct SettingsStoreTest : testing::Test {
   // As the grids have them by themselves.
   static Settings Built() {
     Settings settings;
@@ -122,30 +113,3 @@ TEST(PlacedWindowTest, APlaceIsMovedInsideAndShrunkOnlyWhenItMust) {
   EXPECT_TRUE(PlacedWindow::IsReachable({900, 700, 300, 900}, area)) << "on to the monitors beside and below";
   EXPECT_FALSE(PlacedWindow::IsReachable({900, 40, 300, 900}, area)) << "nothing to drag it by";
 }
-
-TEST(PlacedWindowTest, WhatTheWindowMakesOfASizeLiesInsideToo) {
-  struct Limited : TmyComponent {
-    using TmyComponent::TmyComponent;
-    void ConstrainBounds(int&, int&, int& width, int& height) override {
-      width = std::max(width, 400);
-      height = std::max(height, 300);
-    }
-  };
-  auto* const window = new Limited("", WS_OVERLAPPEDWINDOW, 0, 0, 0, 500, 400, nullptr);
-  RECT area;
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
-  for (const int32_t size : {0, -1, 10}) {
-    for (const auto& [x, y] : {std::pair{-30000, -30000}, {30000, 30000}, {static_cast<int>(area.right) - 9, 0}}) {
-      const Settings::Place stored = {x, y, size, size};
-      PlacedWindow placed;
-      placed.Restore(*window, stored);
-      RECT all;
-      UnionRect(&all, &area, &window->Bounds());
-      EXPECT_TRUE(EqualRect(&all, &area)) << size << " at " << x;
-      EXPECT_EQ(placed.Current(*window), stored);
-    }
-  }
-  window->Destroy();
-}
-
-}  // namespace

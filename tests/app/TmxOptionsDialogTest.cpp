@@ -1,8 +1,6 @@
 #include "app/TmxOptionsDialog.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
+#include "tests/support/Test.h"
 
 namespace {
 

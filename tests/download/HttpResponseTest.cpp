@@ -1,8 +1,6 @@
 #include "download/HttpResponse.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -28,9 +26,7 @@ std::string InSlices(std::string_view answer, IsCut isCut) {
 
 const std::string kChunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: identity\r\n\r\n";
 
-const struct {
-  std::string answer, outcome;
-} kCases[] = {
+const std::tuple<std::string, std::string> kCases[] = {
     {"HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello, ignored", "done 3 hello 0"},
     {"HTTP/1.0 404\nX: y\ncOnTeNt-lEnGtH: 3\n\nabc", "done 4 abc 0"},
     {"A\r\nContent-Length:12\r\n\r\nhello", "done 3 he 0"},
@@ -51,11 +47,11 @@ const struct {
 };
 
 TEST(HttpResponseTest, EverySlicingOfAnAnswerGivesTheSame) {
-  for (const auto& c : kCases) {
-    EXPECT_EQ(InSlices(c.answer, [](size_t) { return true; }), c.outcome) << c.answer;
-    for (size_t pair = 0, size = c.answer.size(); pair < size * size; ++pair) {
+  for (const auto& [answer, outcome] : kCases) {
+    EXPECT_EQ(InSlices(answer, [](size_t) { return true; }), outcome) << answer;
+    for (size_t pair = 0, size = answer.size(); pair < size * size; ++pair) {
       const auto isCut = [=](size_t at) { return at == pair / size || at == pair % size; };
-      ASSERT_EQ(InSlices(c.answer, isCut), c.outcome) << c.answer << pair;
+      ASSERT_EQ(InSlices(answer, isCut), outcome) << answer << pair;
     }
   }
 }

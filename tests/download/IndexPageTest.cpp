@@ -1,9 +1,6 @@
 #include "download/IndexPage.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
+#include "tests/support/Test.h"
 
 namespace {
 

@@ -1,11 +1,9 @@
 #include "download/TmyHttpSocket.h"
 
-#include <gmock/gmock.h>
-
-#include <memory>
-
 #include "download/ServerNames.h"
+#include "tests/support/Pump.h"
 #include "tests/support/ScriptedServer.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -17,26 +15,15 @@ using Events = std::vector<std::string>;
 constexpr uint32_t kTimeOut = 400;  // milliseconds
 uint16_t port = 0;
 
-template <class Condition>
-bool PumpUntil(Condition condition, uint32_t milliseconds = 10000) {
-  for (const uint32_t start = GetTickCount(); !condition() && GetTickCount() - start < milliseconds;) {
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-    for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageA(&message);
-  }
-  return condition();
-}
-
 // In pages of its own, which are gone with it: to touch it afterwards ends the test.
-class Request : public TmyHttpSocket {
- public:
+struct Request : TmyHttpSocket {
   using TmyHttpSocket::Socket;
   using TmyHttpSocket::TmyHttpSocket;
   static void* operator new(size_t size) { return VirtualAlloc(nullptr, size, MEM_COMMIT, PAGE_READWRITE); }
   static void operator delete(void* object) { VirtualFree(object, 0, MEM_RELEASE); }
 };
 
-class TmyHttpSocketTest : public testing::Test {
- protected:
+struct TmyHttpSocketTest : testing::Test {
   // What the request of "/" reports besides progress, up to its end and a time-out longer.
   Events Run(const Reply& reply, const std::string& deletedIn = "none") {
     server_.Answer("/", reply);
@@ -59,7 +46,7 @@ class TmyHttpSocketTest : public testing::Test {
         SendMessageA(request_->Handle(), TmySocket::kEventMessage, request_->Socket(), FD_READ);
       return hasEnded_ || !request_;
     });
-    PumpUntil([] { return false; }, kTimeOut + 100);  // nothing may follow
+    PumpFor(kTimeOut + 100);  // nothing may follow
     return events_;
   }
   void Note(const std::string& event, bool isEnd = false) {
@@ -126,7 +113,7 @@ TEST_F(TmyHttpSocketTest, AFullReceiveBufferStopsReadingAndTheEndUntilItIsDraine
   ASSERT_TRUE(client.Connect("127.0.0.1", server_.Port()));
   client.Send("GET / HTTP/1.1\r\n\r\n");
   for (const LPARAM event : {FD_READ, FD_CLOSE}) {
-    PumpUntil([] { return false; }, 500);
+    PumpFor(500);
     SendMessageA(client.Handle(), TmySocket::kEventMessage, client.Socket(), event);
     EXPECT_EQ(client.Received().size(), TmySocket::kBufferLimit);
     client.TakeReceived(TmySocket::kBufferLimit);

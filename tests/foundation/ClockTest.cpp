@@ -1,8 +1,6 @@
 #include "foundation/Clock.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
+#include "tests/support/Test.h"
 
 namespace {
 

@@ -1,11 +1,6 @@
 #include "foundation/FrequencyText.h"
 
-#include <gmock/gmock.h>
-
-#include <string>
-#include <vector>
-
-namespace {
+#include "tests/support/Test.h"
 
 TEST(FrequencyText, ReadsWhatPeopleWrite) {
   std::vector<int64_t> read;
@@ -29,5 +24,3 @@ TEST(FrequencyText, WritesNoMoreDecimalsThanNeeded) {
   EXPECT_THAT(written, testing::ElementsAre("0", "9420", "9420.5", "9420.05", "9420.001", "-1.5",
                                             "-9223372036854775.808", "18446744073709551.615"));
 }
-
-}  // namespace

@@ -1,12 +1,6 @@
 #include "foundation/TmyBuffer.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <string>
-#include <utility>
-
-namespace {
+#include "tests/support/Test.h"
 
 TEST(TmyBuffer, GrowsByDoublingAndHalvesOnceACall) {
   TmyBuffer buffer;
@@ -33,18 +27,14 @@ TEST(TmyBuffer, ShortOfMemoryItWorksOn) {
 }
 
 TEST(TmyBuffer, DeletesWhatLiesInsideAndKeepsTheRestAlsoShortOfMemory) {
-  const struct {
-    uint32_t offset, count;
-    const char* left;
-  } kCases[] = {{0, 2, "cdef"}, {4, 0xFFFFFFFF, "abcd"}, {6, 1, "abcdef"}, {1, 4, "af"}, {0, 6, ""}};
-  for (const auto& row : kCases) {
+  const std::tuple<uint32_t, uint32_t, const char*> kCases[] = {
+      {0, 2, "cdef"}, {4, 0xFFFFFFFF, "abcd"}, {6, 1, "abcdef"}, {1, 4, "af"}, {0, 6, ""}};
+  for (const auto& [offset, count, left] : kCases) {
     TmyBuffer buffer(6, 0);
     buffer.SetSize(6);
     std::copy_n("abcdef", 6, buffer.Data());
     buffer.SetSize(0xFFFFFFFF);
-    EXPECT_TRUE(buffer.DeleteRange(row.offset, row.count));
-    EXPECT_EQ(std::string(buffer.Data(), buffer.Data() + buffer.Size()), row.left);
+    EXPECT_TRUE(buffer.DeleteRange(offset, count));
+    EXPECT_EQ(std::string(buffer.Data(), buffer.Data() + buffer.Size()), left);
   }
 }
-
-}  // namespace

@@ -1,12 +1,6 @@
 #include "foundation/TmyBufferVirtual.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <stdexcept>
-#include <utility>
-
-namespace {
+#include "tests/support/Test.h"
 
 TEST(TmyBufferVirtual, CommitsWholePagesAndNeverMoves) {
   TmyBufferVirtual buffer(1, 10 * 4096 - 5);
@@ -32,5 +26,3 @@ TEST(TmyBufferVirtual, TakesLessAddressSpaceOrThrows) {
   EXPECT_EQ(large.Capacity(), 4096U);
   EXPECT_THROW(TmyBufferVirtual(0xFFFFFFFF, 0), std::runtime_error);
 }
-
-}  // namespace

@@ -1,11 +1,7 @@
 #include "foundation/TmyFile.h"
 
-#include <gtest/gtest.h>
-
 #include "foundation/SwapFile.h"
-#include "tests/support/TestEnvironment.h"
-
-namespace {
+#include "tests/support/Test.h"
 
 TEST(TmyFile, WhoOnlyReadsMakesNoFileAndReadsUpToTheEnd) {
   const TemporaryFolder folder;
@@ -53,5 +49,3 @@ TEST(SwapFile, AHeldFileIsWrittenOverWhereItsHolderLetsOthersWrite) {
     EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
   }
 }
-
-}  // namespace

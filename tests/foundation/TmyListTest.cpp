@@ -1,14 +1,7 @@
 #include "foundation/TmyList.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-#include <random>
-#include <string>
-#include <vector>
-
 #include "foundation/TmyTypeList.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -27,14 +20,13 @@ TEST(TmyList, OutOfRangeIsNeutral) {
 }
 
 TEST(TmyList, DropsInsertsAtItsMaximum) {
-  const struct {
-    uint32_t initial, maximum, inserts, count, bytes;
-  } kCases[] = {{2, 3, 9, 3, 12}, {0, 5, 9, 5, 20}, {4, 2, 9, 2, 16}, {1, 0, 9, 9, 64}, {0xFFFFFFFF, 0, 3, 3, 16}};
-  for (const auto& row : kCases) {
-    TmyList list(row.initial, row.maximum);
-    for (uint32_t i = 0; i < row.inserts; ++i) list.Add(&things[0]);
-    EXPECT_EQ(list.Count(), row.count) << row.initial << " " << row.maximum;
-    EXPECT_EQ(list.Capacity(), row.bytes) << row.initial << " " << row.maximum;
+  const std::tuple<uint32_t, uint32_t, uint32_t, uint32_t, uint32_t> kCases[] = {
+      {2, 3, 9, 3, 12}, {0, 5, 9, 5, 20}, {4, 2, 9, 2, 16}, {1, 0, 9, 9, 64}, {0xFFFFFFFF, 0, 3, 3, 16}};
+  for (const auto& [initial, maximum, inserts, count, bytes] : kCases) {
+    TmyList list(initial, maximum);
+    for (uint32_t i = 0; i < inserts; ++i) list.Add(&things[0]);
+    EXPECT_EQ(list.Count(), count) << initial << " " << maximum;
+    EXPECT_EQ(list.Capacity(), bytes) << initial << " " << maximum;
   }
 }
 
@@ -49,29 +41,6 @@ TEST(TmyList, GivesMemoryBackAndKeepsToWholeEntries) {
   list.SetSize(17);
   list.Add(&things[1]);  // room for a part of an entry is no room
   EXPECT_EQ(list.Get(4), &things[1]);
-}
-
-TEST(TmyList, BehavesLikeAVector) {
-  std::mt19937 random(20260102);
-  TmyList list;
-  std::vector<void*> model;
-  for (int step = 0; step < 20000; ++step) {
-    void* const item = &things[random() % 8];
-    const auto count = static_cast<uint32_t>(model.size());
-    const auto index = static_cast<uint32_t>(random() % (count + 3));
-    const auto kind = random() % 5;
-    if (kind < 2) {
-      list.Insert(item, index);
-      model.insert(model.begin() + std::min(index, count), item);
-    } else if (kind < 4) {
-      ASSERT_EQ(list.Delete(index), index < count ? model[index] : nullptr) << step;
-      if (index < count) model.erase(model.begin() + index);
-    } else {
-      list.Exchange(index, count / 2);
-      if (index < count) std::swap(model[index], model[count / 2]);
-    }
-    ASSERT_EQ(std::vector<void*>(list.Entries(), list.Entries() + list.Count()), model) << step;
-  }
 }
 
 struct Item {

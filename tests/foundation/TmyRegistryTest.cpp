@@ -1,8 +1,7 @@
 #include "foundation/TmyRegistry.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/FreshRegistry.h"
+#include "tests/support/Test.h"
 
 // Which types and sizes are read as what is tested with the stored settings.
 TEST(TmyRegistry, ValuesEndWhereTheyEndOrTheBufferDoes) {

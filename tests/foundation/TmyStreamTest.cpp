@@ -1,11 +1,6 @@
 #include "foundation/TmyStream.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <string>
-
-namespace {
+#include "tests/support/Test.h"
 
 TEST(TmyStream, IsAQueueOfBytes) {
   TmyStream stream(4, 10);
@@ -35,5 +30,3 @@ TEST(TmyStream, WritesItsOwnBytesWhileItsBlockMoves) {
   stream.UnlockAndConsume(kHalf);
   EXPECT_EQ(stream.Data()[kHalf - 1], 'x');
 }
-
-}  // namespace

@@ -1,15 +1,6 @@
 #include "foundation/TmyStringList.h"
 
-#include <gtest/gtest.h>
-#include <windows.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
-#include "tests/support/TestEnvironment.h"
-
-namespace {
+#include "tests/support/Test.h"
 
 TEST(TmyStringList, SplitsAnyMixtureOfTerminators) {
   using Strings = std::vector<std::string>;
@@ -68,13 +59,10 @@ TEST(TmyStringList, FindComparesTheShorterText) {
   TmyStringList list;
   EXPECT_EQ(list.Find("a"), -1);
   for (const char* entry : {"a", "abc", "b", "d"}) list.Add(entry);
-  const struct {
-    const char* key;
-    uint32_t from, to;
-    int32_t expected;
-  } kCases[] = {{"ab", 0, 99, 1}, {"ab", 0, 0, 0}, {"c", 0, 0xFFFFFFFF, -1}, {"A", 0, 99, -1}, {"z", 0, 99, -1},
-                {"d", 3, 99, 3},  {"d", 2, 1, -1}, {"a", 99, 0, 0},          {"a", 2, 99, -1}, {"", 0, 99, 1}};
-  for (const auto& row : kCases) EXPECT_EQ(list.Find(row.key, row.from, row.to), row.expected) << row.key << row.from;
+  const std::tuple<const char*, uint32_t, uint32_t, int32_t> kCases[] = {
+      {"ab", 0, 99, 1}, {"ab", 0, 0, 0}, {"c", 0, 0xFFFFFFFF, -1}, {"A", 0, 99, -1}, {"z", 0, 99, -1},
+      {"d", 3, 99, 3},  {"d", 2, 1, -1}, {"a", 99, 0, 0},          {"a", 2, 99, -1}, {"", 0, 99, 1}};
+  for (const auto& [key, from, to, expected] : kCases) EXPECT_EQ(list.Find(key, from, to), expected) << key << from;
 }
 
 TEST(TmyStringList, InsertPositionIsInFrontOfEquals) {
@@ -83,5 +71,3 @@ TEST(TmyStringList, InsertPositionIsInFrontOfEquals) {
   const std::pair<const char*, uint32_t> kCases[] = {{"", 0}, {"a", 1}, {"aa", 2}, {"ab", 2}, {"b", 4}, {"\xE1", 5}};
   for (const auto& [text, place] : kCases) EXPECT_EQ(list.InsertPosition(text), place) << text;
 }
-
-}  // namespace

@@ -1,62 +1,29 @@
 #include "foundation/TmyString.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
-#include <cstring>
-#include <random>
-#include <string>
-#include <utility>
-#include <vector>
-
-namespace {
-
-using testing::ElementsAre;
+#include "tests/support/Test.h"
 
 TEST(TmyString, CapacityDependsOnHowAStringWasMade) {
   const TmyString five("abcde");
-  const struct {
-    TmyString text;
-    std::string_view expected;
-    uint32_t capacity;
-  } kCases[] = {{TmyString(nullptr, 7), "", 1},
-                {TmyString("a\0b", 3), std::string_view("a\0b", 3), 4},
-                {TmyString(L"caf\u00e9\u4e2d"), "caf\xE9?", 6},
-                {TmyString::WithRoom(3), "", 17},
-                {five + "12345678901", "abcde12345678901", 18},
-                {"12345678901" + five, "12345678901abcde", 17},
-                {static_cast<const char*>(nullptr) + five, "abcde", 17},
-                {TmyString::Repeat('-', 16), "----------------", 18},
-                {TmyString::FromDecimal(-7, 3, 6), "  -007", 33},
-                {TmyString::FromDecimal(7, 0, 40), "                                       7", 41},
-                {TmyString::FromDecimal(INT64_MIN), "-9223372036854775808", 33},
-                {TmyString::FromHex(0), "0", 18},
-                {TmyString::FromHex(0xAB, 20), "000000000000000000ab", 21},
-                {Formatted("%s-%lld", "a", -5000000000LL), "a--5000000000", 14}};
-  for (const auto& row : kCases) {
-    EXPECT_EQ(row.text.View(), row.expected);
-    EXPECT_EQ(row.text.Capacity(), row.capacity) << row.expected;
-    EXPECT_EQ(row.text.Chars()[row.text.Length()], 0) << row.expected;
+  const std::tuple<TmyString, std::string_view, uint32_t> kCases[] = {
+      {TmyString(nullptr, 7), "", 1},
+      {TmyString("a\0b", 3), std::string_view("a\0b", 3), 4},
+      {TmyString(L"caf\u00e9\u4e2d"), "caf\xE9?", 6},
+      {TmyString::WithRoom(3), "", 17},
+      {five + "12345678901", "abcde12345678901", 18},
+      {"12345678901" + five, "12345678901abcde", 17},
+      {static_cast<const char*>(nullptr) + five, "abcde", 17},
+      {TmyString::Repeat('-', 16), "----------------", 18},
+      {TmyString::FromDecimal(-7, 3, 6), "  -007", 33},
+      {TmyString::FromDecimal(7, 0, 40), "                                       7", 41},
+      {TmyString::FromDecimal(INT64_MIN), "-9223372036854775808", 33},
+      {TmyString::FromHex(0), "0", 18},
+      {TmyString::FromHex(0xAB, 20), "000000000000000000ab", 21},
+      {Formatted("%s-%lld", "a", -5000000000LL), "a--5000000000", 14}};
+  for (const auto& [text, expected, capacity] : kCases) {
+    EXPECT_EQ(text.View(), expected);
+    EXPECT_EQ(text.Capacity(), capacity) << expected;
+    EXPECT_EQ(text.Chars()[text.Length()], 0) << expected;
   }
-}
-
-TEST(TmyString, RoomIsMadeForWhatIsAskedAndNoMore) {
-  TmyString text = TmyString::WithRoom(100);
-  text += 'a';
-  EXPECT_EQ(text.Capacity(), 2U);  // the terminator alone fell short, so the block is made to measure
-  text += "bcd";
-  text.RemoveRight(2);
-  EXPECT_EQ(text.Capacity(), 5U);
-  const char* const characters = text.Chars();
-  {
-    TmyString moved(TmyString{text});
-    moved.SetTag(7);
-    EXPECT_EQ(moved.Capacity(), 3U);
-    const TmyString tagged = moved;
-    moved += "x";
-    EXPECT_EQ(moved.Tag(), 7U);
-  }
-  EXPECT_EQ(text.WritableAt(0), characters);  // the last holder needs no copy
 }
 
 TEST(TmyString, WritableAccessStaysInsideTheBlock) {
@@ -149,42 +116,3 @@ TEST(TmyString, ComparesUnsignedBytes) {
   EXPECT_THAT(orders, ElementsAre(0, -1, 1, 1, 1, -1));
   EXPECT_TRUE(ab > a && !(a > a) && !(zeroB == zeroC));
 }
-
-// Two strings that share now and then, changed at random beside two std::string that cannot share.
-TEST(TmyString, BehavesLikeAStringThatIsNeverShared) {
-  std::mt19937 random(20260101);
-  TmyString texts[2];
-  std::string models[2];
-  for (int step = 0; step < 20000; ++step) {
-    const size_t i = random() % 2;
-    TmyString& text = texts[i];
-    std::string& model = models[i];
-    const auto n = static_cast<uint32_t>(random() % 12);
-    const auto kind = random() % 6;
-    if (kind == 0 || model.size() > 400) {
-      text.RemoveLeft(n * 50);
-      model.erase(0, n * 50);
-    } else if (kind == 1) {
-      text = texts[1 - i];
-      model = models[1 - i];
-    } else if (kind == 2) {
-      text += static_cast<char>('a' + n);
-      model += static_cast<char>('a' + n);
-    } else if (kind == 3) {
-      text.RemoveRight(n);
-      model.resize(model.size() - std::min<size_t>(n, model.size()));
-    } else if (kind == 4 && n < model.size()) {
-      *text.WritableAt(n) = '*';
-      model[n] = '*';
-    } else {
-      text.Append(texts[n % 2].View().substr(texts[n % 2].Length() / 2));
-      model += std::string(models[n % 2].substr(models[n % 2].size() / 2));
-    }
-    for (const size_t k : {0U, 1U}) {
-      ASSERT_EQ(texts[k].View(), models[k]) << step;
-      ASSERT_GT(texts[k].Capacity(), texts[k].Length()) << step;
-    }
-  }
-}
-
-}  // namespace

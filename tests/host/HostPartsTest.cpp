@@ -1,12 +1,6 @@
-#include <gmock/gmock.h>
-
-#include <algorithm>
-#include <cstring>
-
-#include "host/AudioSource.h"
 #include "host/HostBlock.h"
-#include "host/Options.h"
 #include "host/Protocol.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -33,38 +27,6 @@ TEST(HostBlock, PointsIntoItself) {
   EXPECT_LT(WordAt(block.Address(), range), WordAt(block.Address(), range + 4));
 }
 
-TEST(HostBlock, OddShapes) {
-  HostBlock block;
-  block.SetShape(HostBlock::Shape::kNull);
-  EXPECT_EQ(block.Address(), nullptr);
-  for (const uint32_t size : {0u, 3u, 5000u}) {
-    block.SetShape(HostBlock::Shape::kSize, size);
-    EXPECT_EQ(WordAt(block.Address(), 0), size);
-    EXPECT_EQ(block.Size(), std::max(size, 4u));
-  }
-}
-
-TEST(AudioSource, BlocksAddUpToASecondAndBothFormsCarryTheSameTone) {
-  for (const uint32_t rate : {8000u, 11025u, 44100u, 48001u}) {
-    AudioSource source;
-    ASSERT_TRUE(source.SetFormat({AudioKind::kNoise, rate, 2, false}));
-    uint32_t count = 0;
-    for (uint32_t i = 0; i < AudioSource::kBlocksPerSecond; ++i) count += source.NextBlock()->sampleCount;
-    EXPECT_EQ(count, rate * 2);
-  }
-  AudioSource integers, floats;
-  EXPECT_FALSE(integers.SetFormat({AudioKind::kTone, 0, 1, false}));
-  EXPECT_FALSE(integers.SetFormat({AudioKind::kTone, 8000, 0, false}));
-  ASSERT_TRUE(integers.SetFormat({AudioKind::kTone, 48000, 1, false}));
-  ASSERT_TRUE(floats.SetFormat({AudioKind::kTone, 48000, 1, true}));
-  EXPECT_EQ(integers.SubCode(), 3u);
-  EXPECT_EQ(floats.SubCode(), 8u);
-  const auto* integer = reinterpret_cast<const int16_t*>(integers.NextBlock() + 1);
-  const auto* real = reinterpret_cast<const float*>(floats.NextBlock() + 1);
-  for (int i = 0; i < 960; ++i) EXPECT_NEAR(integer[i], real[i] * 32767, 1) << i;
-  EXPECT_NEAR(*std::max_element(real, real + 960), 0.5, 0.01);
-}
-
 TEST(Protocol, FrequencyTexts) {
   for (const auto& [text, expected] :
        {std::pair("9420.5", 9420500LL), {"0.001", 1}, {" 6005 ", 6005000}, {"21474836.47", 21474836470}}) {
@@ -76,15 +38,4 @@ TEST(Protocol, FrequencyTexts) {
   for (const char* text : {"", "x", "0", "-5", "12x", "inf", "21474836.48"})
     EXPECT_FALSE(ParseKilohertz(text, unread)) << text;
   EXPECT_EQ(KilohertzText(9420050) + KilohertzText(100), "9420.050.1");
-}
-
-TEST(Options, ReadsTheCommandLine) {
-  const char* words[] = {"host", "a.dll", "/l", "--script", "-", "--minimized", "--log", "x", "--what"};
-  Options options;
-  std::string reason;
-  ASSERT_TRUE(options.Parse(8, const_cast<char**>(words), reason));
-  EXPECT_EQ(options.plugin + options.script + options.log, "a.dll-x");
-  EXPECT_TRUE(options.minimized && options.pluginGiven);
-  EXPECT_FALSE(Options().Parse(7, const_cast<char**>(words), reason));
-  EXPECT_FALSE(Options().Parse(9, const_cast<char**>(words), reason));
 }

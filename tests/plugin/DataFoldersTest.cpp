@@ -1,12 +1,10 @@
 #include "plugin/DataFolders.h"
 
-#include <gtest/gtest.h>
-#include <windows.h>
-
 #include <filesystem>
 
 #include "foundation/TmyRegistry.h"
 #include "tests/support/FreshDocumentsFolder.h"
+#include "tests/support/Test.h"
 
 namespace fs = std::filesystem;
 
@@ -32,18 +30,15 @@ TEST(DataFolders, PluginFolderPrefersTheEnvironment) {
   TmyRegistry key;
   ASSERT_TRUE(key.Open(HKEY_LOCAL_MACHINE, "Software\\ZQN", KEY_ALL_ACCESS, true));
   const std::string longPath(3000, 'p');
-  struct {
-    const char *environment, *registry;
-    std::string folder;
-  } const kCases[] = {{nullptr, "C:\\registered", "C:\\registered"},
-                      {"C:\\set", "C:\\registered", "C:\\set"},
-                      {longPath.c_str(), nullptr, longPath}};
-  for (const auto& row : kCases) {
-    SetEnvironmentVariableA("ZQN_PLUGIN_PATH", row.environment);
+  const std::tuple<const char*, const char*, std::string> kCases[] = {{nullptr, "C:\\registered", "C:\\registered"},
+                                                                      {"C:\\set", "C:\\registered", "C:\\set"},
+                                                                      {longPath.c_str(), nullptr, longPath}};
+  for (const auto& [environment, registry, folder] : kCases) {
+    SetEnvironmentVariableA("ZQN_PLUGIN_PATH", environment);
     key.DeleteValue("SearchPath");
-    if (row.registry) key.WriteString("SearchPath", row.registry);
-    EXPECT_EQ(PluginFolder().Chars(), row.folder);
-    EXPECT_EQ(HelpFile().Chars(), row.folder + "\\marlux3.chm");
+    if (registry) key.WriteString("SearchPath", registry);
+    EXPECT_EQ(PluginFolder().Chars(), folder);
+    EXPECT_EQ(HelpFile().Chars(), folder + "\\marlux3.chm");
   }
   SetEnvironmentVariableA("ZQN_PLUGIN_PATH", nullptr);
   key.Close();

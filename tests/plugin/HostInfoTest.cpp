@@ -1,13 +1,6 @@
 #include "plugin/HostInfo.h"
 
-#include <gmock/gmock.h>
-#include <windows.h>
-
-#include <algorithm>
-#include <cstring>
-#include <utility>
-
-using testing::ElementsAre;
+#include "tests/support/Test.h"
 
 namespace {
 

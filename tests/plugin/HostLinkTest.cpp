@@ -1,10 +1,6 @@
 #include "plugin/HostLink.h"
 
-#include <gmock/gmock.h>
-
-#include <functional>
-#include <memory>
-#include <vector>
+#include "tests/support/Test.h"
 
 // What the host is told at the start, at tuning and at the end, and that it may end the plug-in inside each call, is
 // tested with the whole plug-in. Here is what a host can hardly be made to do.
@@ -20,8 +16,7 @@ uint32_t __stdcall Host(uint32_t, uint32_t code, uint32_t, uint32_t, uint32_t) {
   return answer;
 }
 
-class HostLinkTest : public testing::Test {
- protected:
+struct HostLinkTest : testing::Test {
   HostLinkTest() {
     codes.clear();
     inside = nullptr;

@@ -1,10 +1,6 @@
 #include "plugin/InstanceList.h"
 
-#include <gmock/gmock.h>
-
-#include <vector>
-
-using testing::ElementsAre;
+#include "tests/support/Test.h"
 
 namespace {
 

@@ -1,8 +1,6 @@
 #include "schedule/CZipper.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/Test.h"
 
 using zlib::CZipper;
 

@@ -1,9 +1,6 @@
 #include "schedule/Ciraf.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
+#include "tests/support/Test.h"
 
 TEST(Ciraf, ReadsZones) {
   const std::pair<const char*, const char*> kCases[] = {{"", ""},

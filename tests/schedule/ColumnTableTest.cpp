@@ -1,9 +1,6 @@
 #include "schedule/ColumnTable.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -62,15 +59,11 @@ TEST(ColumnTable, FindsCodesInTheOrderOfTheirBytes) {
     EXPECT_EQ(table.RowAt(position), kOrder[position]);
     EXPECT_EQ(table.PositionOf(kOrder[position]), position);
   }
-  const struct {
-    const char* code;
-    uint32_t from, to;
-    int32_t row;
-  } kCases[] = {
+  const std::tuple<const char*, uint32_t, uint32_t, int32_t> kCases[] = {
       {"A", 0, 7, 4}, {"AB", 0, 6, 2}, {"B", 0, 0xFFFFFFFF, 1}, {"\xC4", 0, 7, 6}, {"a", 0, 7, -1}, {"ABC", 0, 7, -1},
       {"", 0, 7, 3},  {"A", 2, 7, -1}, {"B", 0, 2, -1},         {"B", 3, 3, 1},    {"A", 7, 3, -1}, {nullptr, 0, 7, -1},
   };
-  for (const auto& each : kCases) EXPECT_EQ(table.FindCode(each.code, each.from, each.to), each.row) << each.code;
+  for (const auto& [code, from, to, row] : kCases) EXPECT_EQ(table.FindCode(code, from, to), row) << code;
   EXPECT_STREQ(table.Text(2, 1), "3");
   for (const int32_t row : {-1, 7}) EXPECT_STREQ(table.Text(row, 1), "");
   EXPECT_STREQ(table.Text(2, 3), "");
@@ -85,14 +78,12 @@ TEST(ColumnTable, FindsCodesInTheOrderOfTheirBytes) {
 
 TEST(ColumnTable, RefusesWhatMakesNoSense) {
   constexpr uint32_t kFalling[] = {0, 8, 4};
-  const struct {
-    const uint32_t* starts;
-    uint32_t columns, sortKey;
-  } kCases[] = {{kFalling, 3, 0}, {kStarts, 0, 0}, {kStarts, 3, 3}, {kStarts, ColumnTable::kMostColumns + 1, 0}};
+  const std::tuple<const uint32_t*, uint32_t, uint32_t> kCases[] = {
+      {kFalling, 3, 0}, {kStarts, 0, 0}, {kStarts, 3, 3}, {kStarts, ColumnTable::kMostColumns + 1, 0}};
   ColumnTable table;
-  for (const auto& each : kCases) {
+  for (const auto& [starts, columns, sortKey] : kCases) {
     ASSERT_TRUE(Load(table, "A\r\nB", true));
-    EXPECT_FALSE(table.Load("A", 1, each.starts, each.columns, each.sortKey, true));
+    EXPECT_FALSE(table.Load("A", 1, starts, columns, sortKey, true));
     EXPECT_EQ(table.FindCode("A", 0, 7), -1) << "what was there is gone";
   }
   EXPECT_TRUE(Load(table, std::string(ColumnTable::kMostRows + 5, '\n')));

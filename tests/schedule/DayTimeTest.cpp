@@ -1,11 +1,6 @@
 #include "schedule/DayTime.h"
 
-#include <gmock/gmock.h>
-
-#include <string>
-#include <vector>
-
-using testing::ElementsAre;
+#include "tests/support/Test.h"
 
 TEST(DayTime, FindsCodesExactly) {
   for (uint32_t day = 0; day < kDaysOfWeek; ++day) EXPECT_EQ(DayIndex(kDayCodes[day]), static_cast<int32_t>(day));

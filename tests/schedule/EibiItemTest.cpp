@@ -1,48 +1,39 @@
 #include "schedule/EibiItem.h"
 
-#include <gmock/gmock.h>
-
-#include <cstring>
-#include <string>
-#include <vector>
-
 #include "schedule/DayTime.h"
 #include "tests/support/EibiLine.h"
+#include "tests/support/Test.h"
 
 // Unknown codes set nothing and add nothing, free text stays. Digits that are no day are passed over; what "%d" would
 // not write back is free text.
 TEST(EibiItem, ReadsEveryFormOfTheDaysField) {
-  const struct {
-    const char* field;
-    const char* text;
-    uint8_t mask;
-  } kCases[] = {{"", "All days", 0x7F},
-                {"Mo-Fr", "Workdays", 0x3E},
-                {"Sa,Su", "Weekend", 0x41},
-                {"Sa-Su", "Weekend", 0x41},
-                {"Fr-Mo", "Fri-Mon", 0x63},
-                {"We-We", "Wed-Wed", 0x7F},
-                {"We,Sa", "Wed, Sat", 0x48},
-                {"Tu", "Tuesday", 0x04},
-                {"Xx-Fr", "", 0},
-                {"FrXx", "Fri", 0x20},
-                {"Fr-Xx", "Fri", 0x20},
-                {"Tests", "Tests", 0},
-                {"1.Sa", "1.Sa", 0},
-                {"57", "Fri, Sun", 0x21},
-                {"-1359", "Mon, Wed, Fri", 0x2A},
-                {"2147483648", "2147483648", 0},
-                {"-0", "", 0},
-                {"012", "012", 0},
-                {"\xFC\xFF\x80", "\xFC\xFF\x80", 0}};
-  for (const auto& each : kCases) {
+  const std::tuple<const char*, const char*, uint8_t> kCases[] = {{"", "All days", 0x7F},
+                                                                  {"Mo-Fr", "Workdays", 0x3E},
+                                                                  {"Sa,Su", "Weekend", 0x41},
+                                                                  {"Sa-Su", "Weekend", 0x41},
+                                                                  {"Fr-Mo", "Fri-Mon", 0x63},
+                                                                  {"We-We", "Wed-Wed", 0x7F},
+                                                                  {"We,Sa", "Wed, Sat", 0x48},
+                                                                  {"Tu", "Tuesday", 0x04},
+                                                                  {"Xx-Fr", "", 0},
+                                                                  {"FrXx", "Fri", 0x20},
+                                                                  {"Fr-Xx", "Fri", 0x20},
+                                                                  {"Tests", "Tests", 0},
+                                                                  {"1.Sa", "1.Sa", 0},
+                                                                  {"57", "Fri, Sun", 0x21},
+                                                                  {"-1359", "Mon, Wed, Fri", 0x2A},
+                                                                  {"2147483648", "2147483648", 0},
+                                                                  {"-0", "", 0},
+                                                                  {"012", "012", 0},
+                                                                  {"\xFC\xFF\x80", "\xFC\xFF\x80", 0}};
+  for (const auto& [field, text, mask] : kCases) {
     EibiItem item;
     item.SetDays("1234567");  // a field must leave nothing of the one before
-    item.SetDays(each.field);
-    EXPECT_STREQ(item.daysText, each.text) << each.field;
-    EXPECT_EQ(item.dayMask, each.mask) << each.field;
-    for (uint32_t day = 0; day < kDaysOfWeek; ++day) EXPECT_EQ(item.dayFlags[day], each.mask & DayBit(day) ? 1 : 0);
-    EXPECT_STREQ(item.rawDays, std::string(each.field).substr(0, 9).c_str());
+    item.SetDays(field);
+    EXPECT_STREQ(item.daysText, text) << field;
+    EXPECT_EQ(item.dayMask, mask) << field;
+    for (uint32_t day = 0; day < kDaysOfWeek; ++day) EXPECT_EQ(item.dayFlags[day], mask & DayBit(day) ? 1 : 0);
+    EXPECT_STREQ(item.rawDays, std::string(field).substr(0, 9).c_str());
   }
 }
 
@@ -67,27 +58,23 @@ TEST(EibiItem, ReadsFrequenciesAsHertz) {
 }
 
 TEST(EibiItem, ReadsTimes) {
-  const struct {
-    const char* field;
-    int32_t start, end;
-    const char* startText;
-    const char* endText;
-  } kCases[] = {{"0000-2400", 0, 86400, "00:00", "24:00"},
-                {"2200-0100", 79200, 3600, "22:00", "01:00"},
-                {"", -1, -1, "-", "-"},
-                {"9 30-1 5", 34200, 3900, "9 :30", "1 :5"},
-                {"+1-1-- 9", 3540, 540, "+1:-1", "- :9"},
-                {"22", 79200, 0, "22:", ":"},
-                {"9999-9999", 362340, 362340, "99:99", "99:99"},
-                {"abcd-1x2y", 0, 3720, "ab:cd", "1x:2y"},
-                {"0900/10005", 32400, 36000, "09:00", "10:00"}};
-  for (const auto& each : kCases) {
+  const std::tuple<const char*, int32_t, int32_t, const char*, const char*> kCases[] = {
+      {"0000-2400", 0, 86400, "00:00", "24:00"},
+      {"2200-0100", 79200, 3600, "22:00", "01:00"},
+      {"", -1, -1, "-", "-"},
+      {"9 30-1 5", 34200, 3900, "9 :30", "1 :5"},
+      {"+1-1-- 9", 3540, 540, "+1:-1", "- :9"},
+      {"22", 79200, 0, "22:", ":"},
+      {"9999-9999", 362340, 362340, "99:99", "99:99"},
+      {"abcd-1x2y", 0, 3720, "ab:cd", "1x:2y"},
+      {"0900/10005", 32400, 36000, "09:00", "10:00"}};
+  for (const auto& [field, start, end, startText, endText] : kCases) {
     EibiItem item;
-    ASSERT_TRUE(item.Parse(EibiLine("6005", each.field))) << each.field;
-    EXPECT_EQ(item.start, each.start) << each.field;
-    EXPECT_EQ(item.end, each.end) << each.field;
-    EXPECT_STREQ(item.startText, each.startText) << each.field;
-    EXPECT_STREQ(item.endText, each.endText) << each.field;
+    ASSERT_TRUE(item.Parse(EibiLine("6005", field))) << field;
+    EXPECT_EQ(item.start, start) << field;
+    EXPECT_EQ(item.end, end) << field;
+    EXPECT_STREQ(item.startText, startText) << field;
+    EXPECT_STREQ(item.endText, endText) << field;
   }
 }
 

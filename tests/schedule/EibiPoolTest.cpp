@@ -1,14 +1,7 @@
 #include "schedule/EibiPool.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstring>
-#include <memory>
-#include <random>
-#include <vector>
-
 #include "schedule/EibiItem.h"
+#include "tests/support/Test.h"
 
 // Records of several chunks and of their own, freed in any order, some after their pool: each keeps its bytes until it
 // goes.

@@ -1,8 +1,6 @@
 #include "scheduler/AudioBlock.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
+#include "tests/support/Test.h"
 
 TEST(AudioBlock, FloatsAreTruncatedAndKeepTheirLowBits) {
   const float kValues[] = {0.5F, -0.5F, 1, -1, 0.00003F, 1.0001F, 2, -4, 65538, 65539, NAN, -INFINITY};

@@ -1,14 +1,9 @@
 // Changes of the file and blocks that end early; the rest of the way is tested with the whole plug-in.
 #include "scheduler/AudioFeed.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include "tests/support/TestEnvironment.h"
-
-namespace {
-
-class AudioFeedTest : public testing::Test {
- public:
+struct AudioFeedTest : testing::Test {
   AudioFeedTest() {
     recorder_->StartRecording(folder_.File("a.wav").c_str(), 48000, 2, 16);
     feed_.fileFailed.Bind<&AudioFeedTest::Failed>(this);
@@ -76,5 +71,3 @@ TEST_F(AudioFeedTest, WhatABlockOfTwoChannelsDoesNotHaveIsSilence) {
   EXPECT_TRUE(Data("a.wav", 9000) == std::string("\x40\x1F\0\0", 4) + data);
   VirtualFree(pages, 0, MEM_RELEASE);
 }
-
-}  // namespace

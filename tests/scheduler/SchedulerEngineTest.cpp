@@ -1,32 +1,9 @@
 #include "scheduler/SchedulerEngine.h"
 
-#include <gmock/gmock.h>
-
-#include <cstdlib>
-#include <functional>
-#include <new>
-#include <utility>
-#include <vector>
-
 #include "foundation/Clock.h"
 #include "tests/support/FreshDocumentsFolder.h"
+#include "tests/support/Test.h"
 #include "toolkit/TmyApplication.h"
-
-using testing::ElementsAre;
-
-static uint32_t allocations = 0;  // of the whole program
-
-[[gnu::noinline]] void* operator new(size_t bytes) {
-  ++allocations;
-  if (void* block = std::malloc(bytes)) return block;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* block) noexcept {
-  std::free(block);
-}
-[[gnu::noinline]] void operator delete(void* block, size_t) noexcept {
-  std::free(block);
-}
 
 namespace {
 
@@ -53,8 +30,7 @@ class Owner : public TmyComponent, public RecordingOwner {
   TmyMediaPlayer* media_ = new TmyMediaPlayer(*this);  // belongs to its window
 };
 
-class SchedulerEngineTest : public testing::Test {
- protected:
+struct SchedulerEngineTest : testing::Test {
   SchedulerEngineTest() {
     Clock::Hold({2026, 3, 0, 2, 12, 0, 0, 0}, 0);
     for (const uint32_t frequency : {1, 2, 3}) {
@@ -112,15 +88,4 @@ TEST_F(SchedulerEngineTest, SurvivesWhatTheHostDoesInside) {
   EXPECT_EQ(Tick(), 0u);
   EXPECT_EQ(Tick(), 2u);
   EXPECT_THAT(owner_->tuned, ElementsAre(1, 2));
-}
-
-TEST_F(SchedulerEngineTest, ATickAsksForNoMemoryWhileNothingChanges) {
-  for (uint32_t i = 0; i < 1000; ++i) tasks_.Insert(std::make_unique<TmxTask>(), 0);
-  for (const bool isLastRunning : {false, true}) {
-    for (uint32_t i = 1000; i < tasks_.Count(); ++i) tasks_.Get(i)->enabled = isLastRunning && i == 1002;
-    EXPECT_EQ(Tick(), isLastRunning ? 3u : 0u);
-    const uint32_t before = allocations;
-    for (int i = 0; i < 10; ++i) engine_.Tick();
-    EXPECT_EQ(allocations, before);
-  }
 }

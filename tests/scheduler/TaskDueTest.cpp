@@ -1,8 +1,7 @@
 #include "scheduler/TaskDue.h"
 
-#include <gtest/gtest.h>
-
 #include "scheduler/NewTask.h"
+#include "tests/support/Test.h"
 
 namespace {
 

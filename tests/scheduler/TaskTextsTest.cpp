@@ -1,8 +1,7 @@
 #include "scheduler/TaskTexts.h"
 
-#include <gmock/gmock.h>
-
 #include "scheduler/TaskTime.h"
+#include "tests/support/Test.h"
 
 namespace {
 

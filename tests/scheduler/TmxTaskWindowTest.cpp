@@ -6,8 +6,7 @@
 
 namespace {
 
-class TmxTaskWindowTest : public SchedulerFixture {
- protected:
+struct TmxTaskWindowTest : SchedulerFixture {
   TmxTaskWindowTest() { Clock::Hold({2026, 11, 6, 21, 12, 0, 0, 0}, 7200); }
   ~TmxTaskWindowTest() override { Clock::Release(); }
 

@@ -1,10 +1,7 @@
 #include "scheduler/TmyMediaPlayer.h"
 
-#include <functional>
-#include <vector>
-
 #include "scheduler/TmyWaveFilePCM.h"
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/Pump.h"
 #include "tests/toolkit/ControlFixture.h"
 
 namespace {
@@ -14,8 +11,7 @@ using Player = TmyMediaPlayer;
 constexpr uint32_t kRate = 8000;
 constexpr uint32_t kBytesPerMillisecond = 16;
 
-class MediaPlayerTest : public ControlFixture {
- public:
+struct MediaPlayerTest : ControlFixture {
   MediaPlayerTest() {
     player_->SetBounds(0, 0, 620, player_->PreferredHeight(620));
     player_->stateChanged.Bind<&MediaPlayerTest::Changed>(this);
@@ -40,13 +36,6 @@ class MediaPlayerTest : public ControlFixture {
     player_->StopRecording();
     states_.clear();
   }
-  static bool WaitFor(const std::function<bool()>& condition) {
-    for (const DWORD start = GetTickCount(); GetTickCount() - start < 8000; Sleep(5)) {
-      Input::Pump();
-      if (condition()) return true;
-    }
-    return false;
-  }
   uint32_t DataSizeInFile() const {
     const std::string file = ReadFileBytes(path_.Chars());
     return reinterpret_cast<const WaveHeader*>(file.data())->dataSize;
@@ -62,16 +51,16 @@ TEST_F(MediaPlayerTest, PlaysToTheEndAndAPauseHoldsThePlace) {
   EXPECT_STREQ(player_->TimeText().Chars(), "00:00:00 / 00:00:00");
   MakeFile(2600);
   Press(Player::kPlay);
-  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > 0; })) << "is there a sound device?";
+  EXPECT_TRUE(PumpUntil([&] { return player_->Slider().Position() > 0; })) << "is there a sound device?";
   EXPECT_STREQ(player_->TimeText().Chars(), "00:00:00 / 00:00:02");
   Press(Player::kPause);
   const int64_t at = player_->Slider().Position();
   Sleep(1500);
   Press(Player::kPause);
-  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > at; }));
+  EXPECT_TRUE(PumpUntil([&] { return player_->Slider().Position() > at; }));
   EXPECT_LT(player_->Slider().Position(), at + 1000);
   SetFocus(player_->Slider().Handle());
-  EXPECT_TRUE(WaitFor([&] { return player_->StateCode() == Player::kIdle; }));
+  EXPECT_TRUE(PumpUntil([&] { return player_->StateCode() == Player::kIdle; }));
   EXPECT_EQ(GetFocus(), player_->Handle()) << "the slider is disabled now";
 }
 
@@ -89,10 +78,10 @@ TEST_F(MediaPlayerTest, BackAndForwardGoTwoSecondsToWholeOnes) {
   }
   Press(Player::kPause);
   Press(Player::kBack);
-  EXPECT_TRUE(WaitFor([&] { return player_->Slider().Position() > 4000; })) << "plays on from there";
+  EXPECT_TRUE(PumpUntil([&] { return player_->Slider().Position() > 4000; })) << "plays on from there";
   EXPECT_LT(player_->Slider().Position(), 6000);
   Input::Drag(player_->Slider(), 100, 5, 600, 5);
-  EXPECT_TRUE(WaitFor([&] { return player_->StateCode() == Player::kIdle; }));
+  EXPECT_TRUE(PumpUntil([&] { return player_->StateCode() == Player::kIdle; }));
 }
 
 TEST_F(MediaPlayerTest, OnlyButtonsThatDoSomethingAreEnabled) {
@@ -152,26 +141,6 @@ TEST_F(MediaPlayerTest, WhatCannotBeOpenedIsSilent) {
   player_->StartRecording("C:\\no such folder\\x.wav", kRate, 1, 16);
   EXPECT_FALSE(Feed(20));
   EXPECT_EQ(states_, std::vector<int32_t>{Player::kRecording});
-}
-
-MediaPlayerTest* dialogTest;
-
-// The dialog runs a loop of its own: a recording begins in it, and the window goes.
-void CALLBACK DialogTick(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND dialog = FindWindowA(nullptr, "Open WAV for playback");
-  if (!dialog || !IsWindowVisible(dialog)) return;
-  KillTimer(nullptr, timer);
-  dialogTest->player_->StartRecording(dialogTest->path_, kRate, 1, 16);
-  EXPECT_TRUE(dialogTest->Feed(1000));
-  dialogTest->Close();
-}
-
-TEST_F(MediaPlayerTest, ARecordingIsWholeWhenItsWindowGoesWhileTheOpenDialogIsUp) {
-  dialogTest = this;
-  SetTimer(nullptr, 0, 50, &DialogTick);
-  Press(Player::kOpen);
-  EXPECT_EQ(window_, nullptr);
-  EXPECT_EQ(DataSizeInFile(), 1000 * kBytesPerMillisecond);
 }
 
 }  // namespace

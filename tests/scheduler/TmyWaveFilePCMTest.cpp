@@ -1,10 +1,6 @@
 #include "scheduler/TmyWaveFilePCM.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/Test.h"
 
 namespace {
 

@@ -1,8 +1,6 @@
 #include "scheduler/ZoneTime.h"
 
-#include <gtest/gtest.h>
-
-namespace {
+#include "tests/support/Test.h"
 
 constexpr int32_t kHour = 3600;
 
@@ -18,5 +16,3 @@ TEST(ZoneTimeTest, MeansTheSameMomentInEveryZone) {
   EXPECT_EQ(UtcOfLocal(1800, 2 * kHour), 81000u);  // and in summer
   EXPECT_EQ(LocalOfUtc(0xFFFFFFFF, 0), 23295u);    // out of a file
 }
-
-}  // namespace

@@ -10,7 +10,11 @@
 
 class FreshDocumentsFolder {
  public:
-  FreshDocumentsFolder();
+  FreshDocumentsFolder() {
+    constexpr char kKey[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
+    RegSetKeyValueA(HKEY_CURRENT_USER, kKey, "Personal", REG_EXPAND_SZ, Path().c_str(),
+                    static_cast<DWORD>(Path().size() + 1));
+  }
   FreshDocumentsFolder(const FreshDocumentsFolder&) = delete;
   FreshDocumentsFolder& operator=(const FreshDocumentsFolder&) = delete;
 

@@ -8,11 +8,19 @@
 
 class FreshRegistry {
  public:
-  FreshRegistry();
-  ~FreshRegistry();
+  FreshRegistry() {
+    HKEY key = nullptr;
+    if (RegCreateKeyA(HKEY_CURRENT_USER, name_.c_str(), &key) != ERROR_SUCCESS) return;
+    RegOverridePredefKey(HKEY_CURRENT_USER, key);
+    RegCloseKey(key);
+  }
+  ~FreshRegistry() {
+    RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    RegDeleteTreeA(HKEY_CURRENT_USER, name_.c_str());
+  }
   FreshRegistry(const FreshRegistry&) = delete;
   FreshRegistry& operator=(const FreshRegistry&) = delete;
 
  private:
-  std::string name_;
+  const std::string name_ = "Software\\Marlux3Test-" + std::to_string(GetCurrentProcessId());
 };

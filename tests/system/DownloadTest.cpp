@@ -10,16 +10,13 @@
 
 using testing::IsEmpty;
 
-namespace {
-
 using End = ScriptedServer::End;
 constexpr char kEibi[] = "/dx/eibi.txt";
 constexpr char kIndex[] = "/data/index.html";
 constexpr char kCheck[] = "&Check for DB updates";
 constexpr char kQuestion[] = "Database files initialization needed";
 
-class Download : public PluginFixture {
- public:  // tables of functions reach in
+struct Download : PluginFixture {
   Download() : PluginFixture(FakeHost::LoopbackModulePath()) {
     eibi_.emplace();
     hfcc_.emplace("127.0.0.2", eibi_->Port());
@@ -60,8 +57,6 @@ class Download : public PluginFixture {
 
   std::optional<ScriptedServer> eibi_, hfcc_;
 };
-
-}  // namespace
 
 TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
   const std::string again = " web page.\r\nPlease check your Internet connection and try again.";
@@ -134,15 +129,15 @@ TEST_F(Download, AWholeRunFromAWebServer) {
 }
 
 TEST_F(Download, AnErrorPageInPlaceOfEitherDocument) {
-  eibi_->Answer(kEibi, {"HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\nNo!\n"});
   hfcc_->Answer(kIndex, {ScriptedServer::Document("<ul>")});
   const HWND window = StartPlugin();
   const std::string aside = documents_.DataFolder() + "\\eibi.bak.new";
   std::filesystem::create_directory(aside);
-  for (int run = 0; run < 3; ++run) {
+  for (const std::string page : {"No 1", "No 2", "No 3"}) {
+    eibi_->Answer(kEibi, {"HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n" + page});
     EXPECT_EQ(Run(window), "Retrieving the HFCC web page...\r\nIncorrect HFCC web page format!");
     const bool isKept = !std::filesystem::remove(aside);
-    EXPECT_EQ(File("eibi.txt"), isKept ? "No!\n" : ThreeBroadcasts());
+    EXPECT_EQ(File("eibi.txt"), isKept ? page : ThreeBroadcasts());
   }
   EXPECT_EQ(File("eibi.bak"), ThreeBroadcasts()) << "the second page must not push it out";
   EXPECT_EQ(Counts(window), "3 of 3 broadcasts");

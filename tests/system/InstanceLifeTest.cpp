@@ -7,8 +7,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class InstanceLife : public PluginFixture {
- public:  // tables of functions reach in
+struct InstanceLife : PluginFixture {
   void ByHost(HWND) { host_.Close(7); }
   void ByCloseBox(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
   void ByMessage(HWND window) { SendMessageA(window, WM_CLOSE, 0, 0); }
@@ -63,8 +62,9 @@ TEST_F(InstanceLife, TwoInstancesAreReachedByTheirHandles) {
       Key(Grid(host_.WindowOf(handle)), VK_HOME);
       EXPECT_THAT(host_.Calls(), IsEmpty());
       Key(Grid(host_.WindowOf(handle)), VK_RETURN);
-      ASSERT_EQ(host_.Calls().size(), 4u) << handle;
-      for (const HostCall& call : host_.Calls()) EXPECT_EQ(call.instance, instances[handle]);
+      const uint32_t to = instances[handle];
+      EXPECT_THAT(host_.Calls(), ElementsAre(HostCall{to, 0x800, 9420000, 0, "0"}, HostCall{to, 0x900, 1, 0, "0"},
+                                             HostCall{to, 0xF00, 0, 0, "0"}, HostCall{to, 0x902, 5000, 0, "0"}));
       host_.Clear();
       host_.Close(handle);
       host_.Close(handle);

@@ -21,8 +21,7 @@ std::string Wav(uint32_t rate, uint32_t channels, const std::string& data) {
 
 const std::string kFirst(6000, 'a'), kSecond(8000, 'b');
 
-class Recording : public PluginFixture {
- protected:
+struct Recording : PluginFixture {
   // The grid's current one.
   void RecordRow(HWND window, const std::vector<uint32_t>& codes = {0x800, 0x900, 0xF00, 0x902, 0x1101}) {
     ChooseInGrid(window, 'r');

@@ -10,6 +10,7 @@
 
 namespace {
 
+using ModuleClock::Ticks;
 using std::chrono::days;
 using std::chrono::seconds;
 using std::chrono::sys_days;
@@ -21,10 +22,6 @@ constexpr seconds kLocalOffset{5 * 3600 + 1800};
 constexpr sys_days kMonday = std::chrono::year(2026) / 3 / 2;
 constexpr sys_days kFirstDay = std::chrono::year(1601) / 1 / 1;
 sys_seconds& now = ModuleClock::utc;
-
-uint64_t Ticks(sys_seconds time) {
-  return ModuleClock::Ticks(time);
-}
 
 // One record of the task file.
 struct Task {
@@ -83,8 +80,7 @@ struct Model {
   }
 };
 
-class WeekTest : public PluginFixture {
- public:
+struct WeekTest : PluginFixture {
   uint32_t Below(uint32_t end) { return random_() % end; }
   uint64_t DateInTheWeek() { return Ticks(kMonday + days(Below(7)) + seconds(Below(86400))) + Below(10'000'000); }
   // Times lie on five minutes, where the test looks second by second; some reach beyond the day.

@@ -1,10 +1,5 @@
 // The component model: dispatch of messages to windows and drawn controls, double clicks, focus, destruction.
-#include <gmock/gmock.h>
-
-#include <string>
-#include <tuple>
-#include <vector>
-
+#include "tests/support/Pump.h"
 #include "tests/toolkit/ControlFixture.h"
 #include "toolkit/FocusOrder.h"
 #include "toolkit/TmyHoveringMonitor.h"
@@ -14,8 +9,6 @@
 namespace {
 
 using Events = std::vector<std::string>;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A drawn control that writes down what it is told.
 class Probe : public TmyControl {
@@ -40,8 +33,8 @@ class Probe : public TmyControl {
 
 class Window : public TmyComponent {
  public:
-  explicit Window(Events& events, TmyComponent* parent = nullptr, DWORD style = WS_POPUP, POINT at = {10, 20})
-      : TmyComponent("Test", style, 0, at.x, at.y, 200, 100, parent), events_(events) {}
+  explicit Window(Events& events, TmyComponent* parent = nullptr, DWORD style = WS_POPUP)
+      : TmyComponent("Test", style, 0, 10, 20, 200, 100, parent), events_(events) {}
   ~Window() override { events_.push_back("deleted"); }
 
   void Escape() override { events_.push_back("escape"); }
@@ -51,7 +44,6 @@ class Window : public TmyComponent {
   void MouseWheel(WPARAM keysAndNotches, TmyComponent*) override {
     events_.push_back("wheel " + std::to_string(static_cast<int16_t>(HIWORD(keysAndNotches))));
   }
-  void ConstrainBounds(int&, int&, int& width, int&) override { width = std::max(width, 150); }
   void Timer(uintptr_t) override {
     TopLevel()->Destroy();
     events_.push_back(IsAlive() ? "alive" : "destroyed");
@@ -61,16 +53,7 @@ class Window : public TmyComponent {
   Events& events_;
 };
 
-void PumpFor(uint32_t milliseconds) {
-  const uint32_t end = GetTickCount() + milliseconds;
-  while (static_cast<int32_t>(end - GetTickCount()) > 0) {
-    Input::Pump();
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-  }
-}
-
-class ComponentTest : public testing::Test {
- protected:
+struct ComponentTest : testing::Test {
   void TearDown() override {
     window_->Destroy();
     Input::Pump();
@@ -81,23 +64,6 @@ class ComponentTest : public testing::Test {
   Events events_;
   Window* window_ = new Window(events_);  // deleted by its window
 };
-
-TEST_F(ComponentTest, ClassIsNamedByTheModulesLoadAddress) {
-  char name[40] = {};
-  GetClassNameA(window_->Handle(), name, sizeof(name));
-  EXPECT_EQ(Formatted("TmyComponent %x", reinterpret_cast<uintptr_t>(GetModuleHandleA(nullptr)) >> 16), name);
-}
-
-TEST_F(ComponentTest, MinusOneTwiceCentresTheWindow) {
-  const POINT centre = {(GetSystemMetrics(SM_CXSCREEN) - 200) / 2, (GetSystemMetrics(SM_CYSCREEN) - 100) / 2};
-  const std::pair<POINT, POINT> cases[] = {{{-1, -1}, centre}, {{-1, 0}, {-1, 0}}, {{0, -1}, {0, -1}}};
-  for (const auto& [asked, at] : cases) {
-    auto* other = new Window(events_, nullptr, WS_POPUP, asked);
-    EXPECT_EQ(other->Bounds().left, at.x);
-    EXPECT_EQ(other->Bounds().top, at.y);
-    other->Destroy();
-  }
-}
 
 TEST_F(ComponentTest, DrawnControlsGetTheMouseInTheirOwnCoordinatesUntilItIsReleased) {
   Probe lower(*window_, events_, "lower"), upper(*window_, events_, "upper");
@@ -141,12 +107,6 @@ TEST_F(ComponentTest, EscapeAndConfirmReachTheTopLevelWindow) {
   PostMessageA(inner->Handle(), kMsgConfirm, 0, 0);
   Input::Pump();
   EXPECT_THAT(events_, ElementsAre("escape", "confirm"));
-}
-
-TEST_F(ComponentTest, BoundsAreConstrainedBeforeTheWindowMoves) {
-  window_->SetBounds(10, 20, 20, 60);
-  EXPECT_EQ(window_->Width(), 150);
-  EXPECT_EQ(window_->Height(), 60);
 }
 
 TEST_F(ComponentTest, DisablingAPanelDisablesWhatItHoldsAndEnablingRestoresIt) {

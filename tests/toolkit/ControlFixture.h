@@ -1,18 +1,12 @@
 // Marlux 3. What the tests of all controls share: a window, real messages to a control in it, and its picture.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <map>
-#include <utility>
-
+#include "tests/support/Test.h"
 #include "toolkit/BackBuffer.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
-class InputWindow : public TmyComponent {
- public:
+struct InputWindow : TmyComponent {
   InputWindow() : TmyComponent("Input", WS_OVERLAPPEDWINDOW | WS_TABSTOP, 0, 0, 0, 640, 480, nullptr) { Show(true); }
 
   void MouseWheel(WPARAM, TmyComponent*) override { ++wheels; }
@@ -69,8 +63,7 @@ inline void Pump() {
 
 }  // namespace Input
 
-class ControlFixture : public testing::Test {
- public:  // tables of functions reach in
+struct ControlFixture : testing::Test {
   void SetUp() override { Prepare(); }
   ~ControlFixture() override { Close(); }
   virtual void Prepare() {}  // makes the controls in a new window

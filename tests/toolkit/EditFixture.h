@@ -5,8 +5,7 @@
 #include "toolkit/ClipboardText.h"
 #include "toolkit/TmyEdit.h"
 
-class EditFixture : public ControlFixture {
- protected:
+struct EditFixture : ControlFixture {
   template <class Edit, class... Args>
   Edit* Make(Args... args) {
     auto* edit = new Edit(*window_, args...);

@@ -1,16 +1,11 @@
 #include "toolkit/GridGeometry.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
-
-namespace {
+#include "tests/support/Test.h"
 
 using namespace GridGeometry;
 
 // 300 x 220 below and right of a frame of one pixel: a title row of 20 and ten records of 20, three columns.
-class GridGeometryTest : public testing::Test {
- protected:
+struct GridGeometryTest : testing::Test {
   int32_t widths_[3] = {50, 100, 70};
   Layout layout_ = {
       .area = {1, 1, 301, 221}, .titleHeight = 20, .rowHeight = 20, .widths = widths_, .columns = 3, .records = 1000};
@@ -101,5 +96,3 @@ TEST_F(GridGeometryTest, KeysMoveTheCurrentRecord) {
     EXPECT_EQ(after, expected) << "key " << key << " from " << from;
   }
 }
-
-}  // namespace

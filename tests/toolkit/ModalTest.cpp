@@ -5,8 +5,7 @@
 namespace {
 
 // Does something once, inside the modal loop.
-class Dialog : public TmyComponent {
- public:
+struct Dialog : TmyComponent {
   explicit Dialog(TmyComponent* owner) : TmyComponent("Dialog", WS_POPUP | WS_CAPTION, 0, 0, 0, 80, 40, owner) {}
   ~Dialog() override { ++deleted; }
   void Timer(uintptr_t id) override {
@@ -18,8 +17,7 @@ class Dialog : public TmyComponent {
   inline static int deleted = 0;
 };
 
-class ModalTest : public ControlFixture {
- protected:
+struct ModalTest : ControlFixture {
   int Run(std::function<void(Dialog&)> action) {
     dialog_->action = std::move(action);
     SetTimer(dialog_->Handle(), 1, 10, nullptr);

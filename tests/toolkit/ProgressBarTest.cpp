@@ -10,11 +10,6 @@ TEST_F(ProgressBarTest, RunsWhileItIsSeenAndTheWorkUnknownElseFills) {
   const auto filled = [&] { return Colors(*bar, {0, 4, 200, 5})[TmyApplication::Get().Theme().Color().accent]; };
   const auto runs = [&] { return KillTimer(bar->Handle(), 1) != FALSE; };  // and stops it
   EXPECT_EQ(filled(), 50);
-  for (const bool isSeen : {true, false, true}) {
-    bar->Show(isSeen);
-    Input::Pump();
-    EXPECT_EQ(runs(), isSeen);
-  }
   for (const uint32_t quarters : {0u, 1u, 2u, 4u}) {
     bar->SetRange(0xFFFFFFFC);
     bar->SetPosition(quarters * 0x3FFFFFFF);

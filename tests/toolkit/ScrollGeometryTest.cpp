@@ -1,11 +1,6 @@
 #include "toolkit/ScrollGeometry.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <tuple>
-
-namespace {
+#include "tests/support/Test.h"
 
 using namespace ScrollGeometry;
 
@@ -30,18 +25,6 @@ TEST(ScrollGeometry, PlacesTheThumb) {
   }
 }
 
-TEST(ScrollGeometry, BringsAStretchIntoView) {
-  const int64_t kCases[][4] = {// position, begin, end, position with it; the page is 100 long
-                               {50, 60, 150, 50},
-                               {50, 40, 60, 40},
-                               {50, 140, 160, 60},
-                               {50, 200, 320, 200},
-                               {50, 20, 190, 20}};
-  for (const auto& [position, begin, end, shown] : kCases) {
-    EXPECT_EQ(PositionShowing(position, 100, begin, end), shown) << begin << " to " << end;
-  }
-}
-
 TEST(ScrollGeometry, ADraggedThumbStaysWhereItIsDropped) {
   for (Range range : {Range{400, 20, 0}, Range{9611, 30, 0}, Range{int64_t{1} << 40, 100, 0}}) {
     const Thumb first = ThumbOf(range, 300, kMinimum);
@@ -53,20 +36,3 @@ TEST(ScrollGeometry, ADraggedThumbStaysWhereItIsDropped) {
     EXPECT_EQ(PositionAt(range, 300, kMinimum, 100000), MaxPosition(range));
   }
 }
-
-TEST(ScrollGeometry, MovesWithoutOverflow) {
-  constexpr Range kRange = {100, 10, 50};
-  const std::pair<int64_t, int64_t> kCases[] = {{7, 57}, {-7, 43}, {41, 90}, {-51, 0}, {kHuge, 90}, {-kHuge, 0}};
-  for (const auto& [delta, after] : kCases) EXPECT_EQ(Moved(kRange, delta), after) << delta;
-  EXPECT_EQ(Moved({kHuge, 1, kHuge - 2}, kHuge), kHuge - 1);
-  EXPECT_EQ(Moved({5, 10, 3}, 1), 0);
-}
-
-TEST(ScrollGeometry, TurnsNotchesIntoDistance) {
-  EXPECT_EQ(WheelDistance(-2, 3, 18, 500), 108);
-  EXPECT_EQ(WheelDistance(-1, 100, 1, 20), 20);         // not farther than what is seen
-  EXPECT_EQ(WheelDistance(-1, 0xFFFFFFFF, 1, 20), 20);  // the setting for a page
-  EXPECT_EQ(WheelDistance(-1, 0xFFFFFFFF, 1, 0), 1);
-}
-
-}  // namespace

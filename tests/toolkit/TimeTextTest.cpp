@@ -1,9 +1,6 @@
 #include "toolkit/TimeText.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "tests/support/Test.h"
 
 using namespace TimeText;
 
@@ -22,38 +19,6 @@ TEST(TimeText, ReadsWhatPeopleWrite) {
   }
   EXPECT_EQ(ParseTime("24:00:01", kDay), std::nullopt);
   EXPECT_EQ(ParseTime("1:1:1"), 3661);
-}
-
-// "<" and ">" stand for Backspace and Delete. The caret is shown as "|".
-std::string Typed(int32_t start, int caret, std::string_view keys, int32_t maximum) {
-  Line line = LineOf(start, caret);
-  for (const char key : keys) {
-    if (key == '<') {
-      ClearBack(line);
-    } else if (key == '>') {
-      ClearAhead(line);
-    } else if (key == ':') {
-      TypeColon(line);
-    } else {
-      TypeDigit(line, key, maximum);
-    }
-    EXPECT_TRUE(ParseTime(line.text, maximum)) << line.text;
-  }
-  return std::string(line.text, line.text + line.caret) + "|" + (line.text + line.caret);
-}
-
-TEST(TimeText, TypingKeepsTheMask) {
-  const std::tuple<int, const char*, const char*> cases[] = {
-      {0, "2", "2|0:45:59"},  {0, "24", "2|0:45:59"},  // neither 25 nor 24 is an hour
-      {0, "93", "09:3|5:59"}, {3, "6", "15:06:|59"},   // a digit that cannot begin a field fills it
-      {2, "1", "15:1|5:59"},  {0, "0", "0|5:45:59"},  {0, "2330159", "23:30:15|"}, {0, "1:30", "01:30:|59"},
-      {0, ":", "|15:45:59"},  {8, ":", "15:45:59|"},  {8, "<<<", "15:4|0:00"},     {0, "<", "|15:45:59"},
-      {1, ">>", "10:0|5:59"}, {8, ">", "15:45:59|"}};
-  for (const auto& [caret, keys, after] : cases)
-    EXPECT_EQ(Typed(56759, caret, keys, kLast), after) << keys;  // 15:45:59
-  EXPECT_EQ(Typed(56759, 0, "24", kDay), "24:|00:00");
-  EXPECT_EQ(Typed(kDay, 3, "5", kDay), "24:|00:00");
-  EXPECT_EQ(Typed(kDay, 0, "1", kDay), "1|4:00:00");
 }
 
 TEST(TimeText, SteppingCarriesAroundMidnight) {

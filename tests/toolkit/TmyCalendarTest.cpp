@@ -2,14 +2,11 @@
 
 #include "tests/toolkit/ControlFixture.h"
 
-namespace {
-
 using namespace std::chrono_literals;
 using CalendarMath::Date;
 using CalendarMath::DateOf;
 
-class TmyCalendarTest : public ControlFixture {
- protected:
+struct TmyCalendarTest : ControlFixture {
   TmyCalendarTest() {
     calendar_->SetBounds(10, 10, 120, 25);
     calendar_->changed.Bind<&TmyCalendarTest::Changed>(this);
@@ -99,5 +96,3 @@ TEST_F(TmyCalendarTest, AClickOnADayChoosesItAndAnOwnerMayClose) {
   Input::Type(*calendar_, "5");
   EXPECT_EQ(events_, 2);
 }
-
-}  // namespace

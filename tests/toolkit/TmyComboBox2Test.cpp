@@ -1,12 +1,8 @@
 #include "toolkit/TmyComboBox2.h"
 
-#include <tuple>
-
 #include "tests/toolkit/ControlFixture.h"
 #include "toolkit/DropDownPlace.h"
 #include "toolkit/TmyListBox.h"
-
-namespace {
 
 TEST(DropDownPlaceTest, KeepsOffTheFieldAndOnTheScreen) {
   const std::tuple<const char*, RECT, int, int, RECT> kCases[] = {
@@ -23,8 +19,7 @@ TEST(DropDownPlaceTest, KeepsOffTheFieldAndOnTheScreen) {
   }
 }
 
-class ComboBoxTest : public ControlFixture {
- public:
+struct ComboBoxTest : ControlFixture {
   void Prepare() override {
     combo_ = new TmyComboBox2(*window_, WS_VISIBLE | WS_TABSTOP);
     other_ = new TmyComboBox2(*window_, WS_VISIBLE | WS_TABSTOP);
@@ -169,5 +164,3 @@ TEST_F(ComboBoxTest, TheListGoesWhenSomethingElseHappensAndDiesWithItsWindowsInA
     });
   }
 }
-
-}  // namespace

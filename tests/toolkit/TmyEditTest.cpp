@@ -1,9 +1,6 @@
 #include "tests/toolkit/EditFixture.h"
 
-namespace {
-
-class TmyEditTest : public EditFixture {
- protected:
+struct TmyEditTest : EditFixture {
   TmyEdit* edit_ = Make<TmyEdit>();
 };
 
@@ -52,17 +49,3 @@ TEST_F(TmyEditTest, TabSelectsEverythingAClickNothingAndActivationWhatWasSelecte
   EXPECT_EQ(GetFocus(), edit_->Handle());
   EXPECT_EQ(Selection(*edit_), std::pair(1, 2));
 }
-
-TEST_F(TmyEditTest, TheTextLineStandsInTheMiddle) {
-  RECT all = {}, client = {};
-  GetWindowRect(edit_->Handle(), &all);
-  GetClientRect(edit_->Handle(), &client);
-  MapWindowPoints(edit_->Handle(), nullptr, reinterpret_cast<POINT*>(&client), 2);
-  EXPECT_EQ(client.bottom - client.top, TmyApplication::Get().Theme().TextHeight());
-  EXPECT_EQ(client.top - all.top, all.bottom - client.bottom);
-  EXPECT_GT(client.left, all.left + 1);
-  // A click into the padding is one into the text.
-  EXPECT_EQ(SendMessageA(edit_->Handle(), WM_NCHITTEST, 0, MAKELPARAM(all.left + 1, all.top + 1)), HTCLIENT);
-}
-
-}  // namespace

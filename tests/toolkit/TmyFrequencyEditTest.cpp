@@ -2,10 +2,7 @@
 
 #include "tests/toolkit/EditFixture.h"
 
-namespace {
-
-class TmyFrequencyEditTest : public EditFixture {
- protected:
+struct TmyFrequencyEditTest : EditFixture {
   TmyFrequencyEdit* edit_ = Make<TmyFrequencyEdit>();
 };
 
@@ -35,5 +32,3 @@ TEST_F(TmyFrequencyEditTest, StepsByKhzAndByChannelsWithinTheReceiversBounds) {
   SetFocus(nullptr);
   EXPECT_EQ(edit_->Text(), "9427");
 }
-
-}  // namespace

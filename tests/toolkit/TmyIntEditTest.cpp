@@ -1,13 +1,8 @@
 #include "toolkit/TmyIntEdit.h"
 
-#include <tuple>
-
 #include "tests/toolkit/EditFixture.h"
 
-namespace {
-
-class TmyIntEditTest : public EditFixture {
- protected:
+struct TmyIntEditTest : EditFixture {
   TmyIntEdit* edit_ = Make<TmyIntEdit>(int64_t{-50}, int64_t{500});
 };
 
@@ -57,5 +52,3 @@ TEST_F(TmyIntEditTest, NewBoundsMoveTheValue) {
   SetFocus(nullptr);
   EXPECT_EQ(edit_->Text(), "600");
 }
-
-}  // namespace

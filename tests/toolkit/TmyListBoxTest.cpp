@@ -1,10 +1,6 @@
 #include "toolkit/TmyListBox.h"
 
-#include <tuple>
-
 #include "tests/toolkit/ControlFixture.h"
-
-namespace {
 
 TEST(TypeSearchTest, CollectsForASecond) {
   const std::tuple<char, uint32_t, const char*> kTyped[] = {
@@ -21,21 +17,7 @@ TEST(TypeSearchTest, CollectsForASecond) {
   }
 }
 
-TEST(ListSearchTest, FindsTheFirstMatch) {
-  TmyLBitemList items;
-  for (const char* text : {"", "Radio Asia", "radio", "Radio", "\xC9tat"}) {
-    items.Add(std::make_unique<TmyLBitem>(TmyLBitem{text, 0}));
-  }
-  const std::tuple<const char*, int32_t, int32_t> kCases[] = {
-      {"", 0, -1}, {"RADIO", -1, 1}, {"Radio", 3, 1}, {"radio asian", -1, -1}, {"\xE9TAT", -1, 4}};
-  for (const auto& [text, exact, prefix] : kCases) {
-    EXPECT_EQ(ListSearch::FindExact(items, text), exact) << text;
-    EXPECT_EQ(ListSearch::FindPrefix(items, text), prefix) << text;
-  }
-}
-
-class ListBoxTest : public ControlFixture {
- protected:
+struct ListBoxTest : ControlFixture {
   static constexpr int kRows = 10;
 
   void Prepare() override {
@@ -110,5 +92,3 @@ TEST_F(ListBoxTest, SurvivesAnOwnerThatDestroysTheWindow) {
   list_->SetFollowsMouse(true);
   CloseDuring([this] { Input::Click(*list_, 20, YOf(1)); });
 }
-
-}  // namespace

@@ -2,13 +2,10 @@
 
 #include "tests/toolkit/ControlFixture.h"
 
-namespace {
-
 using Direction = TmyScrollBar::Direction;
 
 // A track of 200 pixels with half of it thumb: two units a pixel.
-class ScrollBarTest : public ControlFixture {
- protected:
+struct ScrollBarTest : ControlFixture {
   TmyScrollBar* Make(Direction direction) {
     auto* bar = new TmyScrollBar(*window_, direction);
     direction == Direction::kVertical ? bar->SetBounds(0, 0, 14, 200) : bar->SetBounds(0, 0, 200, 14);
@@ -47,5 +44,3 @@ TEST_F(ScrollBarTest, PagesInTheTrackUntilTheThumbIsUnderTheCursor) {
   EXPECT_EQ(GetFocus(), window_->Handle());  // it leaves the focus to its owner
   CloseDuring([this] { Input::Click(*bar_, 5, 199); });
 }
-
-}  // namespace

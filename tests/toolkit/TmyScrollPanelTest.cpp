@@ -25,8 +25,7 @@ class TwoFields : public TmyScrollPanel {
   }
 };
 
-class TmyScrollPanelTest : public ControlFixture {
- protected:
+struct TmyScrollPanelTest : ControlFixture {
   TwoFields* panel_ = new TwoFields(*window_);
 };
 
@@ -54,8 +53,7 @@ TEST_F(TmyScrollPanelTest, TheFocusBringsAControlIntoView) {
   EXPECT_EQ(panel_->box.Bounds().top, 0);
 }
 
-class Field : public TmyPanel {
- public:
+struct Field : TmyPanel {
   explicit Field(TmyComponent& parent) : TmyPanel(parent, WS_VISIBLE) {}
   void Paint(HDC dc) override { ThemeDraw::Fill(dc, {0, 50, 200, 60}, RGB(1, 2, 3)); }
 };

@@ -2,8 +2,6 @@
 
 #include "tests/toolkit/ControlFixture.h"
 
-namespace {
-
 class TmySliderTest : public ControlFixture {};
 
 TEST_F(TmySliderTest, KeysClicksAndDragsTellTheOwnerUntilItsWindowGoes) {
@@ -27,5 +25,3 @@ TEST_F(TmySliderTest, KeysClicksAndDragsTellTheOwnerUntilItsWindowGoes) {
   EXPECT_EQ(events_, 8);
   CloseDuring([&] { Input::Mouse(*slider, WM_LBUTTONUP, 900, 8, 0); });  // the drag ends with one more event
 }
-
-}  // namespace

@@ -1,10 +1,6 @@
 #include "toolkit/TmySplitter.h"
 
-#include <tuple>
-
 #include "tests/toolkit/ControlFixture.h"
-
-namespace {
 
 using SplitterGeometry::Keeps;
 
@@ -21,8 +17,7 @@ TEST(SplitterGeometry, GivesTheKeptSideItsLengthWithinTheLeastOnes) {
   }
 }
 
-class TmySplitterTest : public ControlFixture {
- protected:
+struct TmySplitterTest : ControlFixture {
   void Prepare() override {
     splitter_ = new TmySplitter2(*window_, Keeps::kSecond);
     upDown_ = new TmySplitter(*window_);
@@ -60,5 +55,3 @@ TEST_F(TmySplitterTest, MayBeDestroyedByItsOwnersHandlers) {
   CloseDuring([this] { Input::Key(*upDown_, VK_DOWN); });
   CloseDuring([this] { Input::Drag(*upDown_, 3, 3, 3, 20); });
 }
-
-}  // namespace

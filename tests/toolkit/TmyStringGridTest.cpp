@@ -1,19 +1,10 @@
 #include "toolkit/TmyStringGrid.h"
 
-#include <gmock/gmock.h>
-
-#include <string>
-#include <vector>
-
 #include "tests/toolkit/ControlFixture.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-class CountingModel : public TmyGridModel {
- public:
+struct CountingModel : TmyGridModel {
   uint32_t RowCount() const override { return count; }
   void CellText(uint32_t record, uint32_t, TmyCellText& text) const override {
     EXPECT_LT(record, count);
@@ -25,8 +16,7 @@ class CountingModel : public TmyGridModel {
   mutable std::vector<uint32_t> asked;  // the record of each cell
 };
 
-class StringGridTest : public ControlFixture {
- protected:
+struct StringGridTest : ControlFixture {
   void Prepare() override {
     constexpr TmyGridColumn kColumns[] = {{"Freq", 60, true}, {"Station", 120}, {"Remarks", 80}};
     grid_ = new TmyStringGrid(*window_);

@@ -1,13 +1,8 @@
 #include "toolkit/TmyTimeEdit.h"
 
-#include <tuple>
-
 #include "tests/toolkit/EditFixture.h"
 
-namespace {
-
-class TmyTimeEditTest : public EditFixture {
- protected:
+struct TmyTimeEditTest : EditFixture {
   void Start(int begin, int end) {
     edit_->SetValue(15 * 3600 + 45 * 60 + 59);
     SendMessageA(edit_->Handle(), EM_SETSEL, static_cast<WPARAM>(begin), end);
@@ -33,6 +28,22 @@ TEST_F(TmyTimeEditTest, TypingOverASelectionStartsFromZerosAndTellsChanges) {
   }
   SendMessageA(edit_->Handle(), EM_UNDO, 0, 0);
   EXPECT_EQ(edit_->Text(), "15:45:59");
+}
+
+TEST_F(TmyTimeEditTest, TypingKeepsTheMask) {
+  const std::tuple<int, const char*, const char*> cases[] = {
+      // where, typed; then, with the caret as "|"
+      {0, "2", "2|0:45:59"},  {0, "24", "2|0:45:59"},  // neither 25 nor 24 is an hour
+      {0, "93", "09:3|5:59"}, {3, "6", "15:06:|59"},   // a digit that cannot begin a field fills it
+      {2, "1", "15:1|5:59"},  {0, "0", "0|5:45:59"},  {0, "2330159", "23:30:15|"}, {0, "1:30", "01:30:|59"},
+      {0, ":", "|15:45:59"},  {8, ":", "15:45:59|"},  {8, "\b\b\b", "15:4|0:00"},  {0, "\b", "|15:45:59"}};
+  for (const auto& [caret, typed, after] : cases) {
+    Start(caret, caret);
+    Input::Type(*edit_, typed);
+    const TmyString text = edit_->Text();
+    const int at = Selection(*edit_).first;
+    EXPECT_EQ(std::string(text.Chars(), text.Chars() + at) + "|" + (text.Chars() + at), after) << typed;
+  }
 }
 
 TEST_F(TmyTimeEditTest, ArrowsGoOverFieldsAndStepThem) {
@@ -71,6 +82,9 @@ TEST_F(TmyTimeEditTest, MidnightAtTheEndOfTheDayIsATimeWhereAskedFor) {
   auto* until = Make<TmyTimeEdit>(TmyTimeEdit::Last::kMidnight);
   Retype(*until, "24");
   EXPECT_EQ(until->Value(), 86400);
+  for (const char* typed : {"24:05", "1"}) {  // there is no time behind it
+    SendMessageA(until->Handle(), EM_SETSEL, 0, 0);
+    Input::Type(*until, typed);
+  }
+  EXPECT_EQ(until->Text(), "14:00:00");
 }
-
-}  // namespace

@@ -2,10 +2,7 @@
 
 #include "tests/toolkit/EditFixture.h"
 
-namespace {
-
-class TmyUpDownTest : public EditFixture {
- protected:
+struct TmyUpDownTest : EditFixture {
   TmyUpDownTest() {
     upDown_->SetBounds(130, 10, 16, 24);
     upDown_->Show(true);
@@ -38,5 +35,3 @@ TEST_F(TmyUpDownTest, StepsAgainAndAgainWhileTheCursorIsOnTheHalfThatIsHeld) {
 TEST_F(TmyUpDownTest, EndsWithItsWindow) {
   CloseDuring([this] { Input::Mouse(*upDown_, WM_LBUTTONDOWN, 5, 4); });
 }
-
-}  // namespace

@@ -5,10 +5,7 @@
 #include "toolkit/Tmy_Btn.h"
 #include "toolkit/Tmy_CheckBox.h"
 
-namespace {
-
-class Tmy_ClickableTest : public ControlFixture {
- protected:
+struct Tmy_ClickableTest : ControlFixture {
   Tmy_ClickableTest() {
     Place(button_, button_.PreferredSize());
     Place(box_, box_.PreferredSize());
@@ -47,33 +44,13 @@ TEST_F(Tmy_ClickableTest, SpaceAndEnterPressAButtonOnceWhileHeldUnlessItIsDisabl
   CloseDuring([this] { Input::Key(*window_, VK_SPACE); });
 }
 
-TEST_F(Tmy_ClickableTest, AButtonShowsFocusDefaultAndPress) {
-  const auto pressed = [this] {
-    return Colors(*window_, button_.Bounds())[TmyApplication::Get().Theme().Color().pressed] > 0;
-  };
-  EXPECT_EQ(Accent(button_), 0);
-  button_.SetDefault(true);
-  const int asDefault = Accent(button_);
-  EXPECT_GT(asDefault, 3 * (button_.Width() + button_.Height()));  // two pixels around
-  Focus(button_);
-  EXPECT_GT(Accent(button_), asDefault);
-  Input::Mouse(*window_, WM_LBUTTONDOWN, 12, 12);
-  EXPECT_TRUE(pressed());
-  Input::Mouse(*window_, WM_MOUSEMOVE, 300, 300);
-  EXPECT_FALSE(pressed());
-}
-
 TEST_F(Tmy_ClickableTest, TheUserTogglesABoxTheProgramSetsItQuietlyAndItShows) {
   EXPECT_EQ(Accent(box_), 0);
   Click(box_);
   window_->FocusDrawn(nullptr);
-  const int checked = Accent(box_);
-  EXPECT_GT(checked, 50);
+  EXPECT_GT(Accent(box_), 50);
   Focus(box_);
-  EXPECT_GT(Accent(box_), checked + 60);
   Input::Key(*window_, VK_SPACE);
   box_.SetChecked(true);
   EXPECT_EQ(told_, "on off ");
 }
-
-}  // namespace

@@ -1,15 +1,10 @@
 #include "toolkit/Tmy_OptionButton.h"
 
-#include <string>
-
 #include "tests/toolkit/ControlFixture.h"
 #include "toolkit/Tmy_CheckBox.h"
 
-namespace {
-
 // A and B are one group, whatever stands between them; C and D another; E has the first one's number again.
-class Tmy_OptionButtonTest : public ControlFixture {
- protected:
+struct Tmy_OptionButtonTest : ControlFixture {
   Tmy_OptionButtonTest() {
     for (Tmy_OptionButton* option : {&a_, &b_, &c_, &d_, &e_}) {
       Place(*option, option->PreferredSize());
@@ -65,5 +60,3 @@ TEST_F(Tmy_OptionButtonTest, AGroupIsOneStopForTab) {
   Input::Key(*window_, VK_TAB);
   EXPECT_TRUE(e_.HasFocus());
 }
-
-}  // namespace
