@@ -1,19 +1,19 @@
-// Linked into a program or a module, this is its heap. Each block is in pages of its own and ends where an inaccessible
-// page begins, to the byte: a block of an object still has the object's alignment, because its size is a multiple of
-// it. Freed pages are inaccessible, too, and are taken again when the whole arena was gone through. New memory is
-// filled with a pattern; so are the bytes in front of a block, which are looked at when it is freed.
+// Linked into a program or a module, this is its heap. Each block is in pages of its own and ends, to the byte, where
+// an inaccessible page begins; an object keeps its alignment, of which its size is a multiple. Freed pages are
+// inaccessible until the whole arena was gone through. New memory and what lies in front of it are filled, the latter
+// is checked.
 //
-// A pair of pages costs the system two mappings, and Linux gives a process 65530 of them. Of blocks beyond kAllGuarded
-// that live at a time only one in 16 is guarded, beyond kMostGuarded none; the rest comes from the C library, and how
-// many they were is told at the end. So are blocks that the C library gives out itself freed there.
+// A block costs the system two mappings, and Linux gives a process 65530. Of the blocks beyond kAllGuarded that live at
+// a time one in 16 is guarded, beyond kMostGuarded none: those are the C library's, which frees them and what else it
+// gave out. How many they were is told at the end.
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <mutex>
 
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // where this file is loaded
 namespace {
 
 constexpr size_t kPage = 4096;
@@ -21,133 +21,109 @@ constexpr size_t kPages = 256U << 20 >> 12;  // a program and its modules share 
 constexpr uint32_t kAllGuarded = 18000, kMostGuarded = 22000;
 constexpr uint8_t kFront = 0xFB, kNew = 0xCD;
 
-template <class Function>
-Function* Of(const char* library, const char* name) {
-  return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA(library), name)));
-}
-#define SYSTEM(function) Of<decltype(function)>("kernel32.dll", #function)
-#define RUNTIME(function) Of<decltype(function)>("msvcrt.dll", #function)
+#define FROM(library, function) \
+  reinterpret_cast<decltype(&function)>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA(library), #function)))
+#define SYSTEM(function) FROM("kernel32.dll", function)
+#define RUNTIME(function) FROM("msvcrt.dll", function)
 
-struct Lock {
-  void lock() { AcquireSRWLockExclusive(&srw); }
-  void unlock() { ReleaseSRWLockExclusive(&srw); }
-  SRWLOCK srw = SRWLOCK_INIT;
+SRWLOCK lock = SRWLOCK_INIT;
+uint8_t* base = nullptr;
+size_t next = 0;  // page where the search goes on
+uint32_t living = 0, turn = 0, all = 0, unguarded = 0;
+uint32_t sizes[kPages] = {};  // of the block that begins in a page; 0: none does
+
+struct Locked {
+  Locked() { AcquireSRWLockExclusive(&lock); }
+  ~Locked() { ReleaseSRWLockExclusive(&lock); }
 };
 
-class Arena {
- public:
-  constexpr Arena() = default;
-  ~Arena();                 // tells its figures; the runtime goes on to use it
-  void* Take(size_t size);  // null when there is no room, or when it is not this block's turn
-  void Give(void* block);
-  void Leave() const;
-  [[nodiscard]] bool Has(const void* block) const {
-    return base_ && static_cast<size_t>(At(block) - base_) < kPages * kPage;
-  }
-  [[nodiscard]] size_t SizeOf(const void* block) const { return sizes_[PageOf(block)]; }
-
- private:
-  static const uint8_t* At(const void* block) { return static_cast<const uint8_t*>(block); }
-  static size_t DataPages(size_t size) { return (size + kPage - 1) / kPage; }
-  [[nodiscard]] size_t PageOf(const void* block) const { return static_cast<size_t>(At(block) - base_) / kPage; }
-  size_t FindFree(size_t pages);
-
-  Lock lock_;
-  uint8_t* base_ = nullptr;
-  size_t next_ = 0;  // page where the search goes on
-  uint32_t living_ = 0, turn_ = 0, all_ = 0, unguarded_ = 0;
-  uint32_t sizes_[kPages] = {};  // of the block that begins in a page; 0: none does
-};
-
-// The first to be constructed, so the last to go.
-[[gnu::init_priority(101)]] constinit Arena arena;
-
-Arena::~Arena() {
-  char path[MAX_PATH] = "";
-  HMODULE module = nullptr;
-  GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                     reinterpret_cast<LPCSTR>(this), &module);
-  GetModuleFileNameA(module, path, sizeof path);
-  std::fprintf(stderr, "guard: %u of %u blocks not guarded, %s\n", unguarded_, all_, path);
+size_t DataPages(size_t size) {
+  return (size + kPage - 1) / kPage;
 }
 
-void Arena::Leave() const {
-  if (base_) SYSTEM(VirtualFree)(base_, 0, MEM_RELEASE);
+size_t PageOf(const void* block) {
+  return (reinterpret_cast<uintptr_t>(block) - reinterpret_cast<uintptr_t>(base)) / kPage;
 }
 
-size_t Arena::FindFree(size_t pages) {
+bool IsGuarded(const void* block) {
+  return base && PageOf(block) < kPages;
+}
+
+size_t FindFree(size_t pages) {
   size_t run = 0;
-  for (size_t seen = 0, at = next_; seen < kPages + pages;) {
+  for (size_t seen = 0, at = next; seen < kPages + pages;) {
     if (at == kPages) at = run = 0;
-    const size_t step = sizes_[at] ? DataPages(sizes_[at]) + 1 : 1;
-    run = sizes_[at] ? 0 : run + 1;
+    const size_t step = sizes[at] ? DataPages(sizes[at]) + 1 : 1;
+    run = sizes[at] ? 0 : run + 1;
     at += step, seen += step;
     if (run == pages) return at - pages;
   }
   return kPages;
 }
 
-void* Arena::Take(size_t size) {
-  const std::lock_guard guard(lock_);
-  ++all_;
+// Null when there is no room, or when it is not this block's turn.
+void* Take(size_t size) {
+  const Locked locked;
+  ++all;
   const size_t bytes = DataPages(size) * kPage;
-  const bool isMine = living_ < kAllGuarded || (living_ < kMostGuarded && ++turn_ % 16 == 0);
-  if (!base_) base_ = static_cast<uint8_t*>(SYSTEM(VirtualAlloc)(nullptr, kPages * kPage, MEM_RESERVE, PAGE_NOACCESS));
-  if (!base_) __builtin_trap();
+  const bool isMine = living < kAllGuarded || (living < kMostGuarded && ++turn % 16 == 0);
+  if (!base) base = static_cast<uint8_t*>(SYSTEM(VirtualAlloc)(nullptr, kPages * kPage, MEM_RESERVE, PAGE_NOACCESS));
+  if (!base) __builtin_trap();
   const size_t first = isMine && size < kPages * kPage ? FindFree(DataPages(size) + 1) : kPages;
-  uint8_t* const begin = base_ + first * kPage;
+  uint8_t* const begin = base + first * kPage;
   if (first == kPages || !SYSTEM(VirtualAlloc)(begin, bytes, MEM_COMMIT, PAGE_READWRITE)) {
-    ++unguarded_;
+    ++unguarded;
     return nullptr;
   }
-  ++living_;
-  sizes_[first] = size;
-  next_ = first + DataPages(size) + 1;
-  uint8_t* const block = begin + bytes - size;
+  ++living;
+  sizes[first] = size;
+  next = first + DataPages(size) + 1;
   std::memset(begin, kFront, bytes - size);
-  std::memset(block, kNew, size);
-  return block;
+  return std::memset(begin + bytes - size, kNew, size);
 }
 
-void Arena::Give(void* block) {
-  const std::lock_guard guard(lock_);
-  const size_t first = PageOf(block), size = sizes_[first], bytes = DataPages(size) * kPage;
-  uint8_t* const begin = base_ + first * kPage;
+void Give(void* block) {
+  const Locked locked;
+  const size_t first = PageOf(block), size = sizes[first], bytes = DataPages(size) * kPage;
+  uint8_t* const begin = base + first * kPage;
   if (size == 0 || begin + bytes - size != block) __builtin_trap();  // freed twice, or never taken
   if (std::any_of(begin, begin + bytes - size, [](uint8_t byte) { return byte != kFront; })) __builtin_trap();
   SYSTEM(VirtualFree)(begin, bytes, MEM_DECOMMIT);
-  sizes_[first] = 0;
-  --living_;
+  sizes[first] = 0;
+  --living;
 }
 
 void* WINAPI Reserve(void* address, SIZE_T size, DWORD kind, DWORD protection) {
-  void* const block = !address && (kind & MEM_COMMIT) && size ? arena.Take(size) : nullptr;
+  void* const block = !address && (kind & MEM_COMMIT) && size ? Take(size) : nullptr;
   return block ? std::memset(block, 0, size) : SYSTEM(VirtualAlloc)(address, size, kind, protection);
 }
 
 BOOL WINAPI Release(void* address, SIZE_T size, DWORD kind) {
-  if (!arena.Has(address)) return SYSTEM(VirtualFree)(address, size, kind);
-  arena.Give(address);
-  return TRUE;
+  return IsGuarded(address) ? (Give(address), TRUE) : SYSTEM(VirtualFree)(address, size, kind);
+}
+
+[[gnu::destructor]] void Tell() {
+  char path[MAX_PATH] = "";
+  GetModuleFileNameA(reinterpret_cast<HMODULE>(&__ImageBase), path, sizeof path);
+  std::fprintf(stderr, "guard: %u of %u blocks not guarded, %s\n", unguarded, all, path);
 }
 
 }  // namespace
 
 // In place of the library's functions, for everything that is linked statically.
 extern "C" {
-
 void* malloc(size_t size) {
-  void* const block = arena.Take(std::max<size_t>(size, 1));
+  void* const block = Take(std::max<size_t>(size, 1));
   return block ? block : RUNTIME(malloc)(size);
 }
 
 void* calloc(size_t count, size_t size) {
-  void* const block = count && size && count <= SIZE_MAX / size ? arena.Take(count * size) : nullptr;
+  void* const block = count && size && count <= SIZE_MAX / size ? Take(count * size) : nullptr;
   return block ? std::memset(block, 0, count * size) : RUNTIME(calloc)(count, size);
 }
 
 void free(void* block) {
-  arena.Has(block) ? arena.Give(block) : RUNTIME(free)(block);
+  IsGuarded(block) ? Give(block) : RUNTIME(free)(block);
 }
 
 void* realloc(void* block, size_t size) {
@@ -155,7 +131,7 @@ void* realloc(void* block, size_t size) {
   if (size == 0) return free(block), nullptr;
   void* const moved = malloc(size);
   if (!moved) return nullptr;
-  std::memcpy(moved, block, std::min(size, arena.Has(block) ? arena.SizeOf(block) : RUNTIME(_msize)(block)));
+  std::memcpy(moved, block, std::min(size, IsGuarded(block) ? sizes[PageOf(block)] : RUNTIME(_msize)(block)));
   free(block);
   return moved;
 }
@@ -164,7 +140,7 @@ void* realloc(void* block, size_t size) {
 [[gnu::weak]] BOOL WINAPI DllMainCRTStartup(HANDLE module, DWORD reason, void* reserved);
 BOOL WINAPI GuardedEntry(HANDLE module, DWORD reason, void* reserved) {
   const BOOL result = DllMainCRTStartup(module, reason, reserved);
-  if (reason == DLL_PROCESS_DETACH) arena.Leave();
+  if (reason == DLL_PROCESS_DETACH) SYSTEM(VirtualFree)(base, 0, MEM_RELEASE);
   return result;
 }
 
