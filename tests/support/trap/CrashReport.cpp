@@ -23,7 +23,8 @@ void PrintPlace(const char* what, const void* address) {
 
 // Frames of code without frame pointers are left out, or end the list.
 void PrintCallers(const CONTEXT& context) {
-  const auto* const stackEnd = reinterpret_cast<const uintptr_t*>(__readfsdword(4));  // NT_TIB::StackBase
+  const uintptr_t* stackEnd = nullptr;
+  asm("movl %%fs:4, %0" : "=r"(stackEnd));  // NT_TIB::StackBase
   const auto* frame = reinterpret_cast<const uintptr_t*>(context.Ebp);
   const auto* below = reinterpret_cast<const uintptr_t*>(context.Esp);
   for (int i = 0; i < 16 && frame >= below && frame + 1 < stackEnd; ++i) {
