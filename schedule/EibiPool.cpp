@@ -6,7 +6,11 @@
 
 namespace {
 
+#ifdef MARLUX_POOL_SLOTS
+constexpr uint32_t kSlots = MARLUX_POOL_SLOTS;  // of a build that watches each record
+#else
 constexpr uint32_t kSlots = 230;  // a little less than 64 KB
+#endif
 
 }  // namespace
 

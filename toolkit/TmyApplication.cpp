@@ -63,7 +63,9 @@ void TmyApplication::CreateHelpers() {
   toolTip_ = std::make_unique<TmyToolTip>();
 }
 
+// A process that ends with the module loaded comes here without Shutdown. The helpers look at each other while they go.
 TmyApplication::~TmyApplication() {
+  DestroyHelpers();
   Trace::SetBuffer(nullptr, 0);
   logBuffer_.reset();
   if (listing_) listing_->Write();

@@ -2,21 +2,7 @@
 
 #include <filesystem>
 
-namespace {
-
-// A crash ends the program at once and says where; no debugger, no box that waits for somebody.
-LONG WINAPI ReportCrash(EXCEPTION_POINTERS* what) {
-  const EXCEPTION_RECORD& record = *what->ExceptionRecord;
-  std::fprintf(stderr, "crash 0x%lx at %p\n", record.ExceptionCode, record.ExceptionAddress);
-  std::fflush(nullptr);
-  TerminateProcess(GetCurrentProcess(), 3);
-  return EXCEPTION_EXECUTE_HANDLER;
-}
-
-}  // namespace
-
 PluginFixture::PluginFixture(const std::string& modulePath) : host_(modulePath) {
-  SetUnhandledExceptionFilter(&ReportCrash);
   std::filesystem::create_directories(documents_.DataFolder());
   WriteSchedule(ThreeBroadcasts());
   EXPECT_TRUE(WriteFileBytes(ArchiveFile(), ""));

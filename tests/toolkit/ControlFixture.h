@@ -20,19 +20,26 @@ struct InputWindow : TmyComponent {
 
 namespace Input {
 
-inline void Mouse(const TmyComponent& control, UINT message, int x, int y, WPARAM keys = MK_LBUTTON) {
-  SendMessageA(control.Handle(), message, keys, MAKELPARAM(x, y));
+inline void Mouse(HWND window, UINT message, int x, int y, WPARAM keys = MK_LBUTTON) {
+  SendMessageA(window, message, keys, MAKELPARAM(x, y));
 }
 
+inline void Mouse(const TmyComponent& control, UINT message, int x, int y, WPARAM keys = MK_LBUTTON) {
+  Mouse(control.Handle(), message, x, y, keys);
+}
+
+// A control may be gone after any message, so its window is asked for once.
 inline void Drag(const TmyComponent& control, int fromX, int fromY, int toX, int toY) {
-  Mouse(control, WM_LBUTTONDOWN, fromX, fromY);
-  Mouse(control, WM_MOUSEMOVE, toX, toY);
-  Mouse(control, WM_LBUTTONUP, toX, toY, 0);
+  const HWND window = control.Handle();
+  Mouse(window, WM_LBUTTONDOWN, fromX, fromY);
+  Mouse(window, WM_MOUSEMOVE, toX, toY);
+  Mouse(window, WM_LBUTTONUP, toX, toY, 0);
 }
 
 inline void Click(const TmyComponent& control, int x, int y, WPARAM keys = 0) {
-  Mouse(control, WM_LBUTTONDOWN, x, y, keys | MK_LBUTTON);
-  Mouse(control, WM_LBUTTONUP, x, y, keys);
+  const HWND window = control.Handle();
+  Mouse(window, WM_LBUTTONDOWN, x, y, keys | MK_LBUTTON);
+  Mouse(window, WM_LBUTTONUP, x, y, keys);
 }
 
 inline void Wheel(const TmyComponent& control, int notches) {
@@ -49,7 +56,8 @@ inline void Key(const TmyComponent& control, uint32_t key, int modifier = 0, LPA
 }
 
 inline void Type(const TmyComponent& control, std::string_view text) {
-  for (const char c : text) SendMessageA(control.Handle(), WM_CHAR, static_cast<uint8_t>(c), 1);
+  const HWND window = control.Handle();
+  for (const char c : text) SendMessageA(window, WM_CHAR, static_cast<uint8_t>(c), 1);
 }
 
 inline void Tick(const TmyComponent& control) {
