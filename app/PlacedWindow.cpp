@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -25,7 +26,7 @@ MONITORINFO MonitorOf(const RECT& rect) {
   return info;
 }
 
-Settings::Place PlaceNow(HWND window) {
+std::optional<Settings::Place> PlaceNow(HWND window) {
   WINDOWPLACEMENT placement = {};
   placement.length = sizeof placement;
   if ((IsIconic(window) || IsZoomed(window)) && GetWindowPlacement(window, &placement)) {
@@ -35,7 +36,7 @@ Settings::Place PlaceNow(HWND window) {
     return PlaceOf(normal);
   }
   RECT rect = {};
-  GetWindowRect(window, &rect);
+  if (!GetWindowRect(window, &rect)) return std::nullopt;
   return PlaceOf(rect);
 }
 
@@ -74,13 +75,13 @@ void PlacedWindow::Restore(TmyWindowBase& window, const Settings::Place& stored)
   const bool isReachable = IsReachable(place, area);
   if (!isReachable) place = Inside(place, area);
   Move(window, place);
-  shown_ = PlaceNow(window.Handle());
+  shown_ = PlaceNow(window.Handle()).value_or(place);
   if (isReachable || Inside(shown_, area) == shown_) return;
   Move(window, Inside(shown_, area));
-  shown_ = PlaceNow(window.Handle());
+  shown_ = PlaceNow(window.Handle()).value_or(Inside(shown_, area));
 }
 
 Settings::Place PlacedWindow::Current(const TmyWindowBase& window) const {
-  const Settings::Place now = PlaceNow(window.Handle());
+  const Settings::Place now = PlaceNow(window.Handle()).value_or(shown_);
   return now == shown_ ? stored_ : now;
 }

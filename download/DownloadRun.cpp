@@ -16,8 +16,10 @@ constexpr char kHfccFolder[] = "/data/";
 constexpr uint32_t kListStart = 1024;  // names
 constexpr uint32_t kListLimit = 0x40000;
 
+// No path at all when memory is short: a part of one leads elsewhere.
 TmyString InPath(const TmyString& folder, const TmyString& name) {
-  return folder + "\\" + name;
+  const TmyString path = folder + "\\" + name;
+  return path.Length() == folder.Length() + 1 + name.Length() ? path : TmyString();
 }
 
 TmyString CountOf(uint32_t part, uint32_t whole) {
