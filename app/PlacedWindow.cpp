@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 
 namespace {
 
@@ -75,13 +74,13 @@ void PlacedWindow::Restore(TmyWindowBase& window, const Settings::Place& stored)
   const bool isReachable = IsReachable(place, area);
   if (!isReachable) place = Inside(place, area);
   Move(window, place);
-  shown_ = PlaceNow(window.Handle()).value_or(place);
-  if (isReachable || Inside(shown_, area) == shown_) return;
-  Move(window, Inside(shown_, area));
-  shown_ = PlaceNow(window.Handle()).value_or(Inside(shown_, area));
+  shown_ = PlaceNow(window.Handle());
+  if (isReachable || !shown_ || Inside(*shown_, area) == *shown_) return;
+  Move(window, Inside(*shown_, area));
+  shown_ = PlaceNow(window.Handle());
 }
 
 Settings::Place PlacedWindow::Current(const TmyWindowBase& window) const {
-  const Settings::Place now = PlaceNow(window.Handle()).value_or(shown_);
-  return now == shown_ ? stored_ : now;
+  const std::optional<Settings::Place> now = PlaceNow(window.Handle());
+  return now && shown_ && *now != *shown_ ? *now : stored_;
 }
