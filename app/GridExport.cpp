@@ -3,6 +3,7 @@
 #include <cderr.h>
 #include <commdlg.h>
 
+#include "foundation/LostTexts.h"
 #include "schedule/CsvExport.h"
 
 TmyString MakeCsvLine(const ScheduleGrid& grid, uint32_t row) {
@@ -12,6 +13,7 @@ TmyString MakeCsvLine(const ScheduleGrid& grid, uint32_t row) {
 }
 
 DWORD WriteCsv(const ScheduleGrid& grid, const TmyString& path) {
+  const uint32_t lost = LostTexts();
   CsvExport file(path);
   const bool onlyMarked = grid.MarkCount() > 0;
   for (uint32_t row = 0; row <= grid.ShownCount(); ++row) {
@@ -20,7 +22,7 @@ DWORD WriteCsv(const ScheduleGrid& grid, const TmyString& path) {
     grid.RowTexts(row, cells);
     file.AddLine(cells);
   }
-  return file.Finish();
+  return LostTexts() == lost ? file.Finish() : ERROR_NOT_ENOUGH_MEMORY;
 }
 
 namespace {

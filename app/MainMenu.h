@@ -10,7 +10,7 @@ class MainMenu {
   MainMenu();
 
   // The window owns the system's menu from then on.
-  void AttachTo(HWND window) noexcept { bar_.AttachTo(window); }
+  void AttachTo(HWND window) { bar_.AttachTo(window); }
   // One item an archive, that of the current file checked; greyed when there is none. The window binds the items.
   void ListArchives(const std::vector<TmyString>& archives, const TmyString& current);
   [[nodiscard]] TmyMenu& HfccDatabases() noexcept { return hfccDatabases_; }

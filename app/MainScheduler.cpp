@@ -7,6 +7,14 @@
 
 namespace {
 
+bool AreEqual(const TmyTypeList<TmxTask>& tasks, const std::vector<TmxTask>& others) noexcept {
+  const bool isSameCount = tasks.Count() == others.size();
+  for (uint32_t i = 0; isSameCount && i < tasks.Count(); ++i) {
+    if (*tasks.Get(i) != others[i]) return false;
+  }
+  return isSameCount;
+}
+
 std::vector<TmxTask> Copied(const TmyTypeList<TmxTask>& tasks) {
   std::vector<TmxTask> copy;
   for (uint32_t i = 0; i < tasks.Count(); ++i) copy.push_back(*tasks.Get(i));
@@ -35,7 +43,7 @@ void MainScheduler::SaveTasks() {
     if (!isRead) return;
     isFileMissed_ = false;
     for (uint32_t i = filed.Count(); i > 0; --i) tasks_.Insert(filed.Extract(i - 1), 0);
-  } else if (isRead && IsThere(path) && Copied(tasks_) == known_ && Copied(filed) != known_) {
+  } else if (isRead && IsThere(path) && AreEqual(tasks_, known_) && !AreEqual(filed, known_)) {
     return;
   }
   if (TaskFile::Save(path, tasks_)) known_ = Copied(tasks_);

@@ -22,7 +22,7 @@ void MainSettings::Load(const Owners& owners) {
   TakeWidths(owners.eibi.Control(), settings_.eibiWidths);
   TakeWidths(owners.hfcc.Control(), settings_.fccWidths);
   TakeWidths(owners.desk.SchedulerWindow().Grid(), settings_.taskWidths);
-  SettingsStore::Load(settings_, DocumentsFolder());
+  isMissed_ = !SettingsStore::Load(settings_, DocumentsFolder());
   owners.scheduler.LoadTasks();
   owners.desk.TasksLoaded();
   owners_.emplace(owners);
@@ -73,6 +73,7 @@ void MainSettings::TakeScheduler() {
 // What lies behind the shown fields stays as it was stored. At the end of a session there may be a later save.
 void MainSettings::Save() {
   if (!owners_) return;
+  if (isMissed_) return owners_->scheduler.SaveTasks();
   if (hasScheduler_) TakeScheduler();
   settings_.window = window_.Current(owners_->window);
   settings_.isUtc = owners_->utc;

@@ -5,7 +5,8 @@
 //   ...
 //   settings_.Save();   // the window's children still exist
 //
-// Nothing is saved that was not loaded: a window that could not be made leaves the store as it is.
+// Nothing is saved that was not loaded: a window that could not be made, or not read all that was stored, leaves the
+// store as it is.
 #pragma once
 
 #include <optional>
@@ -48,5 +49,6 @@ class MainSettings {
   Settings settings_;
   PlacedWindow window_;
   PlacedWindow scheduler_;
+  bool isMissed_ = false;      // not all that is stored could be read
   bool hasScheduler_ = false;  // its window exists: it goes before the one that owns it is told
 };

@@ -25,7 +25,7 @@ MONITORINFO MonitorOf(const RECT& rect) {
   return info;
 }
 
-Settings::Place PlaceNow(HWND window) {
+std::optional<Settings::Place> PlaceNow(HWND window) {
   WINDOWPLACEMENT placement = {};
   placement.length = sizeof placement;
   if ((IsIconic(window) || IsZoomed(window)) && GetWindowPlacement(window, &placement)) {
@@ -35,7 +35,7 @@ Settings::Place PlaceNow(HWND window) {
     return PlaceOf(normal);
   }
   RECT rect = {};
-  GetWindowRect(window, &rect);
+  if (!GetWindowRect(window, &rect)) return std::nullopt;
   return PlaceOf(rect);
 }
 
@@ -75,12 +75,12 @@ void PlacedWindow::Restore(const TmyWindowBase& window, const Settings::Place& s
   if (!isReachable) place = Inside(place, area);
   Move(window, place);
   shown_ = PlaceNow(window.Handle());
-  if (isReachable || Inside(shown_, area) == shown_) return;
-  Move(window, Inside(shown_, area));
+  if (isReachable || !shown_ || Inside(*shown_, area) == *shown_) return;
+  Move(window, Inside(*shown_, area));
   shown_ = PlaceNow(window.Handle());
 }
 
 Settings::Place PlacedWindow::Current(const TmyWindowBase& window) const {
-  const Settings::Place now = PlaceNow(window.Handle());
-  return now == shown_ ? stored_ : now;
+  const std::optional<Settings::Place> now = PlaceNow(window.Handle());
+  return now && shown_ && *now != *shown_ ? *now : stored_;
 }

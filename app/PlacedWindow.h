@@ -3,6 +3,8 @@
 // still hold when the monitor returns.
 #pragma once
 
+#include <optional>
+
 #include "app/SettingsStore.h"
 #include "toolkit/myComponents.h"
 
@@ -20,5 +22,5 @@ class PlacedWindow {
 
  private:
   Settings::Place stored_ = {};
-  Settings::Place shown_ = {};
+  std::optional<Settings::Place> shown_;  // where it came to stand; none when the system did not tell
 };

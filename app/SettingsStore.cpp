@@ -80,7 +80,7 @@ void ReadWidths(const TmyRegistry& key, Settings& settings) {
 }  // namespace
 
 // A key that cannot be opened reads as one without values.
-void SettingsStore::Load(Settings& settings, const TmyString& documentsFolder) {
+bool SettingsStore::Load(Settings& settings, const TmyString& documentsFolder) {
   TmyRegistry key;
   static_cast<void>(key.Open(HKEY_CURRENT_USER, kKey, KEY_ALL_ACCESS));
   ReadPlace(key, kWindow, settings.window);
@@ -94,6 +94,7 @@ void SettingsStore::Load(Settings& settings, const TmyString& documentsFolder) {
   ReadWidths(key, settings);
   settings.currentFile = key.ReadString("CurrentFile", "");
   settings.exportFolder = key.ReadString("ExportPath", documentsFolder);
+  return !key.HasMissed();
 }
 
 void SettingsStore::Save(const Settings& settings, const std::function<void()>& saveTasks) {

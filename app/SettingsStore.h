@@ -45,8 +45,8 @@ namespace SettingsStore {
 inline constexpr char kKey[] = "Software\\Corvane Communications\\Marlux 3";  // of the current user
 
 // Before the call the widths in `settings` are those that the grids have by themselves. Also removes the values of an
-// earlier layout.
-void Load(Settings& settings, const TmyString& documentsFolder);
+// earlier layout. False when something could not be read that may be there: saving would put a default in its place.
+bool Load(Settings& settings, const TmyString& documentsFolder);
 // The task list has its place amid the values: what was written before it is kept when that never returns.
 void Save(const Settings& settings, const std::function<void()>& saveTasks);
 

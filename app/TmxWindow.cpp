@@ -1,6 +1,7 @@
 #include "app/TmxWindow.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "app/EibiDetailDialog.h"
@@ -11,6 +12,7 @@
 #include "download/TmxDownloadWindow.h"
 #include "foundation/Clock.h"
 #include "foundation/SystemErrorText.h"
+#include "foundation/Trace.h"
 #include "plugin/DataFolders.h"
 #include "toolkit/ModulePin.h"
 #include "toolkit/TmyApplication.h"
@@ -31,6 +33,16 @@ int32_t SecondsOfDay(const SYSTEMTIME& time) noexcept {
 
 int LeastGridHeight() {
   return kLeastGridRows * TmyApplication::Get().Theme().RowHeight();
+}
+
+// One of several steps that come in any case.
+template <class Step>
+void Try(Step step) noexcept {
+  try {
+    step();
+  } catch (const std::bad_alloc&) {
+    Trace::Line("No memory at the end");
+  }
 }
 
 bool FileExists(const TmyString& path) noexcept {
@@ -55,7 +67,6 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
       desk_(*this, scheduler_, link_, hostInfo_, utc_),
       splitter_(new TmySplitter(*this, SplitterGeometry::Keeps::kSecond)),
       databases_(*eibi_, *hfcc_, menu_) {
-  if (!IsAlive()) return;
   SetDoubleBuffered(true);
   SetNewestInstance(this);
   menu_.AttachTo(Handle());
@@ -67,7 +78,8 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
   ShowTexts();
   Refresh(false);
   Realign();
-  SetTimer(Handle(), kTickTimer, kTickMilliseconds, nullptr);
+  // Without it no scheduled recording would ever begin.
+  if (!SetTimer(Handle(), kTickTimer, kTickMilliseconds, nullptr)) throw std::bad_alloc();
   Show(true);
 }
 
@@ -137,9 +149,9 @@ void TmxWindow::Destroying() {
   EndMenu();  // nothing when none is open
   KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
-  settings_.Save();
+  Try([this] { settings_.Save(); });
   Instances().Remove(*this);
-  recorder_.End();
+  Try([this] { recorder_.End(); });
   link_.TellClosed();
   hostInfo_ = HostInfo();
   help_.Unload();
@@ -149,7 +161,7 @@ void TmxWindow::Destroying() {
 void TmxWindow::SessionEnds(bool isAppOnly) {
   if (!isAppOnly) KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
-  settings_.Save();
+  Try([this] { settings_.Save(); });
   recorder_.Stop();  // last: the host is told inside
 }
 
@@ -384,7 +396,7 @@ void TmxWindow::ExportCsv(TmyMenuItem&) {
   const ModulePin pin;  // the dialog runs a loop of its own
   const TmyString path = AskForCsvFile(Handle(), exportFolder_);
   if (!IsAlive() || path.IsEmpty()) return;
-  exportFolder_ = path.FilePath();
+  if (const TmyString folder = path.FilePath(); !folder.IsEmpty()) exportFolder_ = folder;
   DWORD error = ERROR_SUCCESS;
   {
     const WaitCursor wait;

@@ -14,6 +14,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "tests/support/ImportTable.h"
+
 class AllocationCount {
  public:
   explicit AllocationCount(HMODULE module);
@@ -26,11 +28,5 @@ class AllocationCount {
   [[nodiscard]] bool Counts() const noexcept { return !replaced_.empty(); }
 
  private:
-  struct Replaced {
-    ULONG_PTR* slot;
-    ULONG_PTR function;
-  };
-  void Replace(ULONG_PTR& slot, const char* name);
-
-  std::vector<Replaced> replaced_;
+  std::vector<ReplacedImport> replaced_;
 };

@@ -4,6 +4,7 @@
 
 #include "download/IndexPage.h"
 #include "foundation/FolderFiles.h"
+#include "foundation/LostTexts.h"
 #include "foundation/SwapFile.h"
 #include "schedule/EibiReader.h"
 
@@ -16,8 +17,10 @@ constexpr char kHfccFolder[] = "/data/";
 constexpr uint32_t kListStart = 1024;  // names
 constexpr uint32_t kListLimit = 0x40000;
 
+// No path at all when memory is short: a part of one leads elsewhere.
 TmyString InPath(const TmyString& folder, const TmyString& name) {
-  return folder + "\\" + name;
+  const TmyString path = folder + "\\" + name;
+  return path.Length() == folder.Length() + 1 + name.Length() ? path : TmyString();
 }
 
 TmyString CountOf(uint32_t part, uint32_t whole) {
@@ -56,6 +59,7 @@ DownloadRun::DownloadRun(DownloadDesk& desk, const TmyString& folder)
       knownFiles_(kListStart, kListLimit) {}
 
 void DownloadRun::Start() {
+  lostTexts_ = LostTexts();
   site_ = DownloadSite::kEibi;
   hasEibi_ = reachedHfcc_ = false;
   desk_.ShowWorking(true);
@@ -165,7 +169,9 @@ void DownloadRun::Closed() {
   StartHfcc();
 }
 
+// Where a text of the run was lost, another document may have been asked for, or the name is another's.
 bool DownloadRun::Save(const TmyString& name, const DownloadedDocument& document) const {
+  if (LostTexts() != lostTexts_) return false;
   SwapFile file(InPath(folder_, name));
   file.Write(document.body, document.length);
   return file.Commit();

@@ -79,6 +79,7 @@ class DownloadRun {
   TmyStringList pendingFiles_;     // names still to fetch, in the page's order
   TmyStringList downloadedFiles_;  // names fetched
   TmyStringList knownFiles_;       // base names of the files that the folder had
+  uint32_t lostTexts_ = 0;         // as the run began
   bool hasEibi_ = false;
   bool reachedHfcc_ = false;
 };

@@ -16,8 +16,10 @@ bool IsHeldBySomebody(DWORD error) noexcept {
 }  // namespace
 
 SwapFile::SwapFile(const TmyString& name) : name_(name), aside_(name + kEnding) {
-  file_.emplace(aside_, GENERIC_WRITE, CREATE_ALWAYS, 0);  // nobody reads half of it or writes into it
-  whole_ = file_->IsOpen();
+  // A name that memory was short for could be that of the file itself.
+  const bool isNamed = !name_.IsEmpty() && aside_.Length() > name_.Length();
+  if (isNamed) file_.emplace(aside_, GENERIC_WRITE, CREATE_ALWAYS, 0);  // nobody reads half of it or writes into it
+  whole_ = file_ && file_->IsOpen();
 }
 
 SwapFile::~SwapFile() {

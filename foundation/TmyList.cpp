@@ -24,6 +24,12 @@ void TmyList::Insert(void* item, uint32_t index) {
   if (MakeRoomForOne()) PlaceAt(item, index);
 }
 
+bool TmyList::TryAdd(void* item) {
+  const uint32_t before = Count();
+  Add(item);
+  return Count() > before;
+}
+
 void* TmyList::Delete(uint32_t index) {
   return TakeAt(index);
 }

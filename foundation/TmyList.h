@@ -17,6 +17,8 @@ class TmyList : public TmyBuffer {
   virtual void* Delete(uint32_t index);
 
   void Add(void* item) { Insert(item, kAtEnd); }
+  // False when the maximum is reached or memory is short: then the list stays as it is.
+  [[nodiscard]] bool TryAdd(void* item);
   [[nodiscard]] uint32_t Count() const noexcept { return size_ / sizeof(void*); }
   // The entry itself; out of range a shared empty one, reset to null at each such call.
   [[nodiscard]] void*& Get(uint32_t index) noexcept;

@@ -17,6 +17,9 @@ class TmyRegistry : public TmyObject {
   void Close() noexcept;
   [[nodiscard]] bool IsOpen() const noexcept { return key_ != nullptr; }
 
+  // A read or the opening has failed although there may be something: what was read is not what somebody stored.
+  [[nodiscard]] bool HasMissed() const noexcept { return hasMissed_; }
+
   [[nodiscard]] bool Exists(const char* name) const noexcept;
   [[nodiscard]] uint32_t ReadDword(const char* name, uint32_t otherwise) const noexcept;
   // Fills at most `size` bytes; a shorter value fills only its own length. Returns the bytes filled.
@@ -28,5 +31,10 @@ class TmyRegistry : public TmyObject {
   bool DeleteValue(const char* name) noexcept;
 
  private:
+  struct Value;
+  Value ReadWhole(const char* name, DWORD wantedType) const noexcept;
+  LSTATUS Told(LSTATUS status) const noexcept;
+
   HKEY key_ = nullptr;  // closed by Close
+  mutable bool hasMissed_ = false;
 };

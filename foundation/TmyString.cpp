@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "foundation/LostTexts.h"
+
 // A header and, directly behind it, `capacity` characters. Behind those lies one more byte that is always zero: who
 // overwrites the terminator through WritableAt still leaves a terminated text.
 struct TmyString::Block {
@@ -49,6 +51,7 @@ std::string_view ViewOf(const char* text) noexcept {
 }
 
 char scratch = 0;
+uint32_t lostTexts = 0;
 
 // Both: the length without the terminating zero, negative when the format cannot be rendered. On Windows its own
 // formatter, because callers use its "%I64d"; the cross compiler's headers would substitute another.
@@ -88,7 +91,10 @@ TmyString::Block* TmyString::Block::Allocate(uint64_t capacity) noexcept {
   static_assert(offsetof(Block, references) == 12 && sizeof(Block) == 16);
   if (capacity > kMaximumCapacity) return nullptr;
   auto* block = static_cast<Block*>(std::malloc(sizeof(Block) + static_cast<size_t>(capacity) + 1));
-  if (!block) return nullptr;
+  if (!block) {
+    ++lostTexts;
+    return nullptr;
+  }
   *block = {0, 0, static_cast<uint32_t>(capacity), 1};
   block->Chars()[0] = 0;
   block->Chars()[capacity] = 0;
@@ -117,6 +123,10 @@ TmyString::Block* TmyString::Block::Render(const char* format, va_list arguments
   WriteFormatted(block->Chars(), size_t{count} + 1, format, arguments);
   block->SetLength(count);
   return block;
+}
+
+uint32_t LostTexts() noexcept {
+  return lostTexts;
 }
 
 TmyString::TmyString() noexcept : block_(Block::Empty()) {}
@@ -276,7 +286,10 @@ bool TmyString::MakeUnique(uint32_t room) {
   if (length + 1 >= room) return true;
   if (room > kMaximumCapacity) return false;
   auto* moved = static_cast<Block*>(std::realloc(block_, sizeof(Block) + room + 1));
-  if (!moved) return false;
+  if (!moved) {
+    ++lostTexts;
+    return false;
+  }
   moved->capacity = room;
   std::memset(moved->Chars() + length, 0, room - length + 1);
   block_ = moved;

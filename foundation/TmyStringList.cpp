@@ -6,6 +6,8 @@
 
 namespace {
 
+const TmyString kNothing;  // here, for the runtime guards a local static with memory and crashes when there is none
+
 TmyString* CellOf(void* entry) noexcept {
   return static_cast<TmyString*>(entry);
 }
@@ -48,7 +50,6 @@ void TmyStringList::Insert(const TmyString& text, uint32_t index) {
 }
 
 const TmyString& TmyStringList::Get(uint32_t index) const noexcept {
-  static const TmyString kNothing;
   return index < Count() ? *static_cast<const TmyString*>(Entries()[index]) : kNothing;
 }
 

@@ -4,16 +4,29 @@
 // The shell's header needs the one above first.
 #include <shlobj.h>
 
+#include <new>
 #include <string>
+#include <string_view>
 
 #include "foundation/TmyRegistry.h"
+
+namespace {
+
+// A path without its beginning, or none at all, leads to other files, and those that are missed count as not there.
+TmyString Whole(std::string_view path) {
+  TmyString text(path);
+  if (text.Length() != path.size()) throw std::bad_alloc();
+  return text;
+}
+
+}  // namespace
 
 TmyString DocumentsFolder() {
   // A documents folder that does not exist counts as a failure at first; it is made with the rest of the path.
   for (const int flags : {0, CSIDL_FLAG_DONT_VERIFY}) {
     char path[MAX_PATH] = "";
     if (SUCCEEDED(SHGetFolderPathA(nullptr, CSIDL_PERSONAL | flags, nullptr, SHGFP_TYPE_CURRENT, path))) {
-      return TmyString(path);
+      return Whole(path);
     }
   }
   return {};
@@ -31,7 +44,8 @@ TmyString Environment(const char* name) {
   return TmyString(std::string_view(value.data(), length));
 }
 
-TmyString Created(TmyString path) {
+TmyString Created(const TmyString& above, std::string_view names) {
+  TmyString path = Whole(std::string(above.View()).append(names));
   CreateFolders(path);
   return path;
 }
@@ -49,11 +63,11 @@ void CreateFolders(const TmyString& path) {
 }
 
 TmyString DataFolder() {
-  return Created(DocumentsFolder() + "\\Corvane\\Marlux3");
+  return Created(DocumentsFolder(), "\\Corvane\\Marlux3");
 }
 
 TmyString RecordingsFolder() {
-  return Created(DataFolder() + "\\Recordings");
+  return Created(DataFolder(), "\\Recordings");
 }
 
 TmyString PluginFolder() {

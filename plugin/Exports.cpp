@@ -35,10 +35,7 @@ extern "C" uint32_t __stdcall zqnPluginStart(uint32_t hostHandle, uint32_t, Host
     const TmyWindowBase::Hold hold;  // the window may be closed while it starts
     auto* window = new (std::nothrow) TmxWindow(HostInfo::Copy(hostInfo));
     if (!window) return 0;
-    if (!window->IsAlive()) {
-      delete window;
-      return 0;
-    }
+    if (!window->IsAlive()) return 0;
     return window->Start(hostHandle, callback);
   } catch (const std::bad_alloc&) {  // nothing of ours may be thrown into a host
     return 0;
@@ -58,8 +55,22 @@ extern "C" void __stdcall zqnPluginDone() {
   ModulePin::ReleaseUnused();
 }
 
+namespace {
+
+// The runtime takes memory of its own for a thread's first exception and does not look whether it got any: that must
+// not be when memory is short.
+void PrepareExceptions() noexcept {
+  try {
+    throw std::bad_alloc();
+  } catch (const std::bad_alloc&) {
+  }
+}
+
+}  // namespace
+
 // At the end of the whole process (`reserved` set) the system has taken the windows already.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* reserved) {
+  if (reason == DLL_PROCESS_ATTACH) PrepareExceptions();
   if (reason == DLL_PROCESS_DETACH && !reserved) {
     ModulePin::ModuleGoes();
     TmyApplication::Shutdown();

@@ -1,9 +1,12 @@
 #include "scheduler/TmxSchedulerWindow.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "foundation/Clock.h"
+#include "foundation/LostTexts.h"
+#include "foundation/Trace.h"
 #include "scheduler/NewTask.h"
 #include "scheduler/TaskTexts.h"
 #include "scheduler/TaskTime.h"
@@ -254,11 +257,18 @@ void TmxSchedulerWindow::DeleteSelected() {
   TasksChanged();
 }
 
+// A task is not taken from an editor that had no memory for a text of it.
 bool TmxSchedulerWindow::RunEditor(TmxTask& task) {
+  const uint32_t lost = LostTexts();
   auto* editor = new TmxTaskWindow(owner_, *this);
   editor_ = editor;
   const DisabledWindow disabled(owner_.Window());
-  const bool confirmed = editor->Edit(task);
+  bool confirmed = false;
+  try {
+    confirmed = editor->Edit(task) && LostTexts() == lost;
+  } catch (const std::bad_alloc&) {
+    Trace::Line("No memory for the task");
+  }
   if (TmyApplication::IsTerminating() || !IsAlive()) return false;
   editor_ = nullptr;
   editor->Destroy();

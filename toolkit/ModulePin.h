@@ -19,7 +19,6 @@ class ModulePin {
   static void ModuleGoes() noexcept { isGoing_ = true; }
 
  private:
-  static int active_;     // loops running now
-  static bool isPinned_;  // we hold one reference
+  static int active_;  // loops running now
   static bool isGoing_;
 };

@@ -3,6 +3,8 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <new>
+#include <utility>
 
 #include "foundation/Trace.h"
 #include "toolkit/DebugListing.h"
@@ -32,7 +34,12 @@ TmyApplication& TmyApplication::Get() {
   if (!theApplication) {
     terminating = false;
     theApplication = std::make_unique<TmyApplication>();
-    theApplication->CreateHelpers();  // their window procedure already asks for the application
+    try {
+      theApplication->CreateHelpers();  // their window procedure already asks for the application
+    } catch (const std::bad_alloc&) {
+      Shutdown();  // the next one who asks tries again
+      throw;
+    }
   }
   return *theApplication;
 }
@@ -146,7 +153,7 @@ void TmyApplication::RecordFocus(TmyComponent& component) {
 }
 
 void TmyApplication::WindowCreated(TmyWindowBase& window) {
-  windows_.Insert(&window, TmyList::kAtEnd);
+  if (!windows_.TryAdd(&window)) throw std::bad_alloc();
   if (listing_) listing_->Add(window);
 }
 
@@ -165,9 +172,13 @@ void TmyApplication::Forget(const TmyWindowBase& window) noexcept {
   }
 }
 
+void TmyApplication::Bury(TmyWindowBase& window) noexcept {
+  window.buriedBefore_ = std::exchange(buried_, &window);
+}
+
 void TmyApplication::LeaveDispatch() {
   if (--dispatchDepth_ > 0) return;
-  while (graveyard_.Count() > 0) delete static_cast<TmyWindowBase*>(graveyard_.Delete(graveyard_.Count() - 1));
+  while (buried_) delete std::exchange(buried_, buried_->buriedBefore_);
 }
 
 // The helpers are controls themselves: they come here when they go.

@@ -25,7 +25,8 @@ struct TmyPopupFocus {
 
 class TmyApplication {
  public:
-  // Made at the first call. Not in the module's entry point: windows must not be created under the loader's lock.
+  // Made at the first call; throws std::bad_alloc when that fails. Not in the module's entry point: windows must not be
+  // created under the loader's lock.
   [[nodiscard]] static TmyApplication& Get();
   [[nodiscard]] static bool Exists() noexcept;
   // At unload: ends modal loops, destroys the windows that are left, unregisters the class.
@@ -70,7 +71,7 @@ class TmyApplication {
   void EnterDispatch() noexcept { ++dispatchDepth_; }
   void LeaveDispatch();
   [[nodiscard]] bool IsDispatching() const noexcept { return dispatchDepth_ > 0; }  // code of ours is on the stack
-  void Bury(TmyWindowBase& window) { graveyard_.Add(&window); }
+  void Bury(TmyWindowBase& window) noexcept;
 
   void ShowToolTip(const TmyControl& control, const char* text);  // at the cursor, until HideToolTip or some seconds
   void HideToolTip() noexcept;
@@ -90,8 +91,8 @@ class TmyApplication {
   std::unique_ptr<char[]> logBuffer_;  // with "/l" only, as the listing
   std::unique_ptr<DebugListing> listing_;
   TmyTypeList<TmyPopupFocus> focusRecords_;
-  TmyList windows_;    // TmyWindowBase pointers, not owned
-  TmyList graveyard_;  // objects whose windows are gone; owned until LeaveDispatch deletes them
+  TmyList windows_;                  // TmyWindowBase pointers, not owned
+  TmyWindowBase* buried_ = nullptr;  // the last one whose window is gone; owned until LeaveDispatch deletes them
   uint32_t dispatchDepth_ = 0;
   TmyComponent* mainWindow_ = nullptr;    // not owned
   TmyComponent* activeWindow_ = nullptr;  // not owned

@@ -1,4 +1,6 @@
 // TmyComponent's construction, children, focus and modal loop; its message dispatch is in myComponents.cpp.
+#include <new>
+
 #include "toolkit/FocusOrder.h"
 #include "toolkit/ModulePin.h"
 #include "toolkit/TmyApplication.h"
@@ -11,8 +13,8 @@ TmyComponent::TmyComponent(const char* caption, DWORD style, DWORD extendedStyle
   SetColors(colors.surface, colors.text, colors.disabled);
   if (parent && (style & WS_CHILD) != 0) {
     parent->AddChild(this);
-  } else if (parent) {
-    parent->owned_.Add(this);
+  } else if (parent && !parent->owned_.TryAdd(this)) {
+    throw std::bad_alloc();
   }
   UpdateBounds();
 }
@@ -42,8 +44,9 @@ void TmyComponent::DestroyChildren() {
 }
 
 void TmyComponent::AddChild(TmyComponent* child) {
-  children_.Add(child);
-  focusOrder_.Add(static_cast<TmyControl*>(child));
+  if (children_.TryAdd(child) && focusOrder_.TryAdd(static_cast<TmyControl*>(child))) return;
+  RemoveChild(child);
+  throw std::bad_alloc();
 }
 
 void TmyComponent::RemoveChild(TmyComponent* child) noexcept {
@@ -62,10 +65,10 @@ TmyComponent* TmyComponent::NextChild(const TmyComponent* previous) {
 }
 
 void TmyComponent::Link(TmyControl* control) {
+  if (!focusOrder_.TryAdd(control)) throw std::bad_alloc();
   TmyControl** end = &controls_;
   while (*end) end = &(*end)->next_;
   *end = control;
-  focusOrder_.Add(control);
 }
 
 void TmyComponent::Unlink(TmyControl* control) noexcept {

@@ -1,6 +1,7 @@
 #include "toolkit/TmyEdit.h"
 
 #include <algorithm>
+#include <new>
 
 #include "toolkit/ClipboardText.h"
 #include "toolkit/ListKeys.h"
@@ -38,7 +39,8 @@ TmyEdit::TmyEdit(TmyComponent& parent, Align align)
                       static_cast<DWORD>(align == Align::kRight ? ES_RIGHT : ES_LEFT);
   const HWND edit = CreateWindowExA(0, "EDIT", "", style, 0, 0, 0, 0, parent.Handle(), nullptr,
                                     TmyApplication::Get().Module(), nullptr);
-  if (edit) Adopt(edit);
+  if (!edit) throw std::bad_alloc();
+  Adopt(edit);
   ApplyTheme();
 }
 

@@ -1,5 +1,7 @@
 #include "toolkit/TmyMenu.h"
 
+#include <new>
+
 TmyMenu::~TmyMenu() {
   items_.clear();
   // DestroyMenu destroys submenus too: they must not be destroyed a second time.
@@ -12,7 +14,11 @@ TmyMenuItem& TmyMenu::AddItem(const TmyString& text) {
 
 TmyMenu& TmyMenu::AddSubmenu(const TmyString& text) {
   TmyMenu& submenu = *submenus_.emplace_back(std::make_unique<TmyMenu>());
-  AppendMenuA(menu_.get(), MF_POPUP | MF_STRING, reinterpret_cast<UINT_PTR>(submenu.Handle()), text.Chars());
+  const auto handle = reinterpret_cast<UINT_PTR>(submenu.Handle());
+  if (!handle || !AppendMenuA(menu_.get(), MF_POPUP | MF_STRING, handle, text.Chars())) {
+    submenus_.pop_back();  // still its own: the destructor would give it up
+    throw std::bad_alloc();
+  }
   return submenu;
 }
 
@@ -39,7 +45,7 @@ void TmyMenu::EnableSubmenu(const TmyMenu& submenu, bool enabled) noexcept {
   EnableMenuItem(menu_.get(), static_cast<UINT>(at), MF_BYPOSITION | (enabled ? MF_ENABLED : MF_GRAYED | MF_DISABLED));
 }
 
-void TmyMainMenu::AttachTo(HWND window) noexcept {
-  SetMenu(window, Handle());
+void TmyMainMenu::AttachTo(HWND window) {
+  if (!SetMenu(window, Handle())) throw std::bad_alloc();
   Release();
 }

@@ -3,6 +3,8 @@
 //   TmyMenu& file = menuBar.AddSubmenu("&File");
 //   TmyMenuItem& exit = file.AddItem("E&xit");
 //   exit.chosen.Bind<&TmxWindow::Exit>(this);
+//
+// An entry or a bar that the system refuses is a lack of memory: std::bad_alloc.
 #pragma once
 
 #include <memory>
@@ -42,5 +44,5 @@ class TmyMenu : public TmyControl {
 class TmyMainMenu : public TmyMenu {
  public:
   TmyMainMenu() : TmyMenu(CreateMenu()) {}
-  void AttachTo(HWND window) noexcept;
+  void AttachTo(HWND window);
 };

@@ -1,24 +1,23 @@
 #include "toolkit/TmyMenuItem.h"
 
 #include <map>
+#include <new>
 
 namespace {
 
 // All live items of the module by command number. Numbers are unique in the module, so that a command finds its item
-// whichever window it arrives at; numbers below 1,000 stay free for system controls.
+// whichever window it arrives at; numbers below 1,000 stay free for system controls. Made when the module is loaded:
+// the runtime guards a local static with memory and crashes when there is none.
 constexpr uint16_t kFirstId = 1000;
 constexpr uint16_t kLastId = 0xEFFF;  // above, the system's own commands begin
 
-std::map<uint16_t, TmyMenuItem*>& LiveItems() {
-  static std::map<uint16_t, TmyMenuItem*> items;  // the items are owned by their menus
-  return items;
-}
+std::map<uint16_t, TmyMenuItem*> liveItems;  // owned by their menus
 
 uint16_t FreeId() {
   static uint16_t last = kLastId;
   for (uint32_t tries = 0; tries <= uint32_t{kLastId} - kFirstId; ++tries) {
     last = last >= kLastId ? kFirstId : static_cast<uint16_t>(last + 1);
-    if (LiveItems().count(last) == 0) return last;
+    if (liveItems.count(last) == 0) return last;
   }
   return 0;
 }
@@ -26,12 +25,12 @@ uint16_t FreeId() {
 }  // namespace
 
 TmyMenuItem::TmyMenuItem(HMENU menu, const TmyString& text) : menu_(menu), text_(text), id_(FreeId()) {
-  LiveItems()[id_] = this;
-  AppendMenuA(menu_, MF_STRING, id_, text_.Chars());
+  if (!AppendMenuA(menu_, MF_STRING, id_, text_.Chars())) throw std::bad_alloc();
+  liveItems[id_] = this;
 }
 
 TmyMenuItem::~TmyMenuItem() {
-  LiveItems().erase(id_);
+  liveItems.erase(id_);
 }
 
 void TmyMenuItem::Enable(bool enabled) noexcept {
@@ -51,8 +50,8 @@ bool TmyMenuItem::IsChecked() const noexcept {
 }
 
 bool TmyMenuItem::RaiseById(uint16_t id) {
-  const auto found = LiveItems().find(id);
-  if (found == LiveItems().end() || !found->second->IsEnabled()) return false;
+  const auto found = liveItems.find(id);
+  if (found == liveItems.end() || !found->second->IsEnabled()) return false;
   TmyMenuItem& item = *found->second;
   const TmyEvent<TmyMenuItem&> event = item.chosen;
   event(item);

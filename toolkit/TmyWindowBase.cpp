@@ -16,6 +16,10 @@ POINT CentredOrAt(int x, int y, int width, int height) {
   return {(GetSystemMetrics(SM_CXSCREEN) - width) / 2, (GetSystemMetrics(SM_CYSCREEN) - height) / 2};
 }
 
+TmyWindowBase* StoredObject(HWND handle) noexcept {
+  return reinterpret_cast<TmyWindowBase*>(GetWindowLongPtrA(handle, GWLP_USERDATA));
+}
+
 void StoreObject(HWND handle, TmyWindowBase* object) noexcept {
   SetWindowLongPtrA(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(object));
 }
@@ -31,9 +35,13 @@ TmyWindowBase::TmyWindowBase(const char* caption, DWORD style, DWORD extendedSty
   TmyApplication& application = TmyApplication::Get();
   application.WindowCreated(*this);
   const POINT at = CentredOrAt(x, y, width, height);
-  HWND created = CreateWindowExA(extendedStyle, application.ClassName(), caption, style, at.x, at.y, width, height,
-                                 parent ? parent->Handle() : nullptr, nullptr, application.Module(), this);
-  handle_ = created;  // null when the system refused: every operation copes with that
+  handle_ = CreateWindowExA(extendedStyle, application.ClassName(), caption, style, at.x, at.y, width, height,
+                            parent ? parent->Handle() : nullptr, nullptr, application.Module(), this);
+  if (!handle_) {
+    application.Forget(*this);
+    throw std::bad_alloc();  // nobody would ever delete an object without a window
+  }
+  beingDestroyed_ = false;
 }
 
 TmyWindowBase::~TmyWindowBase() {
@@ -52,15 +60,18 @@ void TmyWindowBase::Destroy() {
 
 void TmyWindowBase::Adopt(HWND other) {
   const HWND own = handle_;
-  if (own) {
-    SetProcedure(own, previous_);
-    StoreObject(own, nullptr);
-    DestroyWindow(own);
-  }
   StoreObject(other, this);
+  const WNDPROC procedure = StoredObject(other) == this ? SetProcedure(other, StaticWndProc) : nullptr;
+  if (!procedure) {
+    DestroyWindow(other);
+    throw std::bad_alloc();
+  }
+  SetProcedure(own, previous_);
+  StoreObject(own, nullptr);
+  DestroyWindow(own);
   handle_ = other;
   adopted_ = true;
-  previous_ = SetProcedure(other, StaticWndProc);
+  previous_ = procedure;
   if (TmyComponent* parent = GetParent(); parent && parent->IsAlive()) {
     SendMessageA(parent->Handle(), WM_PARENTNOTIFY, WM_CREATE, reinterpret_cast<LPARAM>(other));
   }
@@ -95,7 +106,7 @@ TmyWindowBase* TmyWindowBase::Attach(HWND handle, const CREATESTRUCTA& creation)
 LRESULT CALLBACK TmyWindowBase::StaticWndProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
   if (!TmyApplication::Exists()) return DefWindowProcA(handle, message, wParam, lParam);
   TmyApplication::Get().SetLastMessageTime(Clock::Ticks());
-  auto* object = reinterpret_cast<TmyWindowBase*>(GetWindowLongPtrA(handle, GWLP_USERDATA));
+  auto* object = StoredObject(handle);
   if (message == WM_NCCREATE || message == WM_CREATE) {
     object = Attach(handle, *reinterpret_cast<const CREATESTRUCTA*>(lParam));
   }
@@ -131,7 +142,7 @@ void TmyWindowBase::DetachOnDestroy() noexcept {
   handle_ = nullptr;
 }
 
-TmyWindowBase::Hold::Hold() noexcept {
+TmyWindowBase::Hold::Hold() {
   TmyApplication::Get().EnterDispatch();
 }
 

@@ -21,7 +21,7 @@ class TmyWindowBase : public TmyControl {
 
   // x = y = -1 centres the window on the screen. Width and height in pixels, frame included. With a parent and
   // WS_CHILD the window becomes the parent's child (and the parent is told by AddChild); without WS_CHILD the parent's
-  // window owns it.
+  // window owns it. Throws std::bad_alloc when the system gives no window.
   TmyWindowBase(const char* caption, DWORD style, DWORD extendedStyle, int x, int y, int width, int height,
                 TmyComponent* parent);
   ~TmyWindowBase() override;
@@ -31,7 +31,7 @@ class TmyWindowBase : public TmyControl {
   void Destroy();
 
   // Takes over a window of another class (a system control): the own window is destroyed, the other one's procedure
-  // becomes the default processing.
+  // becomes the default processing. Throws std::bad_alloc when it cannot be taken over; it is destroyed then.
   void Adopt(HWND other);
 
   template <auto kMethod, class Owner>
@@ -49,7 +49,7 @@ class TmyWindowBase : public TmyControl {
   // that goes on after something that may destroy its object outside of any message does so itself. Check IsAlive then.
   class Hold {
    public:
-    Hold() noexcept;
+    Hold();
     ~Hold();
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
@@ -63,6 +63,8 @@ class TmyWindowBase : public TmyControl {
   [[nodiscard]] bool IsBeingDestroyed() const noexcept { return beingDestroyed_; }
 
  private:
+  friend class TmyApplication;
+
   static TmyWindowBase* Attach(HWND handle, const CREATESTRUCTA& creation) noexcept;
   LRESULT Dispatch(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
   void DetachOnDestroy() noexcept;
@@ -71,6 +73,7 @@ class TmyWindowBase : public TmyControl {
   WNDPROC previous_ = DefWindowProcA;
   void* hookOwner_ = nullptr;  // not owned
   Hook hook_ = nullptr;
-  bool beingDestroyed_ = false;  // the deletion has been decided: no second one
+  TmyWindowBase* buriedBefore_ = nullptr;  // in the chain of those that wait for their deletion
+  bool beingDestroyed_ = true;  // not to be deleted later: before it has its window, and once that is decided
   bool adopted_ = false;
 };

@@ -51,8 +51,8 @@ int64_t Handles() {
 
 }  // namespace
 
-ProcessCounts ProcessCounts::Now() {
-  ProcessCounts counts = {GdiObjects(), UserObjects(), Handles(), 0, 0};
+ProcessCounts ProcessCounts::Now(bool withUser) {
+  ProcessCounts counts = {GdiObjects(), withUser ? UserObjects() : 0, Handles(), 0, 0};
   std::array<HANDLE, 64> heaps;
   const DWORD count = std::min<DWORD>(GetProcessHeaps(heaps.size(), heaps.data()), heaps.size());
   for (DWORD i = 0; i < count; ++i) {

@@ -12,7 +12,7 @@ struct ProcessCounts {
   int64_t heapBlocks;  // of all heaps
   int64_t heapBytes;
 
-  [[nodiscard]] static ProcessCounts Now();
+  [[nodiscard]] static ProcessCounts Now(bool withUser = true);  // objects of USER take a while to count
 };
 
 inline std::ostream& operator<<(std::ostream& out, const ProcessCounts& counts) {
