@@ -19,5 +19,14 @@ cd "$(dirname "$0")"
 . scripts/common.sh
 ./build.sh
 data=${data:-$BUILD_DIR/samples}
+
+# Each request to Wine's server wakes a processor; one that has gone to sleep takes some 50 us for it, ten times what an
+# awake one takes, which would be measured in place of the program. What keeps them awake gives way to everybody.
+awake=()
+trap 'kill "${awake[@]}" 2>/dev/null' EXIT
+for _ in $(seq "$(nproc)"); do
+  nice -n 19 sh -c 'while kill -0 "$0" 2>/dev/null; do for _ in 1 2 3 4 5 6 7 8 9; do :; done; done' $$ &
+  awake+=($!)
+done
 scripts/with-web-server.sh "$BUILD_DIR/web-bench" scripts/bench-download.sh \
   scripts/with-display.sh scripts/wine-run.sh "$BUILD_DIR/bin/marlux-bench.exe" --data "$data" "${only[@]}"
