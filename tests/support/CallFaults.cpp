@@ -270,7 +270,7 @@ bool CallFaults::Install(const char* name) {
   if (!stubs) ReadGroups();
   base = reinterpret_cast<ULONG_PTR>(module);
   MEMORY_BASIC_INFORMATION part = {};
-  for (size = 0; VirtualQuery(module + size / sizeof *module, &part, sizeof part); size += part.RegionSize) {
+  for (size = 0; VirtualQuery(reinterpret_cast<void*>(base + size), &part, sizeof part); size += part.RegionSize) {
     if (part.AllocationBase != module) break;
   }
   return stubs && !ReplaceImports(module, &StubFor).empty();
