@@ -81,7 +81,7 @@ TmyString TmyRegistry::ReadString(const char* name, const TmyString& otherwise) 
   const char* const text = reinterpret_cast<const char*>(value.bytes.get());
   const std::string_view whole(text, value.size);
   const std::string_view ended = whole.substr(0, whole.find('\0'));  // a value without a zero is possible, too
-  const TmyString read(ended);
+  TmyString read(ended);
   if (read.Length() != ended.size()) hasMissed_ = true;
   return read;
 }

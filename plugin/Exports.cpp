@@ -34,8 +34,7 @@ extern "C" uint32_t __stdcall zqnPluginStart(uint32_t hostHandle, uint32_t, Host
   try {
     const TmyWindowBase::Hold hold;  // the window may be closed while it starts
     auto* window = new (std::nothrow) TmxWindow(HostInfo::Copy(hostInfo));
-    if (!window) return 0;
-    if (!window->IsAlive()) return 0;
+    if (!window || !window->IsAlive()) return 0;  // one that was closed meanwhile goes with the hold
     return window->Start(hostHandle, callback);
   } catch (const std::bad_alloc&) {  // nothing of ours may be thrown into a host
     return 0;
