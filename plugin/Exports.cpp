@@ -34,7 +34,8 @@ extern "C" uint32_t __stdcall zqnPluginStart(uint32_t hostHandle, uint32_t, Host
   try {
     const TmyWindowBase::Hold hold;  // the window may be closed while it starts
     auto* window = new (std::nothrow) TmxWindow(HostInfo::Copy(hostInfo));
-    if (!window || !window->IsAlive()) return 0;  // one that was closed meanwhile goes with the hold
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): one that was closed meanwhile goes with the hold
+    if (!window || !window->IsAlive()) return 0;
     return window->Start(hostHandle, callback);
   } catch (const std::bad_alloc&) {  // nothing of ours may be thrown into a host
     return 0;

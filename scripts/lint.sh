@@ -15,7 +15,9 @@ folders=(foundation toolkit schedule plugin scheduler download app host gallery 
 
 # clang parses with the cross compiler's C++ library and Windows headers, in the order in which that one looks at them,
 # and with built-in headers of its own in place of gcc's.
-cross=(-p "$build" --extra-arg=--target=i686-w64-mingw32 --extra-arg=-nostdinc++
+mkdir -p "$BUILD_DIR/lint"
+sed 's/ -mmemcpy-strategy=[^ ]*//' "$build/compile_commands.json" >"$BUILD_DIR/lint/compile_commands.json"  # gcc's own
+cross=(-p "$BUILD_DIR/lint" --extra-arg=--target=i686-w64-mingw32 --extra-arg=-nostdinc++
        # It does not know the Microsoft flavour of printf's attribute.
        --extra-arg=-Wno-ignored-attributes)
 while read -r folder; do
