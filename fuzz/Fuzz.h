@@ -55,7 +55,7 @@ class Input {
 
 void Try(Input& input);  // each target's own
 
-// Once a program: only targets include this.
+// NOLINTNEXTLINE(misc-definitions-in-headers): only targets include this, and each is a program
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Input input(data, size);
   Try(input);

@@ -13,7 +13,7 @@ class FreshDocumentsFolder {
   FreshDocumentsFolder() {
     constexpr char kKey[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
     RegSetKeyValueA(HKEY_CURRENT_USER, kKey, "Personal", REG_EXPAND_SZ, Path().c_str(),
-                    static_cast<DWORD>(Path().size() + 1));
+                    static_cast<DWORD>(Path().size()) + 1);
   }
   FreshDocumentsFolder(const FreshDocumentsFolder&) = delete;
   FreshDocumentsFolder& operator=(const FreshDocumentsFolder&) = delete;
