@@ -28,7 +28,8 @@ MONITORINFO MonitorOf(const RECT& rect) {
 std::optional<Settings::Place> PlaceNow(HWND window) {
   WINDOWPLACEMENT placement = {};
   placement.length = sizeof placement;
-  if ((IsIconic(window) || IsZoomed(window)) && GetWindowPlacement(window, &placement)) {
+  if (IsIconic(window) || IsZoomed(window)) {
+    if (!GetWindowPlacement(window, &placement)) return std::nullopt;
     RECT normal = placement.rcNormalPosition;  // counts from the work area's corner, not the screen's
     const MONITORINFO monitor = MonitorOf(normal);
     OffsetRect(&normal, monitor.rcWork.left - monitor.rcMonitor.left, monitor.rcWork.top - monitor.rcMonitor.top);

@@ -19,6 +19,8 @@ class TmyList : public TmyBuffer {
   void Add(void* item) { Insert(item, kAtEnd); }
   // False when the maximum is reached or memory is short: then the list stays as it is.
   [[nodiscard]] bool TryAdd(void* item);
+  // Whether the next insert will succeed. False: the maximum is reached, or memory is short.
+  [[nodiscard]] bool MakeRoomForOne();
   [[nodiscard]] uint32_t Count() const noexcept { return size_ / sizeof(void*); }
   // The entry itself; out of range a shared empty one, reset to null at each such call.
   [[nodiscard]] void*& Get(uint32_t index) noexcept;
@@ -33,7 +35,6 @@ class TmyList : public TmyBuffer {
   [[nodiscard]] void* const* Entries() const noexcept { return reinterpret_cast<void* const*>(data_); }
 
  protected:
-  [[nodiscard]] bool MakeRoomForOne();         // false: the maximum is reached, or memory is short
   void PlaceAt(void* item, uint32_t index);    // room must have been made
   [[nodiscard]] void* TakeAt(uint32_t index);  // null when the index is not below the count
 };

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "foundation/Clock.h"
-#include "foundation/LostTexts.h"
 #include "foundation/Trace.h"
 #include "scheduler/NewTask.h"
 #include "scheduler/TaskTexts.h"
@@ -230,7 +229,8 @@ void TmxSchedulerWindow::NewTaskWanted(std::unique_ptr<TmxTask> task) {
     SetForegroundWindow(dialog->Handle());
     return;
   }
-  if (!RunEditor(*task)) return;
+  // Room comes first: what was entered and confirmed must not fail to fit.
+  if (!owner_.Tasks().MakeRoomForOne() || !RunEditor(*task)) return;
   owner_.Tasks().Add(std::move(task));
   TasksChanged();
 }
@@ -257,15 +257,13 @@ void TmxSchedulerWindow::DeleteSelected() {
   TasksChanged();
 }
 
-// A task is not taken from an editor that had no memory for a text of it.
 bool TmxSchedulerWindow::RunEditor(TmxTask& task) {
-  const uint32_t lost = LostTexts();
   auto* editor = new TmxTaskWindow(owner_, *this);
   editor_ = editor;
   const DisabledWindow disabled(owner_.Window());
   bool confirmed = false;
   try {
-    confirmed = editor->Edit(task) && LostTexts() == lost;
+    confirmed = editor->Edit(task);
   } catch (const std::bad_alloc&) {
     Trace::Line("No memory for the task");
   }

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "foundation/Clock.h"
+#include "foundation/LostTexts.h"
 #include "plugin/ModeNames.h"
 #include "schedule/DayTime.h"
 #include "scheduler/TaskTime.h"
@@ -69,6 +71,7 @@ TmyString DayCaption(uint32_t bit) {
 TmxTaskWindow::TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent)
     : TmyComponent("New Task", kStyle, kExtendedStyle, 0, 0, 100, 100, &parent),
       owner_(owner),
+      lostTexts_(LostTexts()),
       enabled_(*this, "Enable task"),
       from_(new TmyCalendar(*this, WS_VISIBLE | WS_TABSTOP)),
       to_(new TmyCalendar(*this, WS_VISIBLE | WS_TABSTOP)),
@@ -109,11 +112,13 @@ void TmxTaskWindow::AddModes() {
 
 bool TmxTaskWindow::Edit(TmxTask& task) {
   const Hold hold;
+  task_ = task;
   Fill(task);
+  if (LostTexts() != lostTexts_) return false;
   isConfirmed_ = false;
   const int result = ShowModal(GetParent());
   if (result != kConfirmed && (result == 0 || !isConfirmed_)) return false;
-  Store(task);
+  task = task_;
   return true;
 }
 
@@ -138,7 +143,8 @@ void TmxTaskWindow::SelectMode(int32_t mode) {
   }
 }
 
-void TmxTaskWindow::Store(TmxTask& task) const {
+TmxTask TmxTaskWindow::Entered() const {
+  TmxTask task = task_;
   task.enabled = enabled_.IsChecked() ? 1 : 0;
   task.from = DateIn(*from_, task.from);
   task.to = DateIn(*to_, task.to);
@@ -153,6 +159,7 @@ void TmxTaskWindow::Store(TmxTask& task) const {
   }
   task.days = 0;
   for (uint32_t day = 0; day < days_.size(); ++day) task.days |= days_[day].IsChecked() ? 1U << day : 0;
+  return task;
 }
 
 // One width for the whole column.
@@ -255,6 +262,12 @@ void TmxTaskWindow::Escape() {
 void TmxTaskWindow::Clicked(Tmy_Btn& button) {
   if (&button != &ok_) return EndModal(kCancelled);
   for (TmyCalendar* picker : {from_, to_}) picker->FinishTyping();
+  const TmxTask entered = Entered();
+  if (const uint32_t lost = LostTexts(); std::exchange(lostTexts_, lost) != lost) {
+    MessageBeep(MB_ICONWARNING);
+    return TmyComponent::Repaint();
+  }
+  task_ = entered;
   // Another dialog's loop may run inside ours, which then cannot end yet: whatever is pressed meanwhile, it is
   // confirmed.
   isConfirmed_ = true;

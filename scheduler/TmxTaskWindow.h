@@ -28,7 +28,8 @@ class TmxTaskWindow : public TmyComponent {
   TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent);
 
   // Shows the task and waits. True: the user confirmed, the task is changed. False: it is as it was, and the editor and
-  // its parent may be gone. The reserved word always stays.
+  // its parent may be gone. The reserved word always stays. Without memory for what it shows it does not open; when
+  // memory was short while it was open, the first OK only beeps, and the user sees what the fields have come to.
   [[nodiscard]] bool Edit(TmxTask& task);
 
   void Paint(HDC dc) override;
@@ -42,7 +43,7 @@ class TmxTaskWindow : public TmyComponent {
  private:
   void AddModes();
   void Fill(const TmxTask& task);
-  void Store(TmxTask& task) const;
+  [[nodiscard]] TmxTask Entered() const;
   void SelectMode(int32_t mode);
   [[nodiscard]] int ModeWidth() const;
   [[nodiscard]] int DaysWidth() const;
@@ -54,6 +55,7 @@ class TmxTaskWindow : public TmyComponent {
   void Clicked(Tmy_Btn& button);
 
   SchedulerOwner& owner_;
+  uint32_t lostTexts_;  // up to where the user has seen the fields
   // In the order in which Tab walks through them; the child windows belong to their windows.
   Tmy_CheckBox enabled_;
   TmyCalendar* from_;
@@ -68,8 +70,9 @@ class TmxTaskWindow : public TmyComponent {
   Tmy_Btn cancel_;
   struct {
     int64_t start, stop, frequency;
-    int32_t mode;  // its place in the list
-  } shown_ = {};   // at first
+    int32_t mode;      // its place in the list
+  } shown_ = {};       // at first
+  TmxTask task_ = {};  // as it was, and as it was confirmed
   bool isConfirmed_ = false;
   int32_t offset_ = 0;    // seconds to add to UTC for the times shown: the zone may change while they are
   int fittedHeight_ = 0;  // of the theme's text when the dialog was sized

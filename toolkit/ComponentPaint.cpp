@@ -28,6 +28,7 @@ TmyComponent::Outcome TmyComponent::PaintMessage(UINT message, WPARAM wParam) {
 void TmyComponent::PaintBuffered() {
   PAINTSTRUCT paint;
   const HDC screen = BeginPaint(Handle(), &paint);
+  if (!screen) return;  // the system asks again
   const HDC memory = backBuffer_->Dc();
   const RECT& dirty = paint.rcPaint;
   SelectClipRgn(memory, nullptr);
@@ -41,6 +42,7 @@ void TmyComponent::PaintBuffered() {
 void TmyComponent::PaintInto(HDC given) {
   PAINTSTRUCT paint;
   const HDC dc = given ? given : BeginPaint(Handle(), &paint);
+  if (!dc) return;
   RECT clip = {};
   GetClipBox(dc, &clip);
   PaintControls(dc, clip, false);

@@ -246,6 +246,7 @@ void TmyEdit::PaintFrame() {
 void TmyEdit::PaintDisabled(HDC given) {
   PAINTSTRUCT paint;
   const HDC dc = given ? given : BeginPaint(Handle(), &paint);
+  if (!dc) return;
   const RECT area = {0, 0, ClientWidth(), ClientHeight()};
   ThemeDraw::Fill(dc, area, BackgroundColor());
   const RECT place = {0, 0, area.right - (align_ == Align::kRight ? 0 : kCaretRoom), area.bottom};

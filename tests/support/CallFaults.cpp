@@ -11,6 +11,7 @@
 #include <cstring>
 #include <set>
 #include <sstream>
+#include <utility>
 
 #include "tests/support/ImportTable.h"
 
@@ -89,6 +90,7 @@ std::vector<Function> functions;
 ULONG_PTR base = 0;
 DWORD size = 0;
 bool isOn = false;
+bool isRefused = false;  // the window that is made next
 uint32_t wait = 0;
 int64_t blocks = 0;
 std::set<CallFaults::Place> failedEver;
@@ -129,10 +131,18 @@ CallFaults::Place PlaceOf(const StackedCall& call) {
 }
 
 bool MustFail(const StackedCall& call) {
-  if (!isOn || failedNow.size() >= CallFaults::most) return false;
+  if (!isOn) return false;
+  if (CallFaults::lasts && !failedNow.empty()) {
+    // The system asks a window for the same area until it paints, and the test waits for the last message.
+    return functions[call.function].group->name == functions[failedNow.front().function].group->name &&
+           functions[call.function].name != "BeginPaint";
+  }
+  if (failedNow.size() >= CallFaults::most) return false;
   if (wait > 0) return --wait, false;
   const CallFaults::Place place = PlaceOf(call);
-  if (place.from[0] == 0 || !failedEver.insert(place).second) return false;
+  const bool isFirst = place == CallFaults::first;
+  if (CallFaults::first && isFirst != failedNow.empty()) return false;
+  if (place.from[0] == 0 || (!failedEver.insert(place).second && !isFirst)) return false;
   failedNow.push_back(place);
   wait = CallFaults::gap;
   return true;
@@ -180,6 +190,16 @@ BOOL WINAPI NamedFile(OPENFILENAMEA* question) {
   return TRUE;
 }
 
+HWND WINAPI MadeWindow(DWORD extendedStyle, LPCSTR kind, LPCSTR title, DWORD style, int left, int top, int width,
+                       int height, HWND parent, HMENU menu, HINSTANCE instance, void* data) {
+  const bool isWanted = !std::exchange(isRefused, false);
+  const HWND window =
+      CreateWindowExA(extendedStyle, kind, title, style, left, top, width, height, parent, menu, instance, data);
+  if (isWanted || !window) return window;
+  DestroyWindow(window);
+  return nullptr;
+}
+
 // The end of a program that throws where it must not.
 void Abort() {
   RaiseException(EXCEPTION_NONCONTINUABLE_EXCEPTION, 0, 0, nullptr);
@@ -193,6 +213,7 @@ ULONG_PTR CounterOf(const char* name) {
                                                          {"free", AddressOf(&CountedFree)},
                                                          {"VirtualFree", AddressOf(&CountedVirtualFree)},
                                                          {"abort", AddressOf(&Abort)},
+                                                         {"CreateWindowExA", AddressOf(&MadeWindow)},
                                                          {"GetSaveFileNameA", AddressOf(&NamedFile)},
                                                          {"GetOpenFileNameA", AddressOf(&NamedFile)}};
   for (const auto& [counted, counter] : kCounters) {
@@ -205,7 +226,9 @@ ULONG_PTR CounterOf(const char* name) {
 
 extern "C" void DecideCall(StackedCall& call) {
   const Function& function = functions[call.function];
-  if (MustFail(call)) {
+  const bool fails = MustFail(call);
+  isRefused = fails && CallFaults::isMadeAtFirst && function.name == "CreateWindowExA";
+  if (fails && !isRefused) {
     call.function = reinterpret_cast<ULONG_PTR>(&stubs[call.function].load);
     errno = static_cast<int>(function.group->error);
     SetLastError(function.group->error);

@@ -14,6 +14,7 @@
 #include <array>
 #include <compare>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,11 @@ struct Place {
 
   auto operator<=>(const Place&) const = default;
 };
+
+// With one given, it fails in any case, and of the others only those that come after it: what a failure leads to.
+inline std::optional<Place> first;
+inline bool lasts = false;          // once a call has failed, those of its group all do until End
+inline bool isMadeAtFirst = false;  // a window that fails is made and destroyed again, as if it refused itself
 
 // Once for each load. False when the module is not there. It lasts as long as the module stays loaded.
 [[nodiscard]] bool Install(const char* module);

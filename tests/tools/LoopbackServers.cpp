@@ -1,5 +1,5 @@
-// The servers of the module that tests load: both on this machine, at the port that the test tells. The name look-up is
-// left out by giving numbers.
+// The servers of the module that tests load: both on this machine, at the port that the test tells, one of
+// them by its name.
 #include <windows.h>
 
 #include <cstdlib>
@@ -18,7 +18,7 @@ uint32_t Setting(const char* name, uint32_t otherwise) noexcept {
 }  // namespace
 
 const char* ServerNames::EibiHost() noexcept {
-  return "127.0.0.1";
+  return "localhost";
 }
 
 const char* ServerNames::HfccHost() noexcept {
