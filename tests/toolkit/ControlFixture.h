@@ -72,27 +72,22 @@ inline void Pump() {
 }  // namespace Input
 
 struct ControlFixture : testing::Test {
-  void SetUp() override { Prepare(); }
   ~ControlFixture() override { Close(); }
-  virtual void Prepare() {}  // makes the controls in a new window
   void Close() {
     if (window_) std::exchange(window_, nullptr)->Destroy();
   }
 
   // What each handler of an event does: a control must survive what its owner does there.
-  void Tell() {
-    ++events_;
-    if (destroyInEvent_) Close();
-  }
   template <class... Arguments>
   void Raised(Arguments...) {
-    Tell();
+    ++events_;
+    if (destroyInEvent_) Close();
   }
   template <class... Arguments>
   void Listen(TmyEvent<Arguments...>& event) {
     event.template Bind<&ControlFixture::Raised<Arguments...>>(this);
   }
-  // The action raises an event in which the owner closes the window. Then there is a new one.
+  // The action raises an event in which the owner closes the window. Then there is a new one, set up again.
   void CloseDuring(const std::function<void()>& action) {
     destroyInEvent_ = true;
     action();
@@ -100,7 +95,7 @@ struct ControlFixture : testing::Test {
     EXPECT_EQ(window_, nullptr) << "no event";
     Close();
     window_ = new InputWindow;
-    Prepare();
+    SetUp();
   }
 
   // How many pixels have a colour in a part of a window, with the controls drawn in it.
