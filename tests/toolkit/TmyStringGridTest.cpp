@@ -50,8 +50,6 @@ TEST_F(GridGeometryTest, ShowsTheCutRecordToo) {
   EXPECT_EQ(ShownRecords(layout_).end, 13u);
   EXPECT_EQ(RecordStrip(layout_, 12).bottom, layout_.area.bottom);
   for (const uint32_t unseen : {2, 13}) EXPECT_EQ(RecordStrip(layout_, unseen).right, 0);
-  layout_.area.bottom = 5;  // less than the title row
-  EXPECT_EQ(FullRecords(layout_), 1u);
 }
 
 struct CountingModel : TmyGridModel {
