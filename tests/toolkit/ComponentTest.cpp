@@ -97,7 +97,8 @@ TEST_F(ComponentTest, TabWalksThroughWindowsAndDrawnControlsInTheirOrder) {
   Probe first(*window_, events_, "first");
   TmyPanel* panel = AddPanel(*window_);
   Probe last(*window_, events_, "last");
-  new TmyPanel(*window_, WS_TABSTOP);  // hidden
+  Probe hidden(*window_, events_, "hidden");
+  hidden.Show(false);
   window_->FocusDrawn(nullptr);
   FocusOrderOf(*window_).First();
   EXPECT_TRUE(first.HasFocus());

@@ -17,6 +17,7 @@ TEST(ScrollGeometry, AThumbCanBeGrabbedStaysWhereItIsDroppedAndReachesTheEnd) {
     EXPECT_EQ(range.position, MaxPosition(range));
   }
   EXPECT_EQ(ThumbOf({100, 50, 0}, kMinimum, kMinimum).length, 0) << "no room";
+  EXPECT_EQ(ThumbOf({100, 100, 0}, kTrack, kMinimum).length, 0) << "nothing to scroll";
 }
 
 // A track of 200 pixels with half of it thumb: two units a pixel.

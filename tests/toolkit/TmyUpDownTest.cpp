@@ -20,11 +20,13 @@ TEST_F(TmyUpDownTest, StepsAgainAndAgainWhileTheCursorIsOnTheHalfThatIsHeld) {
   Input::Tick(*upDown_);
   Input::Mouse(*upDown_, WM_MOUSEMOVE, 5, 20);  // the other half
   Input::Tick(*upDown_);
+  Input::Mouse(*upDown_, WM_MOUSEMOVE, 5, 4);
+  Input::Tick(*upDown_);
   Input::Mouse(*upDown_, WM_LBUTTONUP, 5, 4, 0);
   Input::Tick(*upDown_);
-  EXPECT_EQ(edit_->Value(), 2);
+  EXPECT_EQ(edit_->Value(), 3);
   Input::Click(*upDown_, 5, 20);
-  for (int i = 0; i < 4; ++i) Input::Wheel(*upDown_, 1);
+  for (int i = 0; i < 3; ++i) Input::Wheel(*upDown_, 1);
   EXPECT_EQ(edit_->Value(), 4);
   EXPECT_EQ(events_, 6) << "a step that changes nothing tells nothing";
   edit_->SetValue(0);
