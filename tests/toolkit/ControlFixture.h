@@ -78,10 +78,13 @@ struct ControlFixture : testing::Test {
   }
 
   // What each handler of an event does: a control must survive what its owner does there.
-  template <class... Arguments>
-  void Raised(Arguments...) {
+  void Tell() {
     ++events_;
     if (destroyInEvent_) Close();
+  }
+  template <class... Arguments>
+  void Raised(Arguments...) {
+    Tell();
   }
   template <class... Arguments>
   void Listen(TmyEvent<Arguments...>& event) {

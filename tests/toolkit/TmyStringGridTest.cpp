@@ -89,7 +89,7 @@ struct StringGridTest : ControlFixture {
   }
   void Log(const char* what, int64_t number, const std::string& rest = {}) {
     log_.push_back(what + std::to_string(number) + rest);
-    Raised();
+    Tell();
   }
   void TitleClicked(int column) { Log("title ", column); }
   void RowClicked(const TmyRowClick& click) {
