@@ -72,9 +72,7 @@ inline void Pump() {
 }  // namespace Input
 
 struct ControlFixture : testing::Test {
-  void SetUp() override { Prepare(); }
   ~ControlFixture() override { Close(); }
-  virtual void Prepare() {}  // makes the controls in a new window
   void Close() {
     if (window_) std::exchange(window_, nullptr)->Destroy();
   }
@@ -92,7 +90,7 @@ struct ControlFixture : testing::Test {
   void Listen(TmyEvent<Arguments...>& event) {
     event.template Bind<&ControlFixture::Raised<Arguments...>>(this);
   }
-  // The action raises an event in which the owner closes the window. Then there is a new one.
+  // The action raises an event in which the owner closes the window. Then there is a new one, set up again.
   void CloseDuring(const std::function<void()>& action) {
     destroyInEvent_ = true;
     action();
@@ -100,7 +98,7 @@ struct ControlFixture : testing::Test {
     EXPECT_EQ(window_, nullptr) << "no event";
     Close();
     window_ = new InputWindow;
-    Prepare();
+    SetUp();
   }
 
   // How many pixels have a colour in a part of a window, with the controls drawn in it.

@@ -1,6 +1,5 @@
 // The modal loop: how it ends, and what it leaves behind.
 #include "tests/toolkit/ControlFixture.h"
-#include "toolkit/TmyPanel.h"
 
 namespace {
 
@@ -23,34 +22,19 @@ struct ModalTest : ControlFixture {
     SetTimer(dialog_->Handle(), 1, 10, nullptr);
     return dialog_->ShowModal(window_);
   }
-  static bool TakeQuitMessage() {
-    MSG message;
-    return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != FALSE;
-  }
-
   Dialog* dialog_ = new Dialog(window_);
 };
 
-TEST_F(ModalTest, EndsWithItsResultAndLeavesTheOwnerAsItWas) {
-  const std::pair<int, void (*)(Dialog&)> cases[] = {
-      {3, [](Dialog& dialog) { dialog.EndModal(3); }},
-      {-1, [](Dialog& dialog) { PostMessageA(dialog.Handle(), WM_CLOSE, 0, 0); }},
-      {7, [](Dialog& dialog) { SendMessageA((new TmyPanel(dialog, 0))->Handle(), kMsgEndModal, 7, 0); }},  // passed up
-      {0, [](Dialog&) { PostQuitMessage(5); }},
-  };
-  for (const bool ownerEnabled : {true, false}) {
-    window_->Enable(ownerEnabled);
-    for (const auto& [result, end] : cases) {
-      const int ended = Run([&](Dialog& dialog) {
-        EXPECT_FALSE(window_->IsEnabled());
-        end(dialog);
-      });
-      EXPECT_EQ(ended, result);
-      EXPECT_EQ(window_->IsEnabled(), ownerEnabled) << result;
-      EXPECT_EQ(TakeQuitMessage(), result == 0) << "it stays for the loop outside";
-      EXPECT_EQ(dialog_->IsVisible(), result == 0);
-    }
-  }
+// Results and closing are seen in the tests of the dialogs.
+TEST_F(ModalTest, AQuitMessageEndsItAndStaysForTheLoopOutside) {
+  EXPECT_EQ(Run([this](Dialog&) {
+              EXPECT_FALSE(window_->IsEnabled());
+              PostQuitMessage(5);
+            }),
+            0);
+  EXPECT_TRUE(window_->IsEnabled());
+  MSG quit;
+  EXPECT_TRUE(PeekMessageA(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
 TEST_F(ModalTest, DestroyingTheOwnerInsideEndsItWithoutTouchingWhatIsGone) {
@@ -61,15 +45,6 @@ TEST_F(ModalTest, DestroyingTheOwnerInsideEndsItWithoutTouchingWhatIsGone) {
             }),
             0);
   EXPECT_EQ(Dialog::deleted, 1);
-}
-
-TEST_F(ModalTest, ClosingAWindowOutsideTheLoopPostsNoQuitMessageUnlessItIsTheMainWindow) {
-  SendMessageA(dialog_->Handle(), WM_CLOSE, 0, 0);
-  EXPECT_FALSE(TakeQuitMessage());
-  TmyApplication::Get().SetMainWindow(window_);
-  SendMessageA(std::exchange(window_, nullptr)->Handle(), WM_CLOSE, 0, 0);
-  EXPECT_TRUE(TakeQuitMessage());
-  EXPECT_EQ(TmyApplication::Get().MainWindow(), nullptr);
 }
 
 }  // namespace

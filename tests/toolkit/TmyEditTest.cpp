@@ -12,13 +12,10 @@ TEST_F(TmyEditTest, OnlyTheUserRaisesEventsAndEnterAndEscapeStayOutOfTheText) {
   EXPECT_EQ(edit_->Text(), "aprogram");
   Input::Key(*edit_, VK_RETURN);
   EXPECT_EQ(events_, 1);
-  EXPECT_EQ(window_->confirms, 0);  // posted
   Input::Key(*edit_, VK_ESCAPE);
   Input::Pump();
   EXPECT_EQ(window_->confirms, 1);
   EXPECT_EQ(window_->escapes, 1);
-  SendMessageA(edit_->Handle(), EM_UNDO, 0, 0);
-  EXPECT_GT(changes_, 3);  // some systems tell it in two steps
 }
 
 TEST_F(TmyEditTest, LosingTheFocusCommitsAChangeOnce) {

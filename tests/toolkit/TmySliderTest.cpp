@@ -2,11 +2,11 @@
 
 #include "tests/toolkit/ControlFixture.h"
 
-class TmySliderTest : public ControlFixture {};
+using TmySliderTest = ControlFixture;
 
-TEST_F(TmySliderTest, KeysClicksAndDragsTellTheOwnerUntilItsWindowGoes) {
+// Clicks and drags are those of the player's test.
+TEST_F(TmySliderTest, KeysTellTheOwnerUntilItsWindowGoes) {
   auto* slider = new TmySlider(*window_, "Position");  // belongs to its window
-  slider->SetBounds(0, 0, 216, TmySlider::PreferredHeight());
   slider->SetRange(1000);
   slider->SetSteps(10, 100);
   Listen(slider->moved);
@@ -18,10 +18,5 @@ TEST_F(TmySliderTest, KeysClicksAndDragsTellTheOwnerUntilItsWindowGoes) {
     EXPECT_EQ(slider->Position(), to) << key;
   }
   EXPECT_EQ(events_, 6);
-  Input::Mouse(*slider, WM_LBUTTONDOWN, 8, 8);
-  EXPECT_LT(slider->Position(), 10);
-  Input::Mouse(*slider, WM_MOUSEMOVE, 900, 8);
-  EXPECT_EQ(slider->Position(), 1000);
-  EXPECT_EQ(events_, 8);
-  CloseDuring([&] { Input::Mouse(*slider, WM_LBUTTONUP, 900, 8, 0); });  // the drag ends with one more event
+  CloseDuring([slider] { Input::Key(*slider, VK_HOME); });
 }

@@ -28,12 +28,11 @@ struct Tmy_OptionButtonTest : ControlFixture {
   std::string clicked_;
 };
 
-TEST_F(Tmy_OptionButtonTest, ChoosingOneUnchecksItsGroupOnlyAndShows) {
+TEST_F(Tmy_OptionButtonTest, ChoosingOneUnchecksItsGroupOnly) {
   for (Tmy_OptionButton* option : {&a_, &d_, &e_}) option->SetChecked(true);
-  EXPECT_EQ(Accent(b_), 0);
   for (const Tmy_OptionButton* option : {&b_, &c_, &c_}) Click(*option);  // one of them chosen already
   EXPECT_EQ(Checked(), "BCE");
-  EXPECT_GT(Accent(b_), 10);
+  EXPECT_TRUE(Accent(a_) == 0 && Accent(b_) > 10);
   EXPECT_EQ(clicked_, "BCC");
 }
 
