@@ -194,6 +194,7 @@ struct HfccWindowTest : TmxWindowTest {
     ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\a26all00.zip", archive));
     ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\b25all00.zip", archive));
     ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\c.zip", "not an archive"));
+    ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\a27all00.zip.new", "what a download left"));
     TmxWindowTest::SetUp();
   }
 };
@@ -218,25 +219,6 @@ TEST_F(HfccWindowTest, TheNewestSeasonIsLoadedAndABadArchiveSaysWhy) {
   Choose(archives, 2);
   EXPECT_TRUE(wasBoxShown);
   EXPECT_EQ(Counts(), "0 of 0 broadcasts");
-}
-
-TEST_F(TmxWindowTest, TheSplitterGivesThePlayersSliderARowAndNotMore) {
-  TmySplitter* splitter = nullptr;
-  TmyMediaPlayer* media = nullptr;
-  for (TmyComponent* child = window_->NextChild(nullptr); child; child = window_->NextChild(child)) {
-    if (auto* found = dynamic_cast<TmySplitter*>(child)) splitter = found;
-    if (auto* found = dynamic_cast<TmyMediaPlayer*>(child)) media = found;
-  }
-  ASSERT_TRUE(splitter && media);
-  const auto sliderIsBelow = [&] { return media->Slider().Bounds().top >= media->ButtonAt(0)->Bounds().bottom; };
-  const int before = grid_->Height();
-  for (const auto& [key, isBelow] : {std::pair{VK_UP, true}, {VK_DOWN, false}}) {
-    for (int i = 0; i < 30; ++i) SendMessageA(splitter->Handle(), WM_KEYDOWN, static_cast<WPARAM>(key), 0);
-    EXPECT_EQ(sliderIsBelow(), isBelow);
-    EXPECT_EQ(grid_->Height(), isBelow ? before - media->TwoRowHeight() + media->PreferredHeight(9999) : before);
-    EXPECT_EQ(splitter->Bounds().top, grid_->Bounds().bottom);
-    EXPECT_EQ(splitter->Bounds().bottom, media->Bounds().top);
-  }
 }
 
 }  // namespace
