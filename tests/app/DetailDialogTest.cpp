@@ -13,7 +13,8 @@ struct DetailDialogTest : testing::Test {
 TEST_F(DetailDialogTest, ControlCCopiesTheCurrentRowOrAllAndEscapeClosesOne) {
   EibiItem item;
   ASSERT_TRUE(item.Parse(EibiLine("6005", "2200-2400", "Mo-Fr")));
-  auto *dialog = new EibiDetailDialog(*owner_, item, {}), *other = new EibiDetailDialog(*owner_, item, {});
+  const ShownZone zone = {false, 7200};
+  auto *dialog = new EibiDetailDialog(*owner_, item, zone), *other = new EibiDetailDialog(*owner_, item, zone);
   const HWND grid = dialog->Grid().Handle();
   BYTE keys[256] = {};
   keys[VK_CONTROL] = 0x80;
@@ -23,7 +24,7 @@ TEST_F(DetailDialogTest, ControlCCopiesTheCurrentRowOrAllAndEscapeClosesOne) {
   EXPECT_EQ(ClipboardText(owner_->Handle()), "ITU country\tD");
   for (const WPARAM key : {'A', 'C'}) SendMessageA(grid, WM_KEYDOWN, key, 0);
   EXPECT_EQ(ClipboardText(owner_->Handle()),
-            "Freq\t6005\r\nDays\tWorkdays\r\nTime\tFrom 22:00 to 24:00\r\nStation\tRadio Example\r\nLanguage\tE\r\n"
+            "Freq\t6005\r\nDays\tWorkdays\r\nTime\tFrom 00:00 to 02:00\r\nStation\tRadio Example\r\nLanguage\tE\r\n"
             "Target\tCEu\r\nRemarks\tka\r\nITU country\tD\r\n");
   keys[VK_CONTROL] = 0;
   SetKeyboardState(keys);

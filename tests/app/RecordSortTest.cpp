@@ -13,7 +13,6 @@ constexpr uint32_t (*kShapes[])(uint32_t index, uint32_t count) = {
     [](uint32_t i, uint32_t n) { return i < n / 2 ? i : i * 2654435769U; },
     [](uint32_t i, uint32_t) { return i % 37; },
     [](uint32_t i, uint32_t n) { return std::min(i, n - i); },
-    [](uint32_t i, uint32_t n) { return i % (n / 4 + 1); },
 };
 
 std::vector<void*> Records(size_t shape, uint32_t count) {

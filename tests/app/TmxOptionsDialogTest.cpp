@@ -1,22 +1,19 @@
 #include "app/TmxOptionsDialog.h"
 
-#include "tests/support/Test.h"
+#include "tests/toolkit/InDialog.h"
 
 namespace {
 
 // Keys in one of the lists: of what is available (0), of what is selected (1). Up and down are meant with Alt.
 using Keys = std::vector<std::pair<size_t, WPARAM>>;
-const Keys* pressed;
 
 // Posted: nobody would get the later ones if an earlier one ended the loop.
-void CALLBACK PressAll(HWND, UINT, UINT_PTR id, DWORD) {
-  KillTimer(nullptr, id);
-  TmyComponent* const dialog = TmyWindowBase::FromHandle(FindWindowA(nullptr, "HFCC options"))->AsComponent();
+void Press(TmyComponent& dialog, const Keys& keys) {
   std::vector<HWND> lists;
-  for (TmyComponent* child = dialog->NextChild(nullptr); child; child = dialog->NextChild(child)) {
+  for (TmyComponent* child = dialog.NextChild(nullptr); child; child = dialog.NextChild(child)) {
     if (dynamic_cast<TmyListBox*>(child)) lists.push_back(child->Handle());
   }
-  for (const auto& [list, key] : *pressed) {
+  for (const auto& [list, key] : keys) {
     const bool isWithAlt = key == VK_UP || key == VK_DOWN;
     PostMessageA(lists[list], isWithAlt ? WM_SYSKEYDOWN : WM_KEYDOWN, key, isWithAlt ? 0x20000000 : 0);
   }
@@ -36,11 +33,9 @@ TEST(TmxOptionsDialogTest, KeysMoveEntriesAsFarAsTheyGo) {
   for (auto& [keys, expected] : cases) {
     auto* owner = new TmyComponent("Owner", WS_POPUP, 0, 0, 0, 300, 200, nullptr);
     if (expected != stored) keys.emplace_back(0, VK_RETURN);
-    pressed = &keys;
-    SetTimer(nullptr, 0, 10, PressAll);
     std::vector<uint32_t> chosen = stored;
-    const bool isConfirmed = TmxOptionsDialog::Choose(*owner, fields, chosen);
-    EXPECT_EQ(isConfirmed, expected != stored);
+    const auto open = [&] { EXPECT_EQ(TmxOptionsDialog::Choose(*owner, fields, chosen), expected != stored); };
+    InDialog("HFCC options", open, [&](TmyComponent& dialog) { Press(dialog, keys); });
     EXPECT_EQ(chosen, expected);
     owner->Destroy();
   }
