@@ -1,64 +1,44 @@
 #include "app/TmxOptionsDialog.h"
 
-#include "tests/support/Test.h"
+#include "tests/toolkit/InDialog.h"
 
 namespace {
 
-using Lists = std::vector<TmyListBox*>;  // what is available, what is selected
+// Keys in one of the lists: of what is available (0), of what is selected (1). Up and down are meant with Alt.
+using Keys = std::vector<std::pair<size_t, WPARAM>>;
 
-std::function<void(const Lists&)> inLoop;  // what the user does once the dialog is up
-
-void CALLBACK Act(HWND, UINT, UINT_PTR id, DWORD) {
-  KillTimer(nullptr, id);
-  auto* dialog = dynamic_cast<TmxOptionsDialog*>(TmyWindowBase::FromHandle(FindWindowA(nullptr, "HFCC options")));
-  ASSERT_NE(dialog, nullptr);
-  Lists lists;
-  for (TmyComponent* child = dialog->NextChild(nullptr); child; child = dialog->NextChild(child)) {
-    if (auto* list = dynamic_cast<TmyListBox*>(child)) lists.push_back(list);
+// Posted: nobody would get the later ones if an earlier one ended the loop.
+void Press(TmyComponent& dialog, const Keys& keys) {
+  std::vector<HWND> lists;
+  for (TmyComponent* child = dialog.NextChild(nullptr); child; child = dialog.NextChild(child)) {
+    if (dynamic_cast<TmyListBox*>(child)) lists.push_back(child->Handle());
   }
-  inLoop(lists);
+  for (const auto& [list, key] : keys) {
+    const bool isWithAlt = key == VK_UP || key == VK_DOWN;
+    PostMessageA(lists[list], isWithAlt ? WM_SYSKEYDOWN : WM_KEYDOWN, key, isWithAlt ? 0x20000000 : 0);
+  }
 }
 
-void Key(const TmyComponent* window, WPARAM key, bool alt = false) {
-  SendMessageA(window->Handle(), alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key, alt ? 0x20000000 : 0);
-}
-
-// What comes out for the fields 10 to 13, of which 12 and 10 are selected; cancelled: with 0 behind it.
-std::vector<uint32_t> ChosenAfter(std::function<void(const Lists&)> action) {
-  auto* owner = new TmyComponent("Owner", WS_POPUP, 0, 0, 0, 300, 200, nullptr);
-  inLoop = std::move(action);
-  SetTimer(nullptr, 0, 10, Act);
-  std::vector<uint32_t> chosen = {12, 10};
-  if (!TmxOptionsDialog::Choose(*owner, {{10, "a"}, {11, "b"}, {12, "c"}, {13, "d"}}, chosen)) chosen.push_back(0);
-  owner->Destroy();
-  return chosen;
-}
-
-TEST(TmxOptionsDialogTest, KeysMoveEntriesAndEnterConfirms) {
-  const auto keys = [](const Lists& lists) {
-    for (const WPARAM key : {VK_END, VK_INSERT}) Key(lists[0], key);   // 12 10 13, of which 13 is now selected
-    Key(lists[1], VK_UP, true);                                        // 12 13 10
-    for (const WPARAM key : {VK_HOME, VK_DELETE}) Key(lists[1], key);  // 13 10
-    Key(lists[0], VK_RETURN);
-  };
-  EXPECT_EQ(ChosenAfter(keys), (std::vector<uint32_t>{13, 10}));
-}
-
-TEST(TmxOptionsDialogTest, AnEmptyTableCannotBeConfirmedAndEscapeLeavesEverythingAsItWas) {
-  const auto empty = [](const Lists& lists) {
-    for (int i = 0; i < 2; ++i) lists[1]->activated(*lists[1]);  // double clicks
-  };
-  // Posted: nobody would get the later ones if the first ended the loop.
-  const auto thenKeys = [&](const Lists& lists) {
-    empty(lists);
-    for (const WPARAM key : {VK_RETURN, VK_INSERT, VK_RETURN}) PostMessageA(lists[0]->Handle(), WM_KEYDOWN, key, 0);
-  };
-  EXPECT_EQ(ChosenAfter(thenKeys), std::vector<uint32_t>{10});  // the last that came back is the selected entry there
-  const auto thenEscape = [&](const Lists& lists) {
-    empty(lists);
-    SendMessageA(lists[1]->Handle(), kMsgEscape, 0, 0);
-  };
-  EXPECT_EQ(ChosenAfter(thenEscape), (std::vector<uint32_t>{12, 10, 0}));
+// The stored choice among the fields 10 to 13 is 12 and 10: what else there is makes no sense. A table without columns
+// cannot be confirmed; Escape leaves even the senseless.
+TEST(TmxOptionsDialogTest, KeysMoveEntriesAsFarAsTheyGo) {
+  const std::vector<uint32_t> stored = {12, 10, 12, 77};
+  std::pair<Keys, std::vector<uint32_t>> cases[] = {
+      {{{0, VK_END}, {0, VK_INSERT}, {0, VK_INSERT}, {0, VK_INSERT}}, {12, 10, 13, 11}},
+      {{{0, VK_INSERT}, {1, VK_DOWN}, {1, VK_UP}, {1, VK_UP}, {1, VK_UP}}, {11, 12, 10}},
+      {{{1, VK_HOME}, {1, VK_DOWN}, {1, VK_DELETE}, {0, VK_END}, {0, VK_INSERT}}, {10, 13}},  // 12 is before 13 again
+      {{{1, VK_DELETE}, {1, VK_DELETE}, {1, VK_DELETE}, {0, VK_RETURN}, {0, VK_INSERT}}, {10}},
+      {{{1, VK_DELETE}, {0, VK_ESCAPE}}, stored}};
+  const std::vector<ColumnField> fields = {{10, "a"}, {11, "b"}, {12, "c"}, {13, "d"}};
+  for (auto& [keys, expected] : cases) {
+    auto* owner = new TmyComponent("Owner", WS_POPUP, 0, 0, 0, 300, 200, nullptr);
+    if (expected != stored) keys.emplace_back(0, VK_RETURN);
+    std::vector<uint32_t> chosen = stored;
+    const auto open = [&] { EXPECT_EQ(TmxOptionsDialog::Choose(*owner, fields, chosen), expected != stored); };
+    InDialog("HFCC options", open, [&](TmyComponent& dialog) { Press(dialog, keys); });
+    EXPECT_EQ(chosen, expected);
+    owner->Destroy();
+  }
 }
 
 }  // namespace

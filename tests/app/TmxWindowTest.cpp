@@ -6,7 +6,7 @@
 #include "tests/support/EibiLine.h"
 #include "tests/support/FreshDocumentsFolder.h"
 #include "tests/support/SeasonArchive.h"
-#include "tests/support/Test.h"
+#include "tests/toolkit/InDialog.h"
 
 namespace {
 
@@ -18,16 +18,6 @@ uint32_t __stdcall Host(uint32_t, uint32_t code, uint32_t a, uint32_t, uint32_t)
   if (code == HostCode::kInstanceState && a == HostCode::kInstanceStarted && closing) closing->Destroy();
   EXPECT_EQ(GetCapture(), nullptr) << "the host could not be used with the mouse";
   return 0;
-}
-
-bool wasBoxShown = false;
-
-void CALLBACK CloseBox(HWND, UINT, UINT_PTR id, DWORD) {
-  const HWND shown = GetActiveWindow();
-  if (shown == nullptr || GetWindow(shown, GW_OWNER) == nullptr) return;
-  KillTimer(nullptr, id);
-  wasBoxShown = true;
-  SendMessageA(shown, WM_CLOSE, 0, 0);
 }
 
 struct TmxWindowTest : testing::Test {
@@ -65,23 +55,8 @@ struct TmxWindowTest : testing::Test {
   std::string Counts() const { return Nth<StatusBar>(*window_).Caption().Chars(); }
   void Timer(WPARAM id) { SendMessageA(window_->Handle(), WM_TIMER, id, 0); }
   void Choose(HMENU menu, int item) { SendMessageA(window_->Handle(), WM_COMMAND, GetMenuItemID(menu, item), 0); }
-  static void ClickAt(const TmyComponent& window, int x, int y) {
-    SendMessageA(window.Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
-    SendMessageA(window.Handle(), WM_LBUTTONUP, 0, MAKELPARAM(x, y));
-  }
-  void Click(const char* caption) {
-    for (TmyControl* control = panel_->FirstControl(); control; control = control->NextControl()) {
-      const auto* found = dynamic_cast<Tmy_Clickable*>(control);
-      if (!found || found->Caption() != caption) continue;
-      const RECT& place = found->Bounds();
-      return ClickAt(*panel_, place.left + 5, (place.top + place.bottom) / 2);
-    }
-    FAIL() << caption;
-  }
-  static void Type(const TmyComponent& window, const std::string& text) {
-    for (const char c : text) SendMessageA(window.Handle(), WM_CHAR, static_cast<WPARAM>(c), 0);
-  }
-  void Key(uint32_t key) { SendMessageA(grid_->Handle(), WM_KEYDOWN, key, 0); }
+  void Click(const char* caption) { ClickOn(*panel_, caption); }
+  void Key(uint32_t key) { Input::Key(*grid_, key); }
 
   FreshDocumentsFolder documents_;
   TmxWindow* window_ = nullptr;  // deleted by its window
@@ -124,7 +99,7 @@ TEST_F(TmxWindowTest, FrequenciesFilterAsTheyAreTypedAndConvertAtEveryClick) {
   second.SetValue(6000);
   first.TakeFocus();
   first.SelectAll();
-  Type(first, "9422");
+  Input::Type(first, "9422");
   EXPECT_EQ(Counts(), "2 of 5 broadcasts");
   Click("Around");
   EXPECT_EQ(std::pair(first.Value(), second.Value()), std::pair(int64_t{4714000}, int64_t{0}));
@@ -137,7 +112,7 @@ TEST_F(TmxWindowTest, ChosenTextsFilterAndABoxWithoutAChoiceDoesNot) {
   auto& languages = Nth<TmyComboBox2>(*panel_, 1);
   ASSERT_EQ(languages.Count(), 3u);  // D, E, F: distinct and in order
   languages.TakeFocus();
-  Type(languages, "e");
+  Input::Type(languages, "e");
   EXPECT_EQ(languages.Selection(), 1);
   EXPECT_EQ(Counts(), "3 of 5 broadcasts") << "the choice sets the box";
   Click("Language");
@@ -150,7 +125,7 @@ TEST_F(TmxWindowTest, KeyboardMovesTuneOnceTheyRestAndClicksAtOnce) {
   EXPECT_TRUE(tuned.empty());
   Timer(2);
   EXPECT_EQ(tuned, std::vector<uint32_t>{9420000});
-  ClickAt(*grid_, 20, grid_->Layout().titleHeight + 5);
+  Input::Click(*grid_, 20, grid_->Layout().titleHeight + 5);
   EXPECT_EQ(tuned.size(), 2u);
   Click("Auto-tuning");
   Key(VK_HOME);
@@ -160,7 +135,7 @@ TEST_F(TmxWindowTest, KeyboardMovesTuneOnceTheyRestAndClicksAtOnce) {
 
 TEST_F(TmxWindowTest, SortingKeepsTheCurrentRecordAndRefilteringKeepsTheOrder) {
   grid_->SetCurrentRow(1, true);  // 6005
-  for (int i = 0; i < 2; ++i) ClickAt(*grid_, 20, 5);
+  for (int i = 0; i < 2; ++i) Input::Click(*grid_, 20, 5);
   EXPECT_EQ(grid_->CurrentRow(), 5u);
   Click("Time");  // 14:30: two broadcasts, still from the highest frequency down
   for (const uint32_t row : {1, 2}) {
@@ -194,6 +169,7 @@ struct HfccWindowTest : TmxWindowTest {
     ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\a26all00.zip", archive));
     ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\b25all00.zip", archive));
     ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\c.zip", "not an archive"));
+    ASSERT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\a27all00.zip.new", "what a download left"));
     TmxWindowTest::SetUp();
   }
 };
@@ -203,7 +179,7 @@ TEST_F(HfccWindowTest, TheNewestSeasonIsLoadedAndABadArchiveSaysWhy) {
   const auto isChecked = [&](int item) { return (GetMenuState(archives, item, MF_BYPOSITION) & MF_CHECKED) != 0; };
   EXPECT_TRUE(isChecked(0));
   Click("Language");
-  Type(Nth<TmyComboBox2>(*panel_, 1), "e");
+  Input::Type(Nth<TmyComboBox2>(*panel_, 1), "e");
   Click("HFCC database");
   HfccDatabase season;
   ASSERT_EQ(season.LoadHfcc(SeasonArchive().c_str()), HfccLoad::kRead);
@@ -214,29 +190,10 @@ TEST_F(HfccWindowTest, TheNewestSeasonIsLoadedAndABadArchiveSaysWhy) {
   Choose(archives, 1);
   EXPECT_TRUE(isChecked(1) && !isChecked(0));
   EXPECT_TRUE(panel_->ShowsHfcc());
-  SetTimer(nullptr, 0, 50, CloseBox);
-  Choose(archives, 2);
-  EXPECT_TRUE(wasBoxShown);
+  const auto close = [](TmyComponent& box) { SendMessageA(box.Handle(), WM_CLOSE, 0, 0); };
+  InDialog(
+      "Marlux 3", [&] { Choose(archives, 2); }, close);
   EXPECT_EQ(Counts(), "0 of 0 broadcasts");
-}
-
-TEST_F(TmxWindowTest, TheSplitterGivesThePlayersSliderARowAndNotMore) {
-  TmySplitter* splitter = nullptr;
-  TmyMediaPlayer* media = nullptr;
-  for (TmyComponent* child = window_->NextChild(nullptr); child; child = window_->NextChild(child)) {
-    if (auto* found = dynamic_cast<TmySplitter*>(child)) splitter = found;
-    if (auto* found = dynamic_cast<TmyMediaPlayer*>(child)) media = found;
-  }
-  ASSERT_TRUE(splitter && media);
-  const auto sliderIsBelow = [&] { return media->Slider().Bounds().top >= media->ButtonAt(0)->Bounds().bottom; };
-  const int before = grid_->Height();
-  for (const auto& [key, isBelow] : {std::pair{VK_UP, true}, {VK_DOWN, false}}) {
-    for (int i = 0; i < 30; ++i) SendMessageA(splitter->Handle(), WM_KEYDOWN, static_cast<WPARAM>(key), 0);
-    EXPECT_EQ(sliderIsBelow(), isBelow);
-    EXPECT_EQ(grid_->Height(), isBelow ? before - media->TwoRowHeight() + media->PreferredHeight(9999) : before);
-    EXPECT_EQ(splitter->Bounds().top, grid_->Bounds().bottom);
-    EXPECT_EQ(splitter->Bounds().bottom, media->Bounds().top);
-  }
 }
 
 }  // namespace

@@ -12,9 +12,6 @@ struct AudioFeedTest : testing::Test {
   ~AudioFeedTest() override { window_->Destroy(); }
   void Failed(const TmyString& next) { told_ += std::string(next.FileName().View()) + " failed, "; }
   void Changed() { told_ += std::to_string(recorder_->StateCode()); }
-  void SendThirdFormat(TmyMediaPlayer& recorder) {
-    if (recorder.StateCode() == TmyMediaPlayer::kRecording) Send(9000, 1, 400, 'c');
-  }
   void Send(uint32_t rate, uint32_t channels, uint32_t count, char byte) {
     std::string block(16 + channels * count * 2, byte);
     const uint32_t header[] = {rate, 0, channels, count};
@@ -45,15 +42,6 @@ TEST_F(AudioFeedTest, ANextFileThatCannotBeMadeEndsTheRecordingAndSaysSo) {
   for (int i = 0; i < 2; ++i) Send(8000, 1, 100, 'b');
   EXPECT_EQ(told_, "a.wav_.wav failed, 3");
   EXPECT_EQ(Data("a.wav", 9000), std::string("\x30\x11\0\0", 4) + std::string(4400, 'a'));
-}
-
-TEST_F(AudioFeedTest, AudioOfAThirdFormatInsideTheChangeKeepsItsFile) {
-  recorder_->stateChanged.Bind<&AudioFeedTest::SendThirdFormat>(this);
-  Send(48000, 2, 1100, 'a');
-  Send(8000, 2, 100, 'b');
-  Send(9000, 1, 2000, 'd');
-  recorder_->StopRecording();
-  EXPECT_EQ(Data("a.wav_.wav", 9000), std::string("\xC0\x12\0\0", 4) + std::string(800, 'c') + std::string(4000, 'd'));
 }
 
 TEST_F(AudioFeedTest, WhatABlockOfTwoChannelsDoesNotHaveIsSilence) {

@@ -24,6 +24,10 @@ struct TaskFileTest : testing::Test {
 }  // namespace
 
 TEST_F(TaskFileTest, ReadsAndWritesEveryField) {
+  EXPECT_TRUE(Load()) << "a first start has none";
+#ifdef _WIN32  // Linux does not tell why
+  EXPECT_FALSE(TaskFile::Load(folder_.File("away\\tasks.mxt").c_str(), tasks_, kNow)) << "with its whole folder";
+#endif
   std::string bytes;
   for (int i = 0; i < 50; ++i) bytes += TwoTasks();  // more than one read brings
   ASSERT_TRUE(WriteFileBytes(path_.Chars(), bytes + TwoTasks().substr(0, 6)));
@@ -43,24 +47,4 @@ TEST_F(TaskFileTest, KeepsTheOldFileWhenSavingFails) {
               tasks_.Add(std::unique_ptr<TmxTask>()));  // which the system cannot write
   EXPECT_FALSE(Save());
   EXPECT_EQ(ReadFileBytes(path_.Chars()), TwoTasks());
-  ASSERT_TRUE(CreateDirectoryA((path_ + ".new").Chars(), nullptr));  // where the new content would grow
-  EXPECT_FALSE(Save());
-  EXPECT_EQ(ReadFileBytes(path_.Chars()), TwoTasks());
 }
-
-#ifdef _WIN32  // held files are the system's own
-TEST_F(TaskFileTest, AppendsAllOfAFileOrNothing) {
-  ASSERT_TRUE(tasks_.Add(std::make_unique<TmxTask>()));
-  EXPECT_TRUE(Load());  // missing
-  EXPECT_FALSE(TaskFile::Load(folder_.File("away\\tasks.mxt").c_str(), tasks_, kNow)) << "with its whole folder";
-  ASSERT_TRUE(WriteFileBytes(path_.Chars(), ""));
-  EXPECT_TRUE(Load());
-  ASSERT_TRUE(WriteFileBytes(path_.Chars(), TwoTasks()));
-  const HANDLE holder = CreateFileA(path_.Chars(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  EXPECT_FALSE(Load());
-  CloseHandle(holder);
-  EXPECT_EQ(tasks_.Count(), 1u);
-  EXPECT_TRUE(Load());
-  EXPECT_EQ(tasks_.Count(), 3u);
-}
-#endif

@@ -16,19 +16,15 @@ std::string Written(decltype(&GetDateFormatA) format, const SYSTEMTIME& time) {
   format(LOCALE_USER_DEFAULT, 0, &time, nullptr, text, sizeof text);
   return text;
 }
-std::string Time(WORD hour, WORD minute) {
-  return Written(&GetTimeFormatA, {2026, 11, 0, 21, hour, minute, 7, 0});
-}
 
 TEST(TaskTextsTest, ShowsATaskInTheZoneAskedFor) {
-  const SYSTEMTIME from = {2026, 11, 0, 21, 23, 59, 59, 0}, to = {2027, 3, 0, 1, 0, 0, 0, 0};
+  const SYSTEMTIME from = {2026, 11, 0, 21, 23, 0, 7, 0}, to = {2027, 3, 0, 1, 0, 30, 7, 0};
+  const std::string times[] = {Written(&GetTimeFormatA, from), Written(&GetTimeFormatA, to)};
+  const std::string dates[] = {Written(&GetDateFormatA, from), Written(&GetDateFormatA, to)};
   TmxTask task = {9420500, 9, 0, DateOfTime(from), DateOfTime(to), 82807, 88207, 0x3E, 2};
-  using testing::ElementsAre;
-  EXPECT_THAT(Texts(task, 0), ElementsAre("!", "9420.5", Written(&GetDateFormatA, from), Written(&GetDateFormatA, to),
-                                          Time(23, 0), Time(0, 30), "DAB", "Workdays"));
-  task.frequency = UINT64_MAX, task.enabled = 0, task.mode = 21, task.days = 0, task.to = {0xFFFFFFFF, 0xFFFFFFFF};
-  EXPECT_THAT(Texts(task, -84600), ElementsAre("", "18446744073709551.615", Written(&GetDateFormatA, from), "",
-                                               Time(23, 30), Time(1, 0), "", ""));
+  EXPECT_THAT(Texts(task, 0), ElementsAre("!", "9420.5", dates[0], dates[1], times[0], times[1], "DAB", "Workdays"));
+  task = {UINT64_MAX, 21, 0, task.from, {0xFFFFFFFF, 0xFFFFFFFF}, 88207, 7207, 0, 0};
+  EXPECT_THAT(Texts(task, -5400), ElementsAre("", "18446744073709551.615", dates[0], "", times[0], times[1], "", ""));
 }
 
 }  // namespace

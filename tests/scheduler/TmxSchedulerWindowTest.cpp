@@ -2,7 +2,6 @@
 
 #include "tests/scheduler/SchedulerFixture.h"
 #include "toolkit/TmyMsgBox.h"
-#include "toolkit/Tmy_CheckBox.h"
 
 struct TmxSchedulerWindowTest : SchedulerFixture {
   void Fill(int count) {
@@ -12,21 +11,11 @@ struct TmxSchedulerWindowTest : SchedulerFixture {
   void Key(uint32_t key) const { Input::Key(scheduler_->Grid(), key); }
   // What the key in the grid opens, and what the user does there.
   void ByKey(uint32_t key, std::function<void(TmyComponent&)> act) const {
-    In(
+    InDialog(
         key == VK_DELETE ? "Delete task" : "New Task", [&] { Key(key); }, std::move(act));
-  }
-  // Which of its buttons can be pressed, "1" or "0" each.
-  std::string Buttons() const {
-    std::string states;
-    for (TmyControl* one = scheduler_->FirstControl(); one; one = one->NextControl()) states += "01"[one->IsEnabled()];
-    return states;
-  }
-  static int Colored(const TmyComponent& window, COLORREF color) {
-    return ControlFixture::Colors(window, {0, 0, window.ClientWidth(), window.ClientHeight() / 2})[color];
   }
   static void Confirm(TmyComponent& dialog) { SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0); }
   static void Escape(TmyComponent& dialog) { SendMessageA(dialog.Handle(), kMsgEscape, 0, 0); }
-  const TmyTheme::Colors& color_ = TmyApplication::Get().Theme().Color();
 };
 
 TEST_F(TmxSchedulerWindowTest, OnlyAConfirmedEditorChangesTheList) {
@@ -40,13 +29,14 @@ TEST_F(TmxSchedulerWindowTest, OnlyAConfirmedEditorChangesTheList) {
   const auto post = [&] {
     scheduler_->PostNewTask(std::make_unique<TmxTask>(TmxTask{6005000, 1, 0, {}, {}, 0, 0, 0, 1})), Input::Pump();
   };
-  In("New Task", post, Confirm);
+  InDialog("New Task", post, Confirm);
   ASSERT_EQ(tasks_.Count(), 2u);
-  EXPECT_EQ(tasks_.Get(0)->frequency, 9420000u);
+  const TaskDate now = DateOfTime(Clock::Utc());  // half past eleven, and so the proposed hour goes over midnight
+  EXPECT_EQ(*tasks_.Get(0), (TmxTask{9420000, 1, 0, now, now, 84600, 88200, kEveryDay, 1}));
   EXPECT_EQ(tasks_.Get(1)->frequency, 6005000u);
   EXPECT_EQ(scheduler_->Grid().CurrentRow(), 2u);
   Key(VK_HOME);
-  ByKey(VK_RETURN, [](TmyComponent& dialog) { Click<Tmy_CheckBox>(dialog, 0), Confirm(dialog); });
+  ByKey(VK_RETURN, [](TmyComponent& dialog) { ClickOn(dialog, "Enable task"), Confirm(dialog); });
   EXPECT_EQ(tasks_.Get(0)->enabled, 0u);
 }
 
@@ -55,8 +45,8 @@ TEST_F(TmxSchedulerWindowTest, DeletesWhatIsSelectedOnYes) {
   const TmxTask* const kept = tasks_.Get(2);
   Key(VK_UP);
   ByKey(VK_DELETE, Escape);
-  const auto click = [&] { Click<Tmy_Btn>(*scheduler_, 1); };
-  In("Delete task", click, [](TmyComponent& box) { Click<Tmy_Btn>(box, 1); });
+  const auto click = [&] { ClickOn(*scheduler_, "Delete task"); };
+  InDialog("Delete task", click, [](TmyComponent& box) { ClickOn(box, "No"); });
   ASSERT_EQ(tasks_.Count(), 3u);
   ByKey(VK_DELETE, Confirm);
   ASSERT_EQ(tasks_.Count(), 2u);
@@ -65,19 +55,10 @@ TEST_F(TmxSchedulerWindowTest, DeletesWhatIsSelectedOnYes) {
     for (const uint32_t key : {VK_INSERT, VK_DELETE}) Input::Key(scheduler_->Grid(), key, modifier);
   }
   Input::Key(scheduler_->Grid(), VK_DELETE, 0, 1 << 30 | 1);
-  EXPECT_EQ(Buttons(), "1111");
-  for (int left = 2; left > 0; --left) In("Delete task", click, Confirm);
-  EXPECT_EQ(Buttons(), "1001");
+  for (int left = 2; left > 0; --left) InDialog("Delete task", click, Confirm);
   SetFocus(scheduler_->Handle());
   EXPECT_EQ(GetFocus(), scheduler_->Grid().Handle());
   Key(VK_DELETE);
-}
-
-TEST_F(TmxSchedulerWindowTest, MarksTheRowOfTheRunningTask) {
-  Fill(2);
-  EXPECT_EQ(Colored(scheduler_->Grid(), color_.marked), 0);
-  running_ = tasks_.Get(0);
-  EXPECT_GT(Colored(scheduler_->Grid(), color_.marked), 300);
 }
 
 TEST_F(TmxSchedulerWindowTest, ClosingGoesFromTheDialogOutwards) {
@@ -94,14 +75,4 @@ TEST_F(TmxSchedulerWindowTest, ClosingGoesFromTheDialogOutwards) {
   EXPECT_EQ(tasks_.Count(), 1u);
   Key(VK_ESCAPE), Input::Pump();
   EXPECT_TRUE(scheduler_->IsAlive() && !scheduler_->IsVisible());
-}
-
-TEST_F(TmxSchedulerWindowTest, IsNeverNarrowerThanItsColumns) {
-  TmyStringGrid& grid = scheduler_->Grid();
-  for (const int width : {20, 150}) {
-    for (uint32_t column = 0; column < grid.ColumnCount(); ++column) grid.SetColumnWidth(column, width);
-    scheduler_->SetBounds(0, 0, 10, 10);
-    EXPECT_GE(scheduler_->Width(), std::max(429, grid.ColumnsRight() + 10));
-    EXPECT_GE(scheduler_->Height(), 208);
-  }
 }

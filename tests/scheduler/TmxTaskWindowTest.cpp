@@ -1,21 +1,17 @@
 #include "scheduler/TmxTaskWindow.h"
 
-#include "foundation/Clock.h"
-#include "scheduler/TaskTime.h"
 #include "tests/scheduler/SchedulerFixture.h"
 
 namespace {
 
 struct TmxTaskWindowTest : SchedulerFixture {
-  TmxTaskWindowTest() { Clock::Hold({2026, 11, 6, 21, 12, 0, 0, 0}, 7200); }
-  ~TmxTaskWindowTest() override { Clock::Release(); }
-
   // What the editor makes of a task when the user does this and Enter confirms.
   TmxTask Edited(const TmxTask& task, std::function<void(TmyComponent&)> act) {
     TmxTask edited = task;
     auto* editor = new TmxTaskWindow(*this, *scheduler_);
     const auto open = [&] { EXPECT_TRUE(editor->Edit(edited)); };
-    In("New Task", open, [&](TmyComponent& dialog) { act(dialog), SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0); });
+    const auto confirm = [&](TmyComponent& dialog) { act(dialog), SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0); };
+    InDialog("New Task", open, confirm);
     editor->Destroy();
     return edited;
   }
@@ -39,8 +35,8 @@ TEST_F(TmxTaskWindowTest, StoresWhatWasEntered) {
   for (const bool utc : {true, false}) {
     utc_ = utc;
     const TmxTask after = Edited(before, [](TmyComponent& dialog) {
-      Click<Tmy_CheckBox>(dialog, 0);  // disabled
-      Click<Tmy_CheckBox>(dialog, 1);  // not on Sundays
+      ClickOn(dialog, "Enable task");
+      ClickOn(dialog, "Sun");
       Field(dialog, 0).TakeFocus();
       Input::Key(Field(dialog, 0), VK_PRIOR);
       Input::Key(Field(dialog, 0), VK_END);
