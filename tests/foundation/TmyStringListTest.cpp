@@ -6,7 +6,7 @@ TEST(TmyStringList, SplitsAnyMixtureOfTerminators) {
   using Strings = std::vector<std::string>;
   const std::pair<std::string, Strings> kCases[] = {{"", {}},
                                                     {"a\r\nb\nc\rd", {"a", "b", "c", "d"}},
-                                                    {"\n\r", {"", ""}},
+                                                    {"\n\n\r", {"", "", ""}},
                                                     {"\r\r\n", {"", ""}},
                                                     {std::string("\0a\0\n", 4), {std::string("\0a\0", 3)}}};
   for (const auto& [text, expected] : kCases) {

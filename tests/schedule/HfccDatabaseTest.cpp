@@ -17,7 +17,7 @@ std::vector<ZipMemberSource> Members(const std::string& schedule) {
   return {{schedule, ScheduleLine("9420", "BBB") + ScheduleLine("5000", "XYZ")},
           {"admin.txt", "AAA Land\r\n"},
           {"broadcas.txt", "BBB Station\r\n"},
-          {"site.txt", "CCC Hill\r\nBBB                                    10N20 030E40\r\n"},
+          {"site.txt", "DDD Dale\r\nCCC Hill\r\nBBB                                    10N20 030E40\r\n"},
           {"fmorg.txt", "DDD Office\r\n"}};
 }
 
@@ -49,7 +49,7 @@ TEST_F(HfccDatabaseFile, ResolvesCodes) {
   ASSERT_EQ(Load("b12all00.zip", MakeZip(Members("b12all00.txt"))), HfccLoad::kRead);
   const FccItem& found = *database_.Items().Get(0);
   const FccItem& unknown = *database_.Items().Get(1);
-  EXPECT_EQ(found.site, 1) << "the row in the file, not the sorted position";
+  EXPECT_EQ(found.site, 2) << "the row in the file, not the sorted position";
   EXPECT_EQ(unknown.site + found.administration, -2);
   const std::string texts[] = {database_.LocationName(found), found.latitude, database_.LocationName(unknown),
                                unknown.latitude, database_.AdministrationName(found)};
