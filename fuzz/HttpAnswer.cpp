@@ -23,7 +23,7 @@ void Try(Input& input) {
   const std::string_view answer = input.Rest();
   Outcome whole;
   REQUIRE(whole.response.Feed(answer) <= answer.size());
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < 8; ++round) {
     Outcome sliced;
     std::string waiting;
     for (size_t at = 0; at < answer.size();) {

@@ -138,6 +138,7 @@ SIZE_T VirtualQuery(const void* at, MEMORY_BASIC_INFORMATION* region, SIZE_T siz
   *region = {begin, length, length > 0 ? DWORD{MEM_COMMIT} : 0, PAGE_READWRITE};
   return size;
 }
+
 HANDLE CreateFileA(const char* name, DWORD access, DWORD share, void*, DWORD disposition, DWORD, HANDLE) {
   const int flags = (access & GENERIC_WRITE) ? O_RDWR : O_RDONLY;
   const int fd = open(Slashed(name).c_str(), flags | (disposition == OPEN_EXISTING ? 0 : O_CREAT), 0666);
