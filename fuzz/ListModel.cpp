@@ -26,6 +26,7 @@ struct Lists {
     if (operation == 1 && i < model.size()) model.erase(model.begin() + i);
     if (operation == 2) list.Exchange(i, j);
     if (operation == 2 && i < model.size() && j < model.size()) std::swap(model[i], model[j]);
+    REQUIRE(list.Get(i) == (i < model.size() ? model[i] : nullptr));
     const auto last = std::find(model.rbegin(), model.rend(), Item(j));
     REQUIRE(list.IndexOf(Item(j)) == (last == model.rend() ? -1 : model.rend() - last - 1));
     REQUIRE(list.Count() == model.size() && std::equal(model.begin(), model.end(), list.Entries()));

@@ -1,6 +1,6 @@
 #include <fcntl.h>
 #include <sanitizer/asan_interface.h>
-#include <sys/mman.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <windows.h>
@@ -14,6 +14,8 @@
 #include <map>
 #include <string>
 #include <vector>
+
+struct RegistryKey : std::map<std::string, std::pair<DWORD, std::vector<BYTE>>> {};  // type and data of each value
 
 namespace {
 
@@ -30,38 +32,23 @@ std::string Slashed(const char* name) {
   return path;
 }
 
-struct Object {
-  int fd = -1;  // none for events
-  std::string path;
-  DWORD access = 0, share = 0;
-};
-std::map<HANDLE, Object> objects;
-
-HANDLE Keep(Object object) {
-  static uintptr_t next = 0x100;
-  const auto handle = reinterpret_cast<HANDLE>(next += 4);
-  objects[handle] = std::move(object);
-  return handle;
+HANDLE HandleOf(int fd) {
+  return reinterpret_cast<HANDLE>(fd);
 }
-
 int Fd(HANDLE handle) {
-  const auto found = objects.find(handle);
-  if (found == objects.end()) Fail(ERROR_INVALID_HANDLE);
-  return found == objects.end() ? -1 : found->second.fd;
+  return reinterpret_cast<int>(handle);
 }
 
-bool Fits(DWORD access, DWORD share) {
-  return (!(access & GENERIC_READ) || share & FILE_SHARE_READ) &&
-         (!(access & GENERIC_WRITE) || share & FILE_SHARE_WRITE);
+// Who lets others write locks a file together with them, who does not locks it alone.
+bool IsLocked(int fd, DWORD share) {
+  return flock(fd, LOCK_NB | ((share & FILE_SHARE_WRITE) ? LOCK_SH : LOCK_EX)) != 0;
 }
 
 bool IsHeld(const std::string& path) {
-  return std::any_of(objects.begin(), objects.end(), [&](const auto& entry) { return entry.second.path == path; });
-}
-
-bool IsFolder(const std::string& path) {
-  struct stat status;
-  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  const int fd = open(path.c_str(), O_RDONLY);
+  const bool isHeld = fd >= 0 && IsLocked(fd, 0);
+  close(fd);
+  return isHeld;
 }
 
 constexpr int64_t kSecond = 10'000'000, kUnixEpoch = 11644473600;
@@ -74,13 +61,7 @@ FILETIME FileTime(int64_t ticks) {
   return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
 }
 
-using RegistryValue = std::pair<DWORD, std::vector<BYTE>>;  // type and data
-using RegistryKey = std::map<std::string, RegistryValue>;
-std::map<std::string, RegistryKey> registry;
-
-RegistryKey& KeyOf(HKEY key) {
-  return *static_cast<RegistryKey*>(key);  // entries of a map stay where they are
-}
+std::map<std::string, RegistryKey> registry;  // whose entries stay where they are
 
 }  // namespace
 
@@ -91,12 +72,6 @@ DWORD GetLastError() {
 DWORD GetTickCount() {
   using namespace std::chrono;
   return static_cast<DWORD>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
-}
-
-int WideCharToMultiByte(UINT, DWORD, const wchar_t* text, int, char* to, int size, const char*, BOOL*) {
-  const int needed = static_cast<int>(wcslen(text)) + 1;
-  for (int i = 0; to && i < std::min(needed, size); ++i) to[i] = static_cast<char>(text[i] < 256 ? text[i] : '?');
-  return needed;
 }
 
 void GetSystemTimeAsFileTime(FILETIME* time) {
@@ -147,25 +122,13 @@ BOOL FileTimeToSystemTime(const FILETIME* file, SYSTEMTIME* t) {
   return TRUE;
 }
 
-namespace {
-std::map<void*, SIZE_T> reserved;
+void* VirtualAlloc(void*, SIZE_T size, DWORD, DWORD) {
+  void* const block = std::aligned_alloc(4096, (size + 4095) / 4096 * 4096);
+  return block ? std::memset(block, 0, size) : nullptr;
 }
-
-void* VirtualAlloc(void* at, SIZE_T size, DWORD kind, DWORD) {
-  const bool commits = (kind & MEM_COMMIT) != 0;
-  if (at) return mprotect(at, size, PROT_READ | PROT_WRITE) == 0 ? at : nullptr;
-  void* const block = mmap(nullptr, size, commits ? PROT_READ | PROT_WRITE : PROT_NONE,
-                           MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-  if (block == MAP_FAILED) return nullptr;
-  reserved[block] = size;
-  return block;
-}
-BOOL VirtualFree(void* at, SIZE_T size, DWORD kind) {
-  if (kind == MEM_RELEASE) {
-    munmap(at, reserved[at]);
-    return reserved.erase(at) == 1;
-  }
-  return mmap(at, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE | MAP_FIXED, -1, 0) == at;
+BOOL VirtualFree(void* at, SIZE_T, DWORD) {
+  std::free(at);
+  return TRUE;
 }
 SIZE_T VirtualQuery(const void* at, MEMORY_BASIC_INFORMATION* region, SIZE_T size) {
   constexpr SIZE_T kMost = 0x10000;
@@ -175,30 +138,22 @@ SIZE_T VirtualQuery(const void* at, MEMORY_BASIC_INFORMATION* region, SIZE_T siz
   *region = {begin, length, length > 0 ? DWORD{MEM_COMMIT} : 0, PAGE_READWRITE};
   return size;
 }
-BOOL VirtualProtect(void* at, SIZE_T size, DWORD protection, DWORD*) {
-  return mprotect(at, size, protection == PAGE_NOACCESS ? PROT_NONE : PROT_READ | PROT_WRITE) == 0;
-}
 
 HANDLE CreateFileA(const char* name, DWORD access, DWORD share, void*, DWORD disposition, DWORD, HANDLE) {
-  Object object{-1, Slashed(name), access, share};
-  for (const auto& [handle, other] : objects) {
-    if (other.path != object.path || (Fits(access, other.share) && Fits(other.access, share))) continue;
-    Fail(ERROR_SHARING_VIOLATION);
+  const int flags = (access & GENERIC_WRITE) ? O_RDWR : O_RDONLY;
+  const int fd = open(Slashed(name).c_str(), flags | (disposition == OPEN_EXISTING ? 0 : O_CREAT), 0666);
+  const bool isLocked = fd >= 0 && IsLocked(fd, share);
+  if (fd < 0 || isLocked) {
+    close(fd);
+    Fail(isLocked ? ERROR_SHARING_VIOLATION : (access & GENERIC_WRITE) ? ERROR_ACCESS_DENIED : ERROR_FILE_NOT_FOUND);
     return INVALID_HANDLE_VALUE;
   }
-  int flags = (access & GENERIC_WRITE) ? O_RDWR : O_RDONLY;
-  if (disposition != OPEN_EXISTING) flags |= O_CREAT;
-  if (disposition == CREATE_ALWAYS) flags |= O_TRUNC;
-  if (!IsFolder(object.path)) object.fd = open(object.path.c_str(), flags, 0666);
-  if (object.fd >= 0) return Keep(std::move(object));
-  Fail((access & GENERIC_WRITE) ? ERROR_ACCESS_DENIED : ERROR_FILE_NOT_FOUND);
-  return INVALID_HANDLE_VALUE;
+  if (disposition == CREATE_ALWAYS) ftruncate(fd, 0);
+  return HandleOf(fd);
 }
 
 BOOL CloseHandle(HANDLE handle) {
-  const int fd = Fd(handle);
-  if (fd >= 0) close(fd);
-  return objects.erase(handle) == 1;
+  return close(Fd(handle)) == 0;
 }
 
 namespace {
@@ -234,18 +189,18 @@ BOOL SetFilePointerEx(HANDLE handle, LARGE_INTEGER distance, LARGE_INTEGER* posi
   return at >= 0;
 }
 HANDLE CreateEventA(void*, BOOL, BOOL, const char*) {
-  return Keep({});
+  return HandleOf(open("/dev/null", O_RDONLY));
 }
 
 HANDLE CreateFileMappingA(HANDLE file, void*, DWORD, DWORD, DWORD, const char*) {
-  return Keep({dup(Fd(file)), {}, 0, 0});
+  return HandleOf(dup(Fd(file)));
 }
 void* MapViewOfFile(HANDLE mapping, DWORD, DWORD, DWORD, SIZE_T) {
-  LARGE_INTEGER size;
-  if (!GetFileSizeEx(mapping, &size)) return nullptr;
-  void* const view = std::malloc(static_cast<size_t>(size.QuadPart));
-  const ssize_t got = view ? pread64(Fd(mapping), view, static_cast<size_t>(size.QuadPart), 0) : -1;
-  if (got == size.QuadPart) return view;
+  LARGE_INTEGER size = {};
+  GetFileSizeEx(mapping, &size);
+  const auto bytes = static_cast<size_t>(size.QuadPart);
+  void* const view = std::malloc(bytes);
+  if (pread64(Fd(mapping), view, bytes, 0) == size.QuadPart) return view;
   std::free(view);
   return nullptr;
 }
@@ -258,12 +213,11 @@ DWORD GetFileAttributesA(const char* name) {
   return access(Slashed(name).c_str(), F_OK) == 0 ? DWORD{FILE_ATTRIBUTE_NORMAL} : DWORD{INVALID_FILE_ATTRIBUTES};
 }
 BOOL DeleteFileA(const char* name) {
-  const std::string path = Slashed(name);
-  return IsHeld(path) ? Fail(ERROR_SHARING_VIOLATION) : unlink(path.c_str()) == 0;
+  return unlink(Slashed(name).c_str()) == 0;
 }
 BOOL MoveFileExA(const char* from, const char* to, DWORD) {
   const std::string old = Slashed(from), path = Slashed(to);
-  if (IsHeld(old) || IsHeld(path)) return Fail(ERROR_SHARING_VIOLATION);
+  if (IsHeld(path)) return Fail(ERROR_SHARING_VIOLATION);
   return rename(old.c_str(), path.c_str()) == 0 || Fail(ERROR_ACCESS_DENIED);
 }
 BOOL CreateDirectoryA(const char* name, void*) {
@@ -272,11 +226,6 @@ BOOL CreateDirectoryA(const char* name, void*) {
 DWORD GetTempPathA(DWORD size, char* path) {
   const char* const folder = std::getenv("TMPDIR");
   return static_cast<DWORD>(snprintf(path, size, "%s/", folder ? folder : "/tmp"));
-}
-UINT GetTempFileNameA(const char* folder, const char* prefix, UINT, char* path) {
-  static UINT made = 0;
-  snprintf(path, MAX_PATH, "%s%s%u.tmp", folder, prefix, ++made);
-  return made;
 }
 
 LSTATUS RegOpenKeyExA(HKEY, const char* name, DWORD, REGSAM, HKEY* key) {
@@ -293,8 +242,8 @@ LSTATUS RegCloseKey(HKEY) {
   return ERROR_SUCCESS;
 }
 LSTATUS RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size) {
-  const auto found = KeyOf(key).find(name);
-  if (found == KeyOf(key).end()) return ERROR_FILE_NOT_FOUND;
+  const auto found = key->find(name);
+  if (found == key->end()) return ERROR_FILE_NOT_FOUND;
   const auto& [kind, bytes] = found->second;
   if (type) *type = kind;
   if (data) std::copy_n(bytes.begin(), std::min<size_t>(*size, bytes.size()), data);
@@ -302,18 +251,14 @@ LSTATUS RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* 
   return ERROR_SUCCESS;
 }
 LSTATUS RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size) {
-  KeyOf(key)[name] = {type, {data, data + size}};
+  (*key)[name] = {type, {data, data + size}};
   return ERROR_SUCCESS;
 }
 LSTATUS RegSetKeyValueA(HKEY, const char* key, const char* name, DWORD type, const void* data, DWORD size) {
   return RegSetValueExA(&registry[key], name, 0, type, static_cast<const BYTE*>(data), size);
 }
 LSTATUS RegDeleteValueA(HKEY key, const char* name) {
-  return KeyOf(key).erase(name) == 1 ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
-}
-LSTATUS RegDeleteTreeA(HKEY, const char*) {
-  registry.clear();
-  return ERROR_SUCCESS;
+  return key->erase(name) == 1 ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
 }
 LSTATUS RegDeleteKeyA(HKEY, const char* name) {
   return registry.erase(name) == 1 ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;

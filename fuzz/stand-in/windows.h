@@ -12,13 +12,12 @@ using BYTE = uint8_t;
 using WORD = uint16_t;
 using DWORD = unsigned long;
 using UINT = unsigned;
-using LONG = long;
 using LSTATUS = long;
 using LONGLONG = int64_t;
 using REGSAM = DWORD;
 using SIZE_T = size_t;
 using HANDLE = void*;
-using HKEY = void*;
+using HKEY = struct RegistryKey*;
 struct FILETIME {
   DWORD dwLowDateTime, dwHighDateTime;
 };
@@ -32,29 +31,24 @@ struct OVERLAPPED {
   DWORD done, Offset, OffsetHigh;
   HANDLE hEvent;
 };
-struct SYSTEM_INFO {
-  DWORD dwPageSize;
-};
 struct CRITICAL_SECTION {};
 
 enum : BOOL { FALSE, TRUE };
 constexpr DWORD ERROR_SUCCESS = 0, ERROR_FILE_NOT_FOUND = 2, ERROR_ACCESS_DENIED = 5, ERROR_INVALID_HANDLE = 6;
-constexpr DWORD ERROR_SHARING_VIOLATION = 32, ERROR_INVALID_PARAMETER = 87, ERROR_DISK_FULL = 112;
+constexpr DWORD ERROR_SHARING_VIOLATION = 32, ERROR_INVALID_PARAMETER = 87;
 constexpr DWORD ERROR_ALREADY_EXISTS = 183, ERROR_IO_PENDING = 997;
 constexpr DWORD GENERIC_READ = 0x80000000, GENERIC_WRITE = 0x40000000, GENERIC_ALL = 0x10000000;
 constexpr DWORD FILE_SHARE_READ = 1, FILE_SHARE_WRITE = 2, CREATE_ALWAYS = 2, OPEN_EXISTING = 3, OPEN_ALWAYS = 4;
 constexpr DWORD FILE_WRITE_DATA = 2, FILE_APPEND_DATA = 4, FILE_BEGIN = 0, FILE_CURRENT = 1;
 constexpr DWORD MOVEFILE_REPLACE_EXISTING = 1, MOVEFILE_WRITE_THROUGH = 8, FILE_MAP_READ = 4;
-constexpr DWORD FILE_ATTRIBUTE_READONLY = 1, FILE_ATTRIBUTE_NORMAL = 128, FILE_FLAG_NO_BUFFERING = 0x20000000;
+constexpr DWORD FILE_ATTRIBUTE_NORMAL = 128, FILE_FLAG_NO_BUFFERING = 0x20000000;
 constexpr DWORD FILE_FLAG_OVERLAPPED = 0x40000000, INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
-constexpr DWORD MAX_PATH = 260, INFINITE = 0xFFFFFFFF, WAIT_OBJECT_0 = 0, CP_ACP = 0, PIPE_ACCESS_DUPLEX = 3;
+constexpr DWORD MAX_PATH = 260, INFINITE = 0xFFFFFFFF, WAIT_OBJECT_0 = 0, PIPE_ACCESS_DUPLEX = 3;
 constexpr DWORD PAGE_NOACCESS = 1, PAGE_READONLY = 2, PAGE_READWRITE = 4, PAGE_WRITECOPY = 8;
 constexpr DWORD PAGE_EXECUTE_READ = 0x20, PAGE_EXECUTE_READWRITE = 0x40, PAGE_EXECUTE_WRITECOPY = 0x80;
 constexpr DWORD PAGE_GUARD = 0x100;
-constexpr DWORD MEM_COMMIT = 0x1000, MEM_RESERVE = 0x2000, MEM_DECOMMIT = 0x4000, MEM_RELEASE = 0x8000;
-constexpr DWORD MEM_TOP_DOWN = 0x100000;
+constexpr DWORD MEM_COMMIT = 0x1000, MEM_RESERVE = 0x2000, MEM_RELEASE = 0x8000;
 constexpr DWORD REG_NONE = 0, REG_SZ = 1, REG_BINARY = 3, REG_DWORD = 4, KEY_ALL_ACCESS = 0xF003F;
-constexpr DWORD FORMAT_MESSAGE_FROM_SYSTEM = 0x1000, FORMAT_MESSAGE_IGNORE_INSERTS = 0x200;
 #define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(-1))
 #define HKEY_CURRENT_USER (reinterpret_cast<HKEY>(1))
 
@@ -64,10 +58,6 @@ inline DWORD GetCurrentProcessId() {
   return 1;
 }
 DWORD GetTickCount();
-inline DWORD FormatMessageA(DWORD, const void*, DWORD error, DWORD, char* text, DWORD size, void*) {
-  return static_cast<DWORD>(snprintf(text, size, "system error %lu. ", error));
-}
-int WideCharToMultiByte(UINT page, DWORD flags, const wchar_t* text, int, char* to, int size, const char*, BOOL*);
 inline void InitializeCriticalSection(CRITICAL_SECTION*) {}
 inline void DeleteCriticalSection(CRITICAL_SECTION*) {}
 inline void EnterCriticalSection(CRITICAL_SECTION*) {}
@@ -81,9 +71,6 @@ BOOL FileTimeToLocalFileTime(const FILETIME* utc, FILETIME* local);
 BOOL SystemTimeToFileTime(const SYSTEMTIME* time, FILETIME* file);
 BOOL FileTimeToSystemTime(const FILETIME* file, SYSTEMTIME* time);
 
-inline void GetSystemInfo(SYSTEM_INFO* info) {
-  info->dwPageSize = 4096;
-}
 void* VirtualAlloc(void* at, SIZE_T size, DWORD kind, DWORD protection);
 BOOL VirtualFree(void* at, SIZE_T size, DWORD kind);
 struct MEMORY_BASIC_INFORMATION {
@@ -93,9 +80,8 @@ struct MEMORY_BASIC_INFORMATION {
 };
 // A region is what the sanitizer lets us touch: a heap block ends where its last byte does.
 SIZE_T VirtualQuery(const void* at, MEMORY_BASIC_INFORMATION* region, SIZE_T size);
-BOOL VirtualProtect(void* at, SIZE_T size, DWORD protection, DWORD* before);
 
-// Backslashes lead into folders. Sharing is checked among our own handles; transfers end before they return.
+// Backslashes lead into folders. Sharing is checked as far as writing goes; transfers end before they return.
 HANDLE CreateFileA(const char* name, DWORD access, DWORD share, void*, DWORD disposition, DWORD flags, HANDLE);
 BOOL CloseHandle(HANDLE handle);
 BOOL ReadFile(HANDLE handle, void* data, DWORD length, DWORD* got, OVERLAPPED* at);
@@ -139,21 +125,12 @@ BOOL DeleteFileA(const char* name);
 BOOL MoveFileExA(const char* from, const char* to, DWORD flags);
 BOOL CreateDirectoryA(const char* name, void*);
 DWORD GetTempPathA(DWORD size, char* path);  // that of TMPDIR
-UINT GetTempFileNameA(const char* folder, const char* prefix, UINT, char* path);
 
-constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
 LSTATUS RegOpenKeyExA(HKEY hive, const char* name, DWORD, REGSAM, HKEY* key);
 LSTATUS RegCreateKeyExA(HKEY hive, const char* name, DWORD, char*, DWORD, REGSAM, void*, HKEY* key, DWORD*);
-inline LSTATUS RegCreateKeyA(HKEY hive, const char* name, HKEY* key) {
-  return RegCreateKeyExA(hive, name, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, key, nullptr);
-}
 LSTATUS RegCloseKey(HKEY key);
 LSTATUS RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size);
 LSTATUS RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size);
 LSTATUS RegSetKeyValueA(HKEY hive, const char* key, const char* name, DWORD type, const void* data, DWORD size);
 LSTATUS RegDeleteValueA(HKEY key, const char* name);
 LSTATUS RegDeleteKeyA(HKEY hive, const char* name);
-LSTATUS RegDeleteTreeA(HKEY hive, const char* name);  // all there is: there is one user, who runs tests
-inline LSTATUS RegOverridePredefKey(HKEY, HKEY) noexcept {
-  return ERROR_SUCCESS;
-}

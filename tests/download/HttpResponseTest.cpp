@@ -6,15 +6,14 @@ namespace {
 
 constexpr uint32_t kBodyLimit = 0x1000000;
 
-// State, number of header lines, body and bytes still expected, when slices end where `isCut` says so.
-template <class IsCut>
-std::string InSlices(std::string_view answer, IsCut isCut) {
+// State, number of header lines, body and bytes still expected, when it comes in slices of this size.
+std::string InSlices(std::string_view answer, size_t size) {
   TmyBuffer body(4096, kBodyLimit);
   HttpResponse response(body);
   std::string waiting;
-  for (size_t at = 1; at <= answer.size(); ++at) {
-    waiting += answer[at - 1];
-    if (at == answer.size() || isCut(at)) waiting.erase(0, response.Feed(waiting));
+  for (size_t at = 0; at < answer.size(); at += size) {
+    waiting += answer.substr(at, size);
+    waiting.erase(0, response.Feed(waiting));
   }
   return (response.IsDone()     ? "done "
           : response.IsFailed() ? "failed "
@@ -46,26 +45,19 @@ const std::tuple<std::string, std::string> kCases[] = {
     {"\n\n", "open 0  0"},  // an end is looked for from the fourth character on
 };
 
-TEST(HttpResponseTest, EverySlicingOfAnAnswerGivesTheSame) {
+// Slices of every other size are cut by a fuzz target.
+TEST(HttpResponseTest, AnAnswerIsTheSameWholeAndInCharacters) {
   for (const auto& [answer, outcome] : kCases) {
-    EXPECT_EQ(InSlices(answer, [](size_t) { return true; }), outcome) << answer;
-    for (size_t pair = 0, size = answer.size(); pair < size * size; ++pair) {
-      const auto isCut = [=](size_t at) { return at == pair / size || at == pair % size; };
-      ASSERT_EQ(InSlices(answer, isCut), outcome) << answer << pair;
-    }
+    for (const size_t size : {size_t{1}, answer.size()}) EXPECT_EQ(InSlices(answer, size), outcome) << answer;
   }
 }
 
 TEST(HttpResponseTest, HeadersAndSizeLinesHaveALimit) {
   const std::string header = "A\r\nContent-Length: 1\r\nX: ";
   const std::string full = header + std::string(HttpResponse::kHeaderLimit - header.size() - 4, 'x') + "\r\n\r\ny";
-  const std::string pairs[][2] = {{full, "done 4 y 0"},
-                                  {"A: long\r\n" + full, "failed 0  0"},
-                                  {kChunked + std::string(HttpResponse::kHeaderLimit + 1, ' '), "failed 3  0"}};
-  for (const auto& [answer, outcome] : pairs) {
-    for (const uint32_t size : {1u, 1460u})
-      EXPECT_EQ(InSlices(answer, [=](size_t at) { return at % size == 0; }), outcome);
-  }
+  EXPECT_EQ(InSlices(full, 1460), "done 4 y 0");
+  EXPECT_EQ(InSlices("A: long\r\n" + full, 1460), "failed 0  0");
+  EXPECT_EQ(InSlices(kChunked + std::string(HttpResponse::kHeaderLimit + 1, ' '), 1460), "failed 3  0");
 }
 
 }  // namespace

@@ -7,18 +7,14 @@ TEST(TmyFile, WhoOnlyReadsMakesNoFileAndReadsUpToTheEnd) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");
   char bytes[4] = {};
-  TmyFile absent(name.c_str(), GENERIC_READ, OPEN_ALWAYS);
-  EXPECT_FALSE(absent.IsOpen() || absent.Read(bytes, 1) || absent.Write(bytes, 1));
-  EXPECT_EQ(absent.Size(), 0U);
-  EXPECT_EQ(GetFileAttributesA(name.c_str()), INVALID_FILE_ATTRIBUTES);
+  const TmyFile absent(name.c_str(), GENERIC_READ, OPEN_ALWAYS);
+  EXPECT_FALSE(absent.IsOpen() || GetFileAttributesA(name.c_str()) != INVALID_FILE_ATTRIBUTES);
   EXPECT_TRUE(TmyFile(name.c_str(), GENERIC_WRITE, OPEN_ALWAYS).Write("12345", 5));
   TmyFile file(name.c_str(), GENERIC_READ, OPEN_EXISTING);
   EXPECT_EQ(file.Size(), 5U);
   EXPECT_EQ(file.ReadSome(bytes, 4), 4U);
-  EXPECT_EQ(file.Position(), 4U);
   EXPECT_EQ(file.ReadSome(bytes, 4), 1U);
   EXPECT_EQ(std::string(bytes, 4), "5234");
-  EXPECT_EQ(file.ReadSome(bytes, 4), 0U);
 }
 
 TEST(SwapFile, ReplacesWholeOrNotAtAll) {

@@ -27,35 +27,20 @@ void Put(std::string& to, uint64_t value, uint32_t bytes) {
 // The fields that the local header and the directory entry share.
 std::string Common(const ZipMemberSource& member, uint32_t packed) {
   std::string bytes;
-  Put(bytes, 20, 2);
-  Put(bytes, member.flags, 2);
+  Put(bytes, 20, 4);  // the version needed, and no flags
   Put(bytes, member.method, 2);
   Put(bytes, 0x5CE10000, 4);
   const auto* data = reinterpret_cast<const Bytef*>(member.data.data());
   Put(bytes, member.claimedCrc.value_or(crc32(0, data, static_cast<uInt>(member.data.size()))), 4);
   Put(bytes, member.claimedPacked.value_or(packed), 4);
   Put(bytes, member.claimedSize.value_or(static_cast<uint32_t>(member.data.size())), 4);
-  Put(bytes, member.name.size(), 2);
-  Put(bytes, 0, 2);
-  return bytes;
-}
-
-std::string End64(uint64_t count, uint64_t size, uint64_t at) {
-  std::string bytes = "PK\6\6";
-  Put(bytes, 44, 8);
-  Put(bytes, 45 | 45 << 16, 4);
-  Put(bytes, 0, 8);
-  for (const uint64_t value : {count, count, size, at}) Put(bytes, value, 8);
-  bytes += "PK\6\7";
-  Put(bytes, 0, 4);
-  Put(bytes, at + size, 8);
-  Put(bytes, 1, 4);
+  Put(bytes, member.name.size(), 4);
   return bytes;
 }
 
 }  // namespace
 
-std::string MakeZip(const std::vector<ZipMemberSource>& members, std::optional<uint64_t> claimedCount) {
+std::string MakeZip(const std::vector<ZipMemberSource>& members) {
   std::string bytes;
   std::string directory;
   for (const ZipMemberSource& member : members) {
@@ -71,13 +56,9 @@ std::string MakeZip(const std::vector<ZipMemberSource>& members, std::optional<u
     bytes += "PK\3\4" + common + member.name + packed;
   }
   const uint64_t at = bytes.size();
-  const uint64_t count = claimedCount.value_or(members.size());
-  bytes += directory;
-  const bool needs64 = claimedCount || members.size() > 0xFFFF;
-  if (needs64) bytes += End64(count, directory.size(), at);
-  bytes += "PK\5\6";
+  bytes += directory + "PK\5\6";
   Put(bytes, 0, 4);
-  for (int i = 0; i < 2; ++i) Put(bytes, needs64 ? 0xFFFF : count, 2);
+  for (int i = 0; i < 2; ++i) Put(bytes, members.size(), 2);
   Put(bytes, directory.size(), 4);
   Put(bytes, at, 4);
   Put(bytes, 0, 2);

@@ -13,15 +13,12 @@ struct ZipMemberSource {
   std::string data;
   uint16_t method = 8;
   uint32_t attributes = 0x20;
-  uint16_t flags = 0;
   std::optional<uint32_t> claimedSize = {};
   std::optional<uint32_t> claimedPacked = {};
   std::optional<uint32_t> claimedCrc = {};
 };
 
-// With the 64-bit end record when the members are too many for the other, or when a count is claimed.
-[[nodiscard]] std::string MakeZip(const std::vector<ZipMemberSource>& members,
-                                  std::optional<uint64_t> claimedCount = {});
+[[nodiscard]] std::string MakeZip(const std::vector<ZipMemberSource>& members);
 // A header for data of `size` bytes, which is an octal number as text, with a checksum that fits.
 [[nodiscard]] std::string TarHeaderBytes(std::string_view name, std::string_view size, char type = '0');
 [[nodiscard]] std::string TarMemberBytes(std::string_view name, std::string_view data);  // header, data, padding

@@ -37,23 +37,18 @@ TEST_F(CGZip, TellsTheKindsApart) {
   const std::string tar = TarMemberBytes("a.txt", "one") + TarMemberBytes("b.txt", std::string(512, 'b'));
   const std::tuple<const char*, std::string, int32_t, int32_t> kCases[] = {
       {"zip", MakeZip({{"a", "1"}, {"b", "2"}, {"a", "3"}}), 1, 3},
-      {"zip without members, behind a byte", MakeZip({}).insert(0, 1, ' '), 1, 0},
       {"zip behind other bytes", std::string(1000, 'x') + MakeZip({{"a", "1"}}), 1, 1},
       {"gzip", Gzipped("text"), 2, 1},
-      {"not compressed", "plain text", 2, 1},
+      {"not compressed", std::string(600, 'x'), 2, 1},
       {"tar", Gzipped(tar + std::string(1024, 0)), 3, 2},
-      {"tar without an end", Gzipped(tar), 3, 2},
       {"tar not compressed", tar, 3, 2},
-      {"header cut off", Gzipped(tar.substr(0, 511)), 2, 1},
       {"empty file", "", 0, -1},
-      {"gzip of nothing", Gzipped(""), 0, -1},
       {"gzip with a broken block", std::string("\x1F\x8B\x08\0\0\0\0\0\0\0\xFF\xFF\xFF\xFF", 14), 0, -1},
   };
   for (const auto& [what, bytes, kind, count] : kCases) {
     EXPECT_EQ(Open(bytes), kind != 0) << what;
     EXPECT_TRUE(kind != 0 || archive_.GetError() == std::string(kNoGzipData)) << what;
     EXPECT_EQ(archive_.GetKind(), kind) << what;
-    EXPECT_EQ(archive_.IsOpen(), kind != 0) << what;
     EXPECT_EQ(archive_.GetCount(), count) << what;
   }
   EXPECT_FALSE(archive_.Open(folder_.File("missing").c_str()));
@@ -85,40 +80,18 @@ TEST_F(CGZip, GivesMembersInAnyOrder) {
   }
 }
 
-TEST_F(CGZip, CutsLongNames) {
-  const std::string name(100, 'n');
-  for (const std::string& bytes : {MakeZip({{name + name, "x"}}), Gzipped(TarMemberBytes(name, "x"))}) {
-    ASSERT_TRUE(Open(bytes));
-    for (const uint32_t room : {1U, 2U, 99U, 100U}) {
-      char cut[101];
-      cut[room] = '#';
-      ASSERT_TRUE(archive_.GetFile(0, nullptr, nullptr, nullptr, cut, room));
-      EXPECT_EQ(std::string(cut), name.substr(0, room - 1));
-      EXPECT_EQ(cut[room], '#');
-    }
-  }
-}
-
 TEST_F(CGZip, KnowsLyingMembers) {
   const std::string text = "a text that is long enough to be deflated, deflated, deflated";
   const auto size = static_cast<uint32_t>(text.size());
   const std::string error = kNotUnzipped;
   const std::tuple<const char*, ZipMemberSource, std::string> kCases[] = {
-      {"claims 4 GB", {"m", text, 8, 0, 0, 0xFFFFFFFE}, error},
-      {"claims 4 GB, stored", {"m", text, 0, 0, 0, 0xFFFFFFFE, 0xFFFFFFFE}, error},
-      {"claims more than is inflated", {"m", text, 8, 0, 0, 0x10000001}, error},
-      {"claims 1 byte more", {"m", text, 8, 0, 0, size + 1}, error},
-      {"claims 1 byte more, stored", {"m", text, 0, 0, 0, size + 1}, error},
-      {"claims less", {"m", text, 8, 0, 0, 6}, "m:a text"},
-      {"claims less, stored", {"m", text, 0, 0, 0, 6}, "m:a text"},
-      {"claims nothing", {"m", std::string(5 << 20, 'x'), 8, 0, 0, 0}, "m:"},
-      {"cut off", {"m", text, 8, 0, 0, {}, 20}, error},
-      {"packed beyond the end", {"m", text, 8, 0, 0, {}, 1 << 20}, error},
-      {"wrong checksum", {"m", text, 8, 0, 0, {}, {}, 1}, error},
-      {"wrong checksum, stored", {"m", text, 0, 0, 0, {}, {}, 1}, error},
-      {"encrypted", {"m", text, 8, 0, 1}, error},
+      {"claims 4 GB", {"m", text, 8, 0, 0xFFFFFFFE}, error},
+      {"claims 1 byte more", {"m", text, 8, 0, size + 1}, error},
+      {"claims less", {"m", text, 8, 0, 6}, "m:a text"},
+      {"claims nothing", {"m", std::string(5 << 20, 'x'), 8, 0, 0}, "m:"},
+      {"cut off", {"m", text, 8, 0, {}, 20}, error},
+      {"wrong checksum", {"m", text, 8, 0, {}, {}, 1}, error},
       {"other method", {"m", text, 12}, error},
-      {"not deflated at all", {"m", text, 9}, error},
       {"too large, though nothing lies", {"m", std::string(zlib::CZipper::kMostBytes + 1, 0)}, error},
   };
   for (const auto& [what, member, result] : kCases) {
@@ -128,44 +101,19 @@ TEST_F(CGZip, KnowsLyingMembers) {
   }
 }
 
-TEST_F(CGZip, WalksSeventyThousandMembers) {
-  std::vector<ZipMemberSource> members;
-  for (uint32_t i = 0; i < 70000; ++i) members.push_back({std::to_string(i), "", 0});
-  ASSERT_TRUE(Open(MakeZip(members)));
-  ASSERT_EQ(archive_.GetCount(), 70000);
-  for (int32_t i = 0; i < 70000; ++i) ASSERT_EQ(Member(i), std::to_string(i) + ":");
-}
-
-TEST_F(CGZip, KnowsLyingDirectories) {
-  ASSERT_TRUE(Open(MakeZip({{"a", "1"}}, uint64_t{1} << 40)));
-  EXPECT_EQ(archive_.GetCount(), -1);
-  EXPECT_STREQ(archive_.GetError(), "Could not get files from the archive !");
-  ASSERT_TRUE(Open(MakeZip({{"a", std::string(10000, 'x'), 0}}, 100)));
-  EXPECT_EQ(archive_.GetCount(), 100);
-  for (int32_t i = 1; i < 100; ++i) EXPECT_EQ(Member(i), kNoFileAtPosition);
-  EXPECT_EQ(Member(0).size(), 10002U);
-}
-
 TEST_F(CGZip, KnowsLyingTarHeaders) {
-  for (const char* size : {"00000000011", "77777777777", "777777777777", "00000000019", "-1", "\x80\1\1\1\1\1\1\1"}) {
+  for (const char* size : {"00000000011", "77777777777", "-1", "\x80\1\1\1\1\1\1\1"}) {
     ASSERT_TRUE(Open(Gzipped(TarMemberBytes("good", "one") + TarHeaderBytes("bad", size) + "8 bytes."))) << size;
     EXPECT_EQ(archive_.GetCount(), 2) << size;
     EXPECT_EQ(Member(1), kNoGzipData) << size;
     EXPECT_EQ(Member(0), "good:one") << size;
   }
-  std::string header = TarMemberBytes("bad checksum", "");
-  header[150] = '9';
-  ASSERT_TRUE(Open(Gzipped(header)));
-  EXPECT_EQ(Member(0), "unknown:" + header);
 }
 
 TEST_F(CGZip, StopsInflatingAtItsLimit) {
   const std::string piece = Gzipped(std::string(1 << 20, 0));
   std::string pieces;
   for (int i = 0; i < 256; ++i) pieces += piece;
-  ASSERT_TRUE(Open(pieces));
-  uint32_t size = 0;
-  EXPECT_TRUE(archive_.GetFile(0, nullptr, &size, nullptr, nullptr, 0));
-  EXPECT_EQ(size, zlib::CZipper::kMostBytes);
+  EXPECT_TRUE(Open(pieces));
   EXPECT_FALSE(Open(pieces + Gzipped("x")));
 }

@@ -19,8 +19,12 @@ std::string Loaded(const std::string& bytes) {
 
 TEST(EibiReader, KeepsReadableLinesInTheirOrder) {
   const std::string header = EibiHeader(), good = EibiLine("6005");
+  std::string many = header, all;  // of several chunks of memory
+  for (int khz = 1000; khz < 1500; ++khz) {
+    many += EibiLine(std::to_string(khz).c_str()) + "\n";
+    all += std::to_string(khz) + " ";
+  }
   const std::pair<const char*, std::string> kCases[] = {
-      {"", ""},
       {"", EibiHeader(9)},
       {"", header},
       {"7000 5000 6000 ", header + EibiLine("7000") + "\r\n" + good.substr(0, 62) + "\r" + EibiLine("5000") + "\r" +
@@ -29,6 +33,7 @@ TEST(EibiReader, KeepsReadableLinesInTheirOrder) {
       {"6005 6005 ", header + good + std::string(10000, 'z') + "\n" + good},
       {"", header + std::string(10000, '\0')},
       {"6005 ", header + std::string(200, '\xE4') + "\n" + good + "\xFF\x80\n"}};
+  EXPECT_EQ(Loaded(many), all);
   for (const auto& [khz, bytes] : kCases) EXPECT_EQ(Loaded(bytes), khz) << bytes.size();
   EXPECT_EQ(Loaded(EibiHeader(0x40000 + 17)).size(), (0x40000U - 17) * 5) << "the last line it takes";
 }

@@ -20,9 +20,7 @@ FccItem With(HfccColumn column, const char* cell) {
 TEST(FccItem, ReadsNumbers) {
   const std::tuple<const char*, int32_t, uint32_t> kCases[] = {{"9420", 9420000, 9420},
                                                                {"0.5", 0, 0},
-                                                               {"130,178", 130000, 130},
                                                                {"ND", 0, 0},
-                                                               {"-5", -5000, 0},
                                                                {"99999", 99999000, 65535},
                                                                {"9999999999999", 2147483000, 65535}};
   for (const auto& [text, hertz, power] : kCases) {
@@ -39,29 +37,12 @@ TEST(FccItem, ReadsTimesDatesDaysAndModulations) {
     const char* cell;
     int32_t number;
     const char* text;
-  } kCases[] = {{kEnd, "1234", 45240, "12:34"},
-                {kEnd, "2400", 86400, "24:00"},
-                {kEnd, "1", 3600, "1:"},
-                {kEnd, "123", 43380, "12:3"},
-                {kEnd, "xx30", 1800, "xx:30"},
-                {kEnd, "12345", 45240, "12:34"},
-                {kStartDate, "150312", 4572, "15/03/12"},
-                {kStartDate, "1503", 108, "15/03"},
-                {kStartDate, "1", 1, "1"},
-                {kStartDate, "xxyyzz", 0, "xx/yy/zz"},
-                {kStartDate, "1503129", 4572, "15/03/12"},
-                {kDays, "1", 0x01, "Sunday"},
-                {kDays, "7", 0x40, "Saturday"},
-                {kDays, "1234567", 0x7F, "All days"},
-                {kDays, "23456", 0x3E, "Workdays"},
-                {kDays, "71", 0x41, "Weekend"},
-                {kDays, "135", 0x15, "135"},
-                {kDays, "089", 0, "089"},
-                {kDays, nullptr, 0, ""},
-                {kModulation, "Nx", 'N', "Digital (DRM)"},
-                {kModulation, "Qx", 'Q', "Qx"},
-                {kModulation, "\xE4", '\xE4', "\xE4"},
-                {kModulation, nullptr, 0, ""}};
+  } kCases[] = {{kEnd, "1234", 45240, "12:34"},     {kEnd, "1", 3600, "1:"},
+                {kEnd, "xx30", 1800, "xx:30"},      {kStartDate, "150312", 4572, "15/03/12"},
+                {kStartDate, "1503", 108, "15/03"}, {kDays, "1", 0x01, "Sunday"},
+                {kDays, "7", 0x40, "Saturday"},     {kDays, "71", 0x41, "Weekend"},
+                {kDays, "135", 0x15, "135"},        {kDays, "089", 0, "089"},
+                {kModulation, "Qx", 'Q', "Qx"},     {kModulation, nullptr, 0, ""}};
   for (const auto& each : kCases) {
     const FccItem item = With(each.column, each.cell);
     // Only one of each is there.
