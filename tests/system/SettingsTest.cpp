@@ -1,24 +1,32 @@
 // What a user leaves behind at one close and finds again at the next start, and what foreign values do.
-#include "foundation/TmyRegistry.h"
 #include "tests/support/SeasonArchive.h"
 #include "tests/system/PluginFixture.h"
 
 namespace {
 
+constexpr char kKey[] = "Software\\Corvane Communications\\Marlux 3";
+
 struct Settings : PluginFixture {
-  TmyRegistry& Stored() {
-    EXPECT_TRUE(key_.Open(HKEY_CURRENT_USER, "Software\\Corvane Communications\\Marlux 3", KEY_ALL_ACCESS, true));
-    return key_;
+  static std::string Stored(const char* name) {
+    char bytes[256];
+    DWORD size = sizeof bytes;
+    if (RegGetValueA(HKEY_CURRENT_USER, kKey, name, RRF_RT_ANY, nullptr, bytes, &size)) return "none";
+    return {bytes, size};
   }
-  uint32_t Number(const char* name) { return Stored().ReadDword(name, 0xDDDDDDDD); }
-  std::string Text(const char* name) { return Stored().ReadString(name, "none").Chars(); }
-  std::vector<int32_t> Numbers(const char* name, uint32_t most = 22) {
-    std::vector<int32_t> values(most);
-    values.resize(Stored().ReadBinary(name, values.data(), most * 4) / 4);
+  static uint32_t Number(const char* name) { return *reinterpret_cast<const uint32_t*>(Stored(name).data()); }
+  static std::string Text(const char* name) { return Stored(name).c_str(); }
+  static std::vector<int32_t> Numbers(const char* name, size_t most = 22) {
+    const std::string bytes = Stored(name);
+    std::vector<int32_t> values(std::min(most, bytes.size() / 4));
+    memcpy(values.data(), bytes.data(), values.size() * 4);
     return values;
   }
-  void Put(const char* name, const std::vector<int32_t>& values) {
-    Stored().WriteBinary(name, values.data(), static_cast<uint32_t>(values.size() * 4));
+  static void Put(const char* name, DWORD type, const std::string& bytes) {
+    RegSetKeyValueA(HKEY_CURRENT_USER, kKey, name, type, bytes.data(), static_cast<DWORD>(bytes.size()));
+  }
+  static void Put(const char* name, uint32_t number) { Put(name, REG_DWORD, Words({number})); }
+  static void Put(const char* name, const std::vector<int32_t>& values) {
+    Put(name, REG_BINARY, {reinterpret_cast<const char*>(values.data()), values.size() * 4});
   }
   static bool IsAt(HWND window, const RECT& expected) {
     RECT place;
@@ -28,7 +36,6 @@ struct Settings : PluginFixture {
     StartPlugin();
     host_.Close(7);
   }
-  TmyRegistry key_;
 };
 
 }  // namespace
@@ -63,9 +70,9 @@ TEST_F(Settings, ForeignValuesAreSurvivedAndKeepTheirMeaning) {
   const std::vector<int32_t> odd = {-1, 100000, 0, INT32_MIN, INT32_MAX, 7, 7, 7, 7}, widths(22, 100000);
   std::vector<int32_t> slots(22, 3);
   slots[1] = -5;
-  Stored().WriteDword("Left", 20000);
-  Stored().WriteDword("TranslatedCount", 30);
-  Stored().WriteDword("DBDefault", 77);
+  Put("Left", 20000u);
+  Put("TranslatedCount", 30u);
+  Put("DBDefault", 77u);
   Put("TranslatedPos", slots);
   Put("GridColumsCountFcc", widths);
   Put("GridColumsCountEibi", odd);
@@ -85,9 +92,9 @@ TEST_F(Settings, TheArchiveAndTheDatabaseThatWereShownLast) {
   const std::string archives[] = {documents_.DataFolder() + "\\a26all00.zip", documents_.DataFolder() + "\\B25.zip"};
   DeleteFileA(ArchiveFile().c_str());
   for (const std::string& archive : archives) CopyFileA(SeasonArchive().c_str(), archive.c_str(), FALSE);
-  Stored().WriteDword("DBDefault", 1);
+  Put("DBDefault", 1u);
   for (const std::string stored : {"b25.ZIP", "a26all00.zip", "c.zip"}) {
-    Stored().WriteString("CurrentFile", stored.c_str());
+    Put("CurrentFile", REG_SZ, stored + '\0');
     EXPECT_NE(Counts(StartPlugin()), "3 of 3 broadcasts");
     host_.Close(7);
     EXPECT_EQ(Text("CurrentFile"), stored[0] == 'b' ? "B25.zip" : "a26all00.zip");
@@ -110,7 +117,7 @@ TEST_F(Settings, ColumnsAsTheMouseLeftThem) {
   };
   ASSERT_TRUE(CopyFileA(SeasonArchive().c_str(), ArchiveFile().c_str(), FALSE));
   for (const auto& [database, name] : {std::pair{0u, "GridColumsCountEibi"}, {1u, "GridColumsCountFcc"}}) {
-    Stored().WriteDword("DBDefault", database);
+    Put("DBDefault", uint32_t{database});
     Put(name, std::vector<int32_t>(9, 100));
     drag(100, 140);  // the first border
     drag(240, 300);  // the second one, where it was left
