@@ -14,16 +14,22 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
+
+#include "tests/support/Pump.h"
 
 struct HostCall {
   uint32_t instance = 0, code = 0, a = 0, b = 0;
   std::string text;  // what c points to where that is a text, else c as a number
 
   bool operator==(const HostCall&) const = default;
+  friend std::ostream& operator<<(std::ostream& out, const HostCall& call) {
+    return out << std::hex << call.code << std::dec << " of " << call.instance << ": " << call.a << ", " << call.b
+               << ", " << call.text;
+  }
 };
-void PrintTo(const HostCall& call, std::ostream* out);
 
 // A block as a host hands it over: size first, pointers into itself, a frequency range, two modes.
 [[nodiscard]] std::vector<uint32_t> HostBlockOfReceiver();
@@ -32,38 +38,41 @@ class FakeHost {
  public:
   static constexpr char kClassPrefix[] = "TmyComponent ";
 
-  explicit FakeHost(std::string modulePath = ModulePath());
+  explicit FakeHost(std::string modulePath = kModulePath);
   ~FakeHost();
   FakeHost(const FakeHost&) = delete;
   FakeHost& operator=(const FakeHost&) = delete;
 
-  [[nodiscard]] static std::string ModulePath();
+  static const char kModulePath[];
   [[nodiscard]] static std::string LoopbackModulePath();  // the one whose servers are on this machine
   bool Load();
   [[nodiscard]] bool IsLoaded() const { return module_ != nullptr; }  // by this host
   void Unload();                                                      // without closing anything first
-  [[nodiscard]] static bool IsModuleInMemory();
 
-  void Init(char* name, uint32_t size);
+  void Init(char* name, uint32_t size) { Call<uint32_t>("zqnPluginInit", 0u, 0u, name, size); }
   // Returns the instance. Without a block the receiver's one is used.
-  uint32_t Start(uint32_t handle);
-  uint32_t Start(uint32_t handle, const void* block);
-  void Notify(uint32_t handle, uint32_t code, const void* c = nullptr, uint32_t a = 0);
+  uint32_t Start(uint32_t handle, const void* block = HostBlockOfReceiver().data());
+  void Notify(uint32_t handle, uint32_t code, const void* c = nullptr, uint32_t a = 0) {
+    Call<void>("zqnPluginNotify", handle, code, a, 0u, c);
+  }
   void Close(uint32_t handle) { Notify(handle, 0x4000); }
-  void Done();
+  void Done() { Call<void>("zqnPluginDone"); }
 
   // All since the last Clear, in order.
   [[nodiscard]] const std::vector<HostCall>& Calls() const { return calls_; }
   void Clear() { calls_.clear(); }
-  void During(uint32_t code, std::function<void()> action);  // once, at the next call with this code
+  // Once, at the next call with this code.
+  void During(uint32_t code, std::function<void()> action) { during_[code] = std::move(action); }
   // The main window that came with Start; the handle stays when the window is gone.
-  [[nodiscard]] HWND WindowOf(uint32_t handle) const;
+  [[nodiscard]] HWND WindowOf(uint32_t handle) const {
+    return windows_.contains(handle) ? windows_.at(handle) : nullptr;
+  }
 
-  // Runs the host's loop. A WM_QUIT in it is remembered, not obeyed.
-  void PumpFor(DWORD milliseconds);
-  // True as soon as the condition holds, false when it does not in time.
-  bool PumpUntil(const std::function<bool()>& condition, DWORD milliseconds = 10000);
-  [[nodiscard]] bool HasSeenQuit() const { return hasSeenQuit_; }
+  // Runs the host's loop.
+  static void PumpFor(DWORD milliseconds) { ::PumpFor(milliseconds); }
+  static bool PumpUntil(const std::function<bool()>& condition, DWORD milliseconds = 10000) {
+    return ::PumpUntil(condition, milliseconds);
+  }
   // Runs the action from a timer once the condition holds, so also inside the plug-in's own loops. When it never does,
   // all menus and windows are closed instead, so that the test goes on, and WasLate says so.
   void When(std::function<bool()> condition, std::function<void()> action);
@@ -77,9 +86,12 @@ class FakeHost {
  private:
   static uint32_t __stdcall Callback(uint32_t instance, uint32_t code, uint32_t a, uint32_t b, uint32_t c);
   static void CALLBACK Tick(HWND window, UINT message, UINT_PTR id, DWORD time);
-  void DispatchAll();
   template <class Result, class... Arguments>
-  Result Call(const char* name, Arguments... arguments) const;  // Result() while the module is not loaded
+  Result Call(const char* name, Arguments... arguments) const {  // Result() while the module is not loaded
+    using Function = Result(__stdcall*)(Arguments...);
+    const FARPROC found = module_ ? GetProcAddress(module_, name) : nullptr;
+    return found ? reinterpret_cast<Function>(reinterpret_cast<void*>(found))(arguments...) : Result();
+  }
 
   std::string modulePath_;
   HMODULE module_ = nullptr;
@@ -90,7 +102,6 @@ class FakeHost {
   std::function<void()> action_;
   UINT_PTR timer_ = 0;
   DWORD timerStart_ = 0;
-  bool hasSeenQuit_ = false;
   bool wasLate_ = false;
 };
 

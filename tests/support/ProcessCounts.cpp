@@ -11,20 +11,13 @@ namespace {
 // Wine does not count GDI objects by process: their table is there to be read, at a known place of the process's block.
 int64_t GdiObjects() {
   if (const DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return told;
-  struct Entry {
-    uint64_t object;
-    uint32_t owner;
-    uint16_t unique;
-    uint8_t type;  // 0: free
-    uint8_t flags;
-    uint64_t user;
-  };
-  static_assert(sizeof(Entry) == 24);
-  constexpr size_t kTableOffset = 0x94, kEntries = 0x4000;
+  constexpr size_t kTableOffset = 0x94, kEntries = 0x4000, kEntrySize = 24, kType = 14;  // 0: free
   const char* block = nullptr;
   asm("movl %%fs:0x30, %0" : "=r"(block));
-  const Entry* const table = *reinterpret_cast<const Entry* const*>(block + kTableOffset);
-  return std::count_if(table, table + kEntries, [](const Entry& entry) { return entry.type != 0; });
+  const char* const table = *reinterpret_cast<const char* const*>(block + kTableOffset);
+  int64_t count = 0;
+  for (size_t i = 0; i < kEntries; ++i) count += table[i * kEntrySize + kType] != 0;
+  return count;
 }
 
 // Numbers of freed objects are given again, so the highest of many new ones grows with those that are held.
@@ -42,8 +35,6 @@ int64_t UserObjects() {
 
 // A new handle is the lowest one that is free.
 int64_t Handles() {
-  DWORD told = 0;
-  if (GetProcessHandleCount(GetCurrentProcess(), &told) && told) return told;
   const HANDLE event = CreateEventA(nullptr, FALSE, FALSE, nullptr);
   CloseHandle(event);
   return static_cast<int64_t>(reinterpret_cast<uintptr_t>(event) / 4);

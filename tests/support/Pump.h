@@ -5,14 +5,19 @@
 
 #include <cstdint>
 
-// False when the condition does not hold in time.
+inline bool hasSeenQuit = false;  // a WM_QUIT is remembered, not obeyed
+
+// False when the condition does not hold in time. All that is there is dispatched in any case.
 template <class Condition>
 bool PumpUntil(Condition condition, uint32_t milliseconds = 10000) {
-  for (const uint32_t start = GetTickCount(); !condition() && GetTickCount() - start < milliseconds;) {
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-    for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageA(&message);
+  for (const uint32_t start = GetTickCount();; MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT)) {
+    for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE); DispatchMessageA(&message)) {
+      hasSeenQuit = hasSeenQuit || message.message == WM_QUIT;
+      TranslateMessage(&message);
+    }
+    if (condition()) return true;
+    if (GetTickCount() - start >= milliseconds) return false;
   }
-  return condition();
 }
 
 inline void PumpFor(uint32_t milliseconds) {

@@ -1,9 +1,11 @@
 #include "tests/support/ScriptedServer.h"
 
 #include <algorithm>
+#include <sstream>
 
 ScriptedServer::ScriptedServer(const char* address, uint16_t port) {
-  WSAStartup(MAKEWORD(2, 2), &winsock_);
+  WSADATA winsock;  // stays for as long as the process
+  WSAStartup(MAKEWORD(2, 2), &winsock);
   listener_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
   sockaddr_in at = {};
   at.sin_family = AF_INET;
@@ -14,15 +16,14 @@ ScriptedServer::ScriptedServer(const char* address, uint16_t port) {
   if (bind(listener_, place, size) != 0 || listen(listener_, SOMAXCONN) != 0) return;
   getsockname(listener_, place, &size);
   port_ = ntohs(at.sin_port);
-  thread_ = std::thread(&ScriptedServer::Listen, this);
+  thread_ = std::jthread(&ScriptedServer::Listen, this);
 }
 
 ScriptedServer::~ScriptedServer() {
   ends_ = true;
-  if (thread_.joinable()) thread_.join();
-  for (std::thread& connection : connections_) connection.join();
+  thread_ = {};
+  connections_.clear();
   closesocket(listener_);
-  WSACleanup();
 }
 
 void ScriptedServer::Answer(const std::string& path, Reply reply) {
@@ -39,11 +40,11 @@ std::string ScriptedServer::Document(const std::string& body) {
   return "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
 }
 
-bool ScriptedServer::IsReady(SOCKET socket, bool toWrite) const {
+bool ScriptedServer::IsReady(SOCKET socket) const {
   while (!ends_) {
     fd_set one = {1, {socket}};
     timeval pause = {0, 20000};
-    if (select(0, toWrite ? nullptr : &one, toWrite ? &one : nullptr, nullptr, &pause) != 0) return true;
+    if (select(0, &one, nullptr, nullptr, &pause) != 0) return true;
   }
   return false;
 }
@@ -56,40 +57,32 @@ void ScriptedServer::Listen() {
 void ScriptedServer::Serve(SOCKET client) {
   std::string request;
   char bytes[4096];
-  while (!request.ends_with("\r\n\r\n") && IsReady(client)) {
-    const int came = recv(client, bytes, sizeof bytes, 0);
-    if (came < 1) break;
-    request.append(bytes, static_cast<size_t>(came));
+  const auto receive = [&] { return IsReady(client) ? recv(client, bytes, sizeof bytes, 0) : 0; };
+  for (int came = 1; came > 0 && !request.ends_with("\r\n\r\n");) {
+    came = receive();
+    request.append(bytes, static_cast<size_t>(std::max(came, 0)));
   }
   Reply reply = {"HTTP/1.1 404 Not Found\r\nContent-Length: 7\r\n\r\nNothing"};
   {
     const std::lock_guard guard(mutex_);
     requests_.push_back(request);
-    const size_t path = std::min(request.find(' ') + 1, request.size());
-    const auto found = replies_.find(request.substr(path, request.find(' ', path) - path));
-    if (found != replies_.end()) reply = found->second;
+    std::string path;
+    std::istringstream(request) >> path >> path;
+    if (const auto found = replies_.find(path); found != replies_.end()) reply = found->second;
   }
-  while (Send(client, reply) && reply.end == End::kRepeat) {
+  const std::string_view left = reply.bytes;
+  size_t at = 0;
+  while (at < left.size() && !ends_) {
+    Sleep(reply.pause);
+    const std::string_view slice = left.substr(at, reply.slice);
+    const int sent = send(client, slice.data(), static_cast<int>(slice.size()), 0);
+    if (sent < 1) break;
+    at += static_cast<size_t>(sent);
+    if (reply.end == End::kRepeat) at %= left.size();
   }
-  while (reply.end == End::kStayOpen && IsReady(client) && recv(client, bytes, sizeof bytes, 0) > 0) {
+  while (reply.end == End::kStayOpen && receive() > 0) {
   }
   const linger hard = {reply.end == End::kReset, 0};
   setsockopt(client, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard), sizeof hard);
   closesocket(client);
-}
-
-bool ScriptedServer::Send(SOCKET client, const Reply& reply) const {
-  const BOOL atOnce = TRUE;
-  setsockopt(client, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&atOnce), sizeof atOnce);
-  u_long nonBlocking = 1;  // a client that does not read must not hold us
-  ioctlsocket(client, static_cast<long>(FIONBIO), &nonBlocking);
-  for (size_t at = 0; at < reply.bytes.size();) {
-    if (reply.pause > 0) Sleep(reply.pause);
-    if (!IsReady(client, true)) return false;
-    const size_t count = std::min(reply.slice, reply.bytes.size() - at);
-    const int sent = send(client, reply.bytes.data() + at, static_cast<int>(count), 0);
-    if (sent < 1 && WSAGetLastError() != WSAEWOULDBLOCK) return false;
-    at += static_cast<size_t>(std::max(sent, 0));
-  }
-  return true;
 }

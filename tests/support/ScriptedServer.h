@@ -41,16 +41,14 @@ class ScriptedServer {
  private:
   void Listen();
   void Serve(SOCKET client);
-  [[nodiscard]] bool IsReady(SOCKET socket, bool toWrite = false) const;  // false: the server ends
-  bool Send(SOCKET client, const Reply& reply) const;
+  [[nodiscard]] bool IsReady(SOCKET socket) const;  // false: the server ends
 
-  WSADATA winsock_;
   SOCKET listener_;
   uint16_t port_ = 0;
   std::atomic<bool> ends_ = false;
   std::mutex mutex_;
   std::map<std::string, Reply> replies_;
   std::vector<std::string> requests_;
-  std::vector<std::thread> connections_;  // of the listener's thread alone, until that has ended
-  std::thread thread_;
+  std::vector<std::jthread> connections_;  // of the listener's thread alone, until that has ended
+  std::jthread thread_;
 };

@@ -20,10 +20,6 @@ TemporaryFolder::~TemporaryFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-std::string TemporaryFolder::File(std::string_view name) const {
-  return path_ + "\\" + std::string(name);
-}
-
 bool WriteFileBytes(const std::string& path, std::string_view bytes) {
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

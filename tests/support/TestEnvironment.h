@@ -13,7 +13,7 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   [[nodiscard]] const std::string& Path() const noexcept { return path_; }  // absolute, no backslash at the end
-  [[nodiscard]] std::string File(std::string_view name) const;              // Path(), a backslash and the name
+  [[nodiscard]] std::string File(std::string_view name) const { return path_ + "\\" + std::string(name); }
 
  private:
   std::string path_;

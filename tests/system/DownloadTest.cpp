@@ -1,5 +1,4 @@
 // Downloads of the whole plug-in from two servers on this machine, which may say nothing, half of it or something else.
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <sstream>
@@ -8,13 +7,10 @@
 #include "tests/support/SeasonArchive.h"
 #include "tests/system/PluginFixture.h"
 
-using testing::IsEmpty;
-
 using End = ScriptedServer::End;
 constexpr char kEibi[] = "/dx/eibi.txt";
 constexpr char kIndex[] = "/data/index.html";
 constexpr char kCheck[] = "&Check for DB updates";
-constexpr char kQuestion[] = "Database files initialization needed";
 
 struct Download : PluginFixture {
   Download() : PluginFixture(FakeHost::LoopbackModulePath()) {
@@ -54,6 +50,7 @@ struct Download : PluginFixture {
     return status;
   }
   std::string File(const std::string& name) const { return ReadFileBytes(documents_.DataFolder() + "\\" + name); }
+  void Delete(const std::string& name) const { DeleteFileA((documents_.DataFolder() + "\\" + name).c_str()); }
 
   std::optional<ScriptedServer> eibi_, hfcc_;
 };
@@ -61,7 +58,7 @@ struct Download : PluginFixture {
 TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
   const std::string again = " web page.\r\nPlease check your Internet connection and try again.";
   const std::string eibi = "EiBi database file downloaded. ", no = "No ", none = "No HFCC database file downloaded.",
-                    unable = "\r\nUnable to connect to ";
+                    one = "1 HFCC database file downloaded.", unable = "\r\nUnable to connect to ";
   const ScriptedServer::Reply silence = {"", End::kStayOpen};
   const ScriptedServer::Reply half = {ScriptedServer::Document(OneBroadcast()).substr(0, 200)};
   const struct {
@@ -71,19 +68,16 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
     ScriptedServer::Reply reply = {};  // to this path
   } kRuns[] = {
       {eibi + none + "\r\n", "none"},
-      {eibi + "1 HFCC database file downloaded.\r\n", "a1 none"},
+      {eibi + one + "\r\n", "a1 none"},
       {eibi + "3 HFCC database files downloaded.\r\n", "b1 b2 a1 b3"},
       {eibi + none + unable + "HFCC" + again, nullptr},
       {no + eibi + none + unable + "any" + again, nullptr},
-      {no + eibi + "1 HFCC database file downloaded." + unable + "EiBi" + again, "d1", kEibi, silence},
+      {no + eibi + one + unable + "EiBi" + again, "d1", kEibi, silence},
       {no + eibi + none + unable + "EiBi" + again, "d1", kEibi, half},
       {eibi + none + unable + "HFCC" + again, "e1", kIndex, silence},
       {eibi + none + unable + "HFCC" + again, "e1", "/data/e1.zip", half},
-      {eibi + "1 HFCC database file downloaded." + unable + "HFCC" + again, "f1 f2", "/data/f2.zip", silence},
-      {eibi + "1 HFCC database file downloaded.\r\n",
-       "g1 G1 full gone",
-       "/data/gone.zip",
-       {"HTTP/1.1 404\nContent-Length: 1\n\n."}},
+      {eibi + one + unable + "HFCC" + again, "f1 f2", "/data/f2.zip", silence},
+      {eibi + one + "\r\n", "g1 G1 full gone", "/data/gone.zip", {"HTTP/1.1 404\nContent-Length: 1\n\n."}},
   };
   const HWND window = StartPlugin();
   std::filesystem::create_directory(documents_.DataFolder() + "\\full.zip.new");  // nothing can be written aside
@@ -114,10 +108,10 @@ TEST_F(Download, AWholeRunFromAWebServer) {
   namespace fs = std::filesystem;
   const fs::path season = SeasonArchive(), web = std::string("Z:") + std::getenv("WEB_FOLDER");
   const std::string archive = season.filename().string();
-  const std::string eibi = ReadFileBytes((season.parent_path() / "eibi.txt").string());
   std::string page = ReadFileBytes((season.parent_path() / "hfcc_index.html").string());
   if (page.empty()) page = "<UL><LI>HREF=\"gone.zip\"<LI>HREF=\"a/" + archive + "\"";
   for (const char* folder : {"dx", "data"}) fs::create_directories(web / folder);
+  const std::string eibi = ReadFileBytes((season.parent_path() / "eibi.txt").string());
   ASSERT_TRUE(WriteFileBytes((web / "dx/eibi.txt").string(), eibi));
   ASSERT_TRUE(WriteFileBytes((web / "data/index.html").string(), page));
   ASSERT_TRUE(WriteFileBytes((web / "data" / archive).string(), ReadFileBytes(season.string())));
@@ -145,20 +139,19 @@ TEST_F(Download, AnErrorPageInPlaceOfEitherDocument) {
 
 TEST_F(Download, AFirstStartAsksOnceAndDownloadsOnYes) {
   ListArchives("a26");
-  const auto isAsked = [] { return FakeHost::Find(kQuestion) != nullptr; };
+  const auto question = [] { return FakeHost::Find("Database files initialization needed"); };
   for (const WPARAM answer : {VK_ESCAPE, VK_RETURN}) {  // the first button is "Yes"
-    DeleteFileA(DataFile().c_str());
-    DeleteFileA(ArchiveFile().c_str());
-    host_.When(isAsked, [&] {
-      PostMessageA(FakeHost::Find(kQuestion), WM_KEYDOWN, answer, 1);
-      if (answer == VK_RETURN) host_.When(&IsDone, &Press);
-    });
+    for (const char* name : {"eibi.txt", "none.zip"}) Delete(name);
+    host_.When([&] { return question() != nullptr; },
+               [&] {
+                 PostMessageA(question(), WM_KEYDOWN, answer, 1);
+                 if (answer == VK_RETURN) host_.When(&IsDone, &Press);
+               });
     const HWND window = StartPlugin();
     EXPECT_EQ(Counts(window), answer == VK_RETURN ? "1 of 1 broadcasts" : "0 of 0 broadcasts");
-    ShowWindow(window, SW_HIDE);
-    ShowWindow(window, SW_SHOW);
+    for (const int command : {SW_HIDE, SW_SHOW}) ShowWindow(window, command);
     host_.PumpFor(50);
-    EXPECT_FALSE(isAsked() || Window());
+    EXPECT_FALSE(question() || Window());
     host_.Close(7);
   }
   EXPECT_EQ(File("a26.zip"), "content of a26");
@@ -167,18 +160,19 @@ TEST_F(Download, AFirstStartAsksOnceAndDownloadsOnYes) {
 TEST_F(Download, EndsInEveryPhaseInEveryWay) {
   const std::string part = "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nEiBi";
   const struct {
-    const char *status, *path, *bytes;
+    const char *status, *path;
+    std::string bytes = {};
   } kPhases[] = {
-      {"Downloading EiBi database...\r\nWaiting for EiBi data...", kEibi, ""},
-      {"Downloading EiBi database...\r\nDownloaded EiBi 4/9", kEibi, part.c_str()},
-      {"Retrieving the HFCC web page...\r\nWaiting for HFCC data...", kIndex, ""},
-      {"Downloading HFCC 1/2\r\nDownloaded HFCC 4/9", "/data/x.zip", part.c_str()},
-      {"EiBi database file downloaded. 2 HFCC database files downloaded.\r\n", "", ""},
+      {"Downloading EiBi database...\r\nWaiting for EiBi data...", kEibi},
+      {"Downloading EiBi database...\r\nDownloaded EiBi 4/9", kEibi, part},
+      {"Retrieving the HFCC web page...\r\nWaiting for HFCC data...", kIndex},
+      {"Downloading HFCC 1/2\r\nDownloaded HFCC 4/9", "/data/x.zip", part},
+      {"EiBi database file downloaded. 2 HFCC database files downloaded.\r\n", ""},
   };
   for (int run = 0; run < 20; ++run) {
     const auto& [status, path, bytes] = kPhases[run / 4];
     SCOPED_TRACE(status);
-    for (const char* name : {"x", "y"}) DeleteFileA((documents_.DataFolder() + "\\" + name + ".zip").c_str());
+    for (const char* name : {"x.zip", "y.zip"}) Delete(name);
     WriteSchedule(ThreeBroadcasts());
     eibi_->Answer(kEibi, {ScriptedServer::Document(OneBroadcast())});
     ListArchives("x y");

@@ -8,14 +8,6 @@ PluginFixture::PluginFixture(const std::string& modulePath) : host_(modulePath) 
   EXPECT_TRUE(WriteFileBytes(ArchiveFile(), ""));
 }
 
-void PluginFixture::WriteSchedule(const std::string& content) {
-  ASSERT_TRUE(WriteFileBytes(DataFile(), content));
-}
-
-std::string PluginFixture::ThreeBroadcasts() {
-  return Header() + Line("9420", "Middle") + Line("6005", "Low") + Line("15770.5", "High");
-}
-
 HWND PluginFixture::StartPlugin(uint32_t handle) {
   EXPECT_NE(host_.Start(handle), 0u);
   const HWND window = host_.WindowOf(handle);
@@ -26,21 +18,11 @@ HWND PluginFixture::StartPlugin(uint32_t handle) {
   return window;
 }
 
-// The grid takes the room that panel and strip leave; the strip is the child with a text.
+// It takes the room that the panel above and the strip below leave.
 HWND PluginFixture::Grid(HWND window) {
-  HWND largest = nullptr;
-  LONG area = 0;
-  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    RECT place;
-    GetClientRect(child, &place);
-    if (IsWindowVisible(child) && place.right * place.bottom > area) largest = child, area = place.right * place.bottom;
-  }
-  return largest;
-}
-
-HWND PluginFixture::Panel(HWND window) {
-  const POINT inside = {1, 1};
-  return ChildWindowFromPoint(window, inside);
+  RECT place;
+  GetClientRect(window, &place);
+  return ChildWindowFromPointEx(window, {place.right / 2, place.bottom * 2 / 3}, CWP_SKIPINVISIBLE);
 }
 
 std::string PluginFixture::Counts(HWND window) {
@@ -50,21 +32,9 @@ std::string PluginFixture::Counts(HWND window) {
   return "";
 }
 
-void PluginFixture::Key(HWND window, WPARAM key, LPARAM flags) {
-  PostMessageA(window, WM_KEYDOWN, key, flags);
+void PluginFixture::Key(HWND window, WPARAM key) {
+  PostMessageA(window, WM_KEYDOWN, key, 1);
   host_.PumpFor(0);
-}
-
-uint32_t PluginFixture::DoubleClickLastRow(HWND grid) {
-  host_.Clear();
-  for (int y = 200; y > 40 && host_.Calls().empty(); y -= 6) {
-    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDOWN, WM_LBUTTONUP}) {
-      PostMessageA(grid, message, 0, MAKELPARAM(20, y));
-    }
-    host_.PumpFor(0);
-  }
-  const std::vector<uint32_t> tuned = TunedFrequencies();
-  return tuned.empty() ? 0 : tuned.front();
 }
 
 void PluginFixture::SwitchAutoTuning(HWND window) {
@@ -88,15 +58,15 @@ void PluginFixture::Choose(HWND window, const std::string& item) {
   host_.PumpFor(0);
 }
 
-void PluginFixture::ChooseInGrid(HWND window, char letter, LPARAM at) {
+void PluginFixture::ChooseInGrid(HWND window, char letter, const std::function<void()>& then) {
   const auto menu = [] { return FakeHost::Find("", "#32768"); };
   bool isChosen = false;
   host_.When([=] { return menu() != nullptr; },
              [&] {
-               PostMessageA(menu(), WM_CHAR, static_cast<WPARAM>(letter), 0);
-               isChosen = true;
+               isChosen = PostMessageA(menu(), WM_CHAR, static_cast<WPARAM>(letter), 0);
+               then();
              });
-  PostMessageA(Grid(window), WM_CONTEXTMENU, 0, at);
+  PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
   EXPECT_TRUE(host_.PumpUntil([&] { return isChosen && !menu(); }));
 }
 
@@ -106,14 +76,6 @@ std::vector<uint32_t> PluginFixture::Codes() const {
   return codes;
 }
 
-std::vector<uint32_t> PluginFixture::TunedFrequencies() const {
-  std::vector<uint32_t> frequencies;
-  for (const HostCall& call : host_.Calls()) {
-    if (call.code == 0x800) frequencies.push_back(call.a);
-  }
-  return frequencies;
-}
-
 std::vector<MenuEntry> Entries(HMENU menu) {
   std::vector<MenuEntry> entries;
   for (int i = 0; i < GetMenuItemCount(menu); ++i) {
@@ -121,9 +83,7 @@ std::vector<MenuEntry> Entries(HMENU menu) {
     GetMenuStringA(menu, static_cast<UINT>(i), text, sizeof text, MF_BYPOSITION);
     const bool isChecked = (GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & MF_CHECKED) != 0;
     entries.push_back({text, isChecked, GetMenuItemID(menu, i)});
-    if (const HMENU below = GetSubMenu(menu, i)) {
-      for (MenuEntry& entry : Entries(below)) entries.push_back(std::move(entry));
-    }
+    std::ranges::copy(Entries(GetSubMenu(menu, i)), std::back_inserter(entries));
   }
   return entries;
 }

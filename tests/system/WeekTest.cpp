@@ -1,26 +1,20 @@
 // The module under a clock of the test's own: a week of scheduled recordings in fast motion, for many sets of tasks,
 // beside a model that shares nothing with the module but the task file.
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <random>
 
 #include "tests/support/ModuleClock.h"
 #include "tests/system/PluginFixture.h"
 
 namespace {
 
+using namespace std::chrono;
 using ModuleClock::Ticks;
-using std::chrono::days;
-using std::chrono::seconds;
-using std::chrono::sys_days;
-using std::chrono::sys_seconds;
 
 constexpr uint32_t kSets = 50;
 constexpr size_t kHeaderSize = 48;  // of a recording
 constexpr seconds kLocalOffset{5 * 3600 + 1800};
-constexpr sys_days kMonday = std::chrono::year(2026) / 3 / 2;
-constexpr sys_days kFirstDay = std::chrono::year(1601) / 1 / 1;
+constexpr sys_days kMonday = year(2026) / 3 / 2;
 sys_seconds& now = ModuleClock::utc;
 
 // One record of the task file.
@@ -31,16 +25,13 @@ struct Task {
   uint32_t start, stop, days, enabled;
 
   [[nodiscard]] bool IsDue() const {
-    const auto today = std::chrono::floor<std::chrono::days>(now);
-    const auto dayOf = [](uint64_t ticks) {
-      return kFirstDay + std::chrono::days(ticks / Ticks(kFirstDay + std::chrono::days(1)));
-    };
-    const auto second = static_cast<uint32_t>((now - today).count());
-    const bool isOutside = start < stop   ? second < start || second > stop
-                           : start > stop ? stop < second && second < start
-                                          : false;
-    return enabled != 0 && !isOutside && today >= dayOf(from) && today <= dayOf(to) &&
-           (days >> std::chrono::weekday(today).c_encoding()) % 2 == 1;
+    constexpr uint64_t kDay = 864'000'000'000;
+    const uint64_t today = Ticks(now) / kDay;  // the first one was a Monday
+    const uint64_t second = Ticks(now) % kDay / 10'000'000;
+    const bool isOutside =
+        start < stop ? second < start || second > stop : start > stop && stop < second && second < start;
+    return enabled != 0 && !isOutside && today >= from / kDay && today <= to / kDay &&
+           (days >> (today + 1) % 7) % 2 == 1;
   }
 };
 static_assert(sizeof(Task) == 48);
@@ -98,55 +89,51 @@ struct WeekTest : PluginFixture {
   }
   void Hear(Model& model) {
     const std::string samples(6000, static_cast<char>('a' + Below(26)));
-    const uint32_t header[] = {44100, 0, 1, 3000};
-    host_.Notify(7, 0xE07, (std::string(reinterpret_cast<const char*>(header), sizeof header) + samples).data(), 3);
+    Send(44100, 1, 3000, samples);
     if (model.running) model.files[model.newest] += samples;
   }
-  void RunWeek(uint32_t set);
+  void RunWeek(uint32_t set) {
+    random_.seed(set);
+    now = kMonday - seconds(2);
+    Model model;
+    model.isUtc = set % 2 == 1;
+    for (uint32_t left = 1 + Below(6); left > 0; --left) model.tasks.push_back(RandomTask());
+    const std::string file(reinterpret_cast<const char*>(model.tasks.data()), model.tasks.size() * sizeof(Task));
+    ASSERT_TRUE(WriteFileBytes(TaskFile(), file));
+    const std::string recordings = documents_.DataFolder() + "\\Recordings\\";
+    std::filesystem::remove_all(recordings);
+    ForgetSettings();
+    const HWND window = StartPlugin();
+    KillTimer(window, 1);
+    std::filesystem::remove(TaskFile());  // it is written again at the end
+    if (model.isUtc) Choose(window, "&UTC time");
+    for (seconds at{0}; at < days(7); at += seconds(300)) {
+      for (const seconds offset : {seconds(-1), seconds(0), seconds(1), seconds(2 + Below(297))}) {
+        now = kMonday + at + offset;
+        if (Below(100) == 0) host_.Notify(7, 0x800), model.Stop();
+        SendMessageA(window, WM_TIMER, Below(8) == 0 ? 2 : 1, 0);
+        if (model.instance == 0 && !host_.Calls().empty()) model.instance = host_.Calls().front().instance;
+        model.Tick();
+        ASSERT_EQ(host_.Calls(), model.calls) << "set " << set << ", second " << (now - kMonday).count();
+        ASSERT_EQ(TextOf(window) != "Marlux 3", model.running != nullptr) << TextOf(window);
+        ASSERT_TRUE(model.calls.size() != 5 || std::filesystem::exists(recordings + model.newest)) << model.newest;
+        if (set < 5 && Below(200) == 0) Hear(model);
+        host_.Clear(), model.calls.clear();
+      }
+    }
+    host_.Close(7);
+    EXPECT_EQ(ReadFileBytes(TaskFile()), file);
+    std::map<std::string, std::string> files;
+    std::error_code missing;  // when no task was due
+    for (const auto& entry : std::filesystem::directory_iterator(recordings, missing)) {
+      std::string& bytes = files[entry.path().filename().string()] = ReadFileBytes(entry.path().string());
+      bytes.erase(0, bytes.find_first_not_of('\0', kHeaderSize));  // one that heard nothing is padded
+    }
+    EXPECT_TRUE(files == model.files) << "set " << set;
+  }
 
   std::mt19937 random_;
 };
-
-void WeekTest::RunWeek(uint32_t set) {
-  random_.seed(set);
-  now = kMonday - seconds(2);
-  Model model;
-  model.isUtc = set % 2 == 1;
-  for (uint32_t left = 1 + Below(6); left > 0; --left) model.tasks.push_back(RandomTask());
-  const std::string file(reinterpret_cast<const char*>(model.tasks.data()), model.tasks.size() * sizeof(Task));
-  const std::string fileName = documents_.DataFolder() + "\\tasks.mxt";
-  ASSERT_TRUE(WriteFileBytes(fileName, file));
-  const std::string recordings = documents_.DataFolder() + "\\Recordings\\";
-  std::filesystem::remove_all(recordings);
-  ForgetSettings();
-  const HWND window = StartPlugin();
-  KillTimer(window, 1);
-  std::filesystem::remove(fileName);  // it is written again at the end
-  if (model.isUtc) Choose(window, "&UTC time");
-  for (seconds at{0}; at < days(7); at += seconds(300)) {
-    for (const seconds offset : {seconds(-1), seconds(0), seconds(1), seconds(2 + Below(297))}) {
-      now = kMonday + at + offset;
-      if (Below(100) == 0) host_.Notify(7, 0x800), model.Stop();
-      SendMessageA(window, WM_TIMER, Below(8) == 0 ? 2 : 1, 0);
-      if (model.instance == 0 && !host_.Calls().empty()) model.instance = host_.Calls().front().instance;
-      model.Tick();
-      ASSERT_EQ(host_.Calls(), model.calls) << "set " << set << ", second " << (now - kMonday).count();
-      ASSERT_EQ(TextOf(window) != "Marlux 3", model.running != nullptr) << TextOf(window);
-      ASSERT_TRUE(model.calls.size() != 5 || std::filesystem::exists(recordings + model.newest)) << model.newest;
-      if (set < 5 && Below(200) == 0) Hear(model);
-      host_.Clear(), model.calls.clear();
-    }
-  }
-  host_.Close(7);
-  EXPECT_EQ(ReadFileBytes(fileName), file);
-  std::map<std::string, std::string> files;
-  std::error_code missing;  // when no task was due
-  for (const auto& entry : std::filesystem::directory_iterator(recordings, missing)) {
-    std::string& bytes = files[entry.path().filename().string()] = ReadFileBytes(entry.path().string());
-    bytes.erase(0, bytes.find_first_not_of('\0', kHeaderSize));  // one that heard nothing is padded
-  }
-  EXPECT_TRUE(files == model.files) << "set " << set;
-}
 
 }  // namespace
 

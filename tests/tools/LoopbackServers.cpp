@@ -10,9 +10,8 @@ namespace {
 
 uint32_t Setting(const char* name, uint32_t otherwise) noexcept {
   char text[16] = "";
-  const DWORD length = GetEnvironmentVariableA(name, text, sizeof text);
-  if (length == 0 || length >= sizeof text) return otherwise;
-  return static_cast<uint32_t>(std::strtoul(text, nullptr, 10));
+  GetEnvironmentVariableA(name, text, sizeof text);
+  return text[0] ? std::strtoul(text, nullptr, 10) : otherwise;
 }
 
 }  // namespace

@@ -3,10 +3,10 @@
 // system swallows faults in some of its callbacks.
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <initializer_list>
 
 namespace {
 
@@ -23,25 +23,21 @@ void PrintPlace(const char* what, const void* address) {
 
 // Frames of code without frame pointers are left out, or end the list.
 void PrintCallers(const CONTEXT& context) {
-  const uintptr_t* stackEnd = nullptr;
-  asm("movl %%fs:4, %0" : "=r"(stackEnd));  // NT_TIB::StackBase
-  const auto* frame = reinterpret_cast<const uintptr_t*>(context.Ebp);
+  const void* end = nullptr;
+  asm("movl %%fs:4, %0" : "=r"(end));  // NT_TIB::StackBase
   const auto* below = reinterpret_cast<const uintptr_t*>(context.Esp);
-  for (int i = 0; i < 16 && frame >= below && frame + 1 < stackEnd; ++i) {
+  const auto* frame = reinterpret_cast<const uintptr_t*>(context.Ebp);
+  for (; frame >= below && frame + 1 < end; frame = reinterpret_cast<const uintptr_t*>(*frame)) {
     PrintPlace("  from", reinterpret_cast<const void*>(frame[1]));
-    below = frame + 2;
-    frame = reinterpret_cast<const uintptr_t*>(frame[0]);
+    below = frame + 1;
   }
 }
 
 LONG WINAPI Report(EXCEPTION_POINTERS* what) {
   const EXCEPTION_RECORD& record = *what->ExceptionRecord;
-  bool isFault = false;
-  for (const DWORD code : {EXCEPTION_ACCESS_VIOLATION, EXCEPTION_ILLEGAL_INSTRUCTION, EXCEPTION_STACK_OVERFLOW,
-                           EXCEPTION_INT_DIVIDE_BY_ZERO, EXCEPTION_PRIV_INSTRUCTION, EXCEPTION_IN_PAGE_ERROR}) {
-    isFault = isFault || record.ExceptionCode == code;
-  }
-  if (!isFault) return EXCEPTION_CONTINUE_SEARCH;
+  constexpr DWORD kFaults[] = {EXCEPTION_ACCESS_VIOLATION,   EXCEPTION_ILLEGAL_INSTRUCTION, EXCEPTION_STACK_OVERFLOW,
+                               EXCEPTION_INT_DIVIDE_BY_ZERO, EXCEPTION_PRIV_INSTRUCTION,    EXCEPTION_IN_PAGE_ERROR};
+  if (std::ranges::count(kFaults, record.ExceptionCode) == 0) return EXCEPTION_CONTINUE_SEARCH;
   std::fprintf(stderr, "crash 0x%lx", record.ExceptionCode);
   if (record.NumberParameters > 1) std::fprintf(stderr, " touching 0x%lx", record.ExceptionInformation[1]);
   PrintPlace(" at", record.ExceptionAddress);

@@ -4,7 +4,6 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -22,14 +21,10 @@ char* Block(size_t size) {
 }
 
 int Fault(std::string_view name) {
-  static const int kTable[4] = {};
   if (name == "overflow") return Unknown(INT_MAX) + Unknown(1);
-  if (name == "shift") return 1 << Unknown(32);
-  if (name == "index") return kTable[Unknown(4)];
   if (name == "float-cast") return static_cast<int>(Unknown(3e9));
   if (name == "range") return std::vector<int>(4)[Unknown(4U)];
   if (name == "read-behind") return Unknown(Block(13)[13]);
-  if (name == "write-behind") Block(4096)[4096] = 1;
   if (name == "pages") {
     const auto* pages = Unknown(static_cast<char*>(VirtualAlloc(nullptr, 512, MEM_COMMIT, PAGE_READWRITE)));
     return Unknown(pages[512]);
