@@ -20,7 +20,7 @@ MainRecorder::MainRecorder(TmyComponent& window, HostLink& link, StatusBar& stat
 
 // A running recording is not disturbed. One that the user has stopped by hand gives its task up here.
 void MainRecorder::TuneStation(const TuneTarget& target) {
-  if (!target.HasFrequency() || session_.IsRecording()) return;
+  if (!target.HasFrequency() || session_.IsRecording() || session_.IsTuning()) return;
   if (session_.CurrentTask()) session_.Stop();
   if (IsAlive()) Tune(target.frequencyHz, target.mode);
 }
@@ -31,15 +31,9 @@ void MainRecorder::RecordStation(const TuneTarget& target) {
   session_.Start(RecordingSession::kFromGrid, target.frequencyHz, target.mode, nullptr);
 }
 
-void MainRecorder::FrequencyChanged() {
-  if (!session_.IsRecording()) return;
+void MainRecorder::StopMedia() {
   feed_.EndRecording();
-  session_.FrequencyChanged();
-}
-
-void MainRecorder::Stop() {
-  feed_.EndRecording();
-  session_.Stop();
+  media_.StopRecording();
 }
 
 void MainRecorder::End() {

@@ -23,8 +23,8 @@ class MainRecorder final : private RecordingOwner {
   void TuneStation(const TuneTarget& target);
   void RecordStation(const TuneTarget& target);
   void Audio(uint32_t kind, const void* block) { feed_.Feed(kind, block); }
-  void FrequencyChanged();  // told by the host
-  void Stop();              // ends what is recorded, a session of ours or not; the file is whole afterwards
+  void FrequencyChanged() { session_.FrequencyChanged(); }  // told by the host
+  void Stop() { session_.Stop(); }  // ends what is recorded, a session of ours or not; the file is whole afterwards
   // The window goes: files are whole afterwards. The host, which does not find the window any more, is told that
   // nothing plays now if something did, and nothing else.
   void End();
@@ -39,6 +39,7 @@ class MainRecorder final : private RecordingOwner {
  private:
   bool Tune(uint32_t frequencyHz, uint32_t mode) override;
   int64_t CurrentFrequency() override { return link_.CurrentFrequency(); }
+  void StopMedia() override;
   void SetCaption(const TmyString& caption) override { window_.SetCaption(caption); }
   bool IsUtc() const override { return utc_; }
   TmyMediaPlayer& Media() override { return media_; }

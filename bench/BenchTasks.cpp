@@ -18,6 +18,7 @@ class NoOwner final : public RecordingOwner {
  public:
   bool Tune(uint32_t, uint32_t) override { return false; }
   int64_t CurrentFrequency() override { return 0; }
+  void StopMedia() override {}
   void SetCaption(const TmyString&) override {}
   bool IsUtc() const override { return true; }
   TmyMediaPlayer& Media() override { std::abort(); }

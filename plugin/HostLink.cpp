@@ -38,7 +38,9 @@ bool HostLink::Tune(uint32_t frequencyHz, uint32_t mode) noexcept {
                                                  {HostCode::kTuneFourth, HostCode::kTuneFourthValue}};
   bool gone = false;
   bool* const outer = std::exchange(gone_, &gone);
+  const uint32_t tuning = ++tunings_;
   for (const auto& [code, a] : steps) {
+    if (tuning != tunings_) break;  // the host let something else tune inside, to which the rest does not belong
     Call(code, a);
     if (!gone) continue;
     if (outer) *outer = true;

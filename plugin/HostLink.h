@@ -85,5 +85,6 @@ class HostLink {
 
   HostCallback callback_ = nullptr;
   uint32_t instance_ = 0;
+  uint32_t tunings_ = 0;  // tells one from another that the host begins inside it
   bool* gone_ = nullptr;  // a flag on the stack of the running Tune, set when the link disconnects meanwhile
 };

@@ -5,6 +5,8 @@
 
 #include "foundation/Clock.h"
 #include "foundation/FrequencyText.h"
+#include "foundation/LostTexts.h"
+#include "foundation/ScopedFlag.h"
 #include "plugin/DataFolders.h"
 #include "plugin/HostLink.h"
 
@@ -27,11 +29,13 @@ TmyString PathOf(const char* prefix, const std::string& frequency, bool utc) {
 // The session begins only after the tuning: what the host says about its frequency inside is about the one before. It
 // begins before the recording: what the host does when it is told of that, retune or stop, ends the session as always.
 bool RecordingSession::Start(const char* prefix, uint64_t frequencyHz, uint32_t mode, TmxTask* task) {
+  if (isTuning_) return false;
   if (!task && task_) Stop();
   if (!owner_.IsAlive()) return false;
+  const uint32_t lost = LostTexts();
   const TmyString path = PathOf(prefix, std::to_string(frequencyHz), owner_.IsUtc());
   const TmyString caption = TmyString(kProductCaption) + " recording " + FormatUnsignedKhz(frequencyHz);
-  if (!owner_.Tune(static_cast<uint32_t>(frequencyHz), mode)) return false;
+  if (LostTexts() != lost || !Tune(static_cast<uint32_t>(frequencyHz), mode)) return false;
   isRecording_ = true;
   task_ = task;
   const uint32_t start = ++starts_;
@@ -47,11 +51,16 @@ bool RecordingSession::Start(const char* prefix, uint64_t frequencyHz, uint32_t 
   return true;
 }
 
+bool RecordingSession::Tune(uint32_t frequencyHz, uint32_t mode) {
+  const ScopedFlag tuning(isTuning_);
+  return owner_.Tune(frequencyHz, mode);
+}
+
 void RecordingSession::Stop() {
   isRecording_ = false;
   task_ = nullptr;
   owner_.SetCaption(kProductCaption);
-  owner_.Media().StopRecording();  // last: the host is told inside
+  owner_.StopMedia();  // last: the host is told inside
 }
 
 void RecordingSession::FrequencyChanged() {

@@ -21,7 +21,7 @@ class RecordingSession {
   explicit RecordingSession(RecordingOwner& owner) noexcept : owner_(owner) {}
 
   // The prefix begins the file's name. `task` is null for a recording from the grid, before which the one of a task
-  // ends. The host runs inside: false when it closed the plug-in there.
+  // ends. The host runs inside: false when it closed the plug-in there, while another start tunes, and without memory.
   bool Start(const char* prefix, uint64_t frequencyHz, uint32_t mode, TmxTask* task);
   void Stop();              // finishes the file of whatever the panel records; the task itself stays as it is
   void FrequencyChanged();  // told by the host
@@ -30,12 +30,17 @@ class RecordingSession {
   [[nodiscard]] RecordingParameters ButtonParameters();
 
   [[nodiscard]] bool IsRecording() const noexcept { return isRecording_; }
+  // The receiver is being tuned for a recording: whoever tunes it now would have that one record something else.
+  [[nodiscard]] bool IsTuning() const noexcept { return isTuning_; }
   // May still be set when the user has stopped the recording by hand: then it is not started again.
   [[nodiscard]] TmxTask* CurrentTask() const noexcept { return task_; }
 
  private:
+  bool Tune(uint32_t frequencyHz, uint32_t mode);
+
   RecordingOwner& owner_;
   TmxTask* task_ = nullptr;  // the task list's; only compared with its entries, it may have been deleted
   bool isRecording_ = false;
+  bool isTuning_ = false;
   uint32_t starts_ = 0;  // tells a start from one that the host begins inside it
 };

@@ -1,6 +1,7 @@
 #include "scheduler/SchedulerEngine.h"
 
 #include "foundation/Clock.h"
+#include "foundation/ScopedFlag.h"
 #include "scheduler/TaskTime.h"
 
 // What was started is looked at once more: the host may have deleted or changed the task inside. A running task that is
@@ -18,11 +19,8 @@ bool SchedulerEngine::StartFirstDue(const TaskMoment& now) {
   for (uint32_t i = 0; i < tasks_.Count(); ++i) {
     TmxTask* const task = tasks_.Get(i);
     if (!IsDue(*task, now)) continue;
-    isStarting_ = true;
-    const bool started =
-        session_.Start(RecordingSession::kTask, task->frequency, static_cast<uint32_t>(task->mode), task);
-    isStarting_ = false;
-    return started;
+    const ScopedFlag starting(isStarting_);
+    return session_.Start(RecordingSession::kTask, task->frequency, static_cast<uint32_t>(task->mode), task);
   }
   return false;
 }

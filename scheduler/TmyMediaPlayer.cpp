@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "foundation/ScopedFlag.h"
 #include "plugin/DataFolders.h"
 #include "scheduler/TmyWaveFilePCM.h"
 #include "scheduler/TransportGlyphs.h"
@@ -254,10 +255,7 @@ void TmyMediaPlayer::Record() {
 
 TmyString TmyMediaPlayer::ChooseFile() {
   const ModulePin pin;  // the dialog runs a loop of its own
-  const struct Choosing {
-    bool& flag;
-    ~Choosing() { flag = false; }
-  } choosing{choosing_ = true};
+  const ScopedFlag choosing(choosing_);
   return AskForWavFile(TopLevel()->Handle(), RecordingsFolder());
 }
 

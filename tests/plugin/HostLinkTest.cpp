@@ -39,6 +39,12 @@ TEST_F(HostLinkTest, AfterTheFarewellNothingReachesTheHost) {
   EXPECT_THAT(codes, testing::ElementsAre(0x1509, 0x4000));
 }
 
+TEST_F(HostLinkTest, ANestedTuneHasTheLastWord) {
+  inside = [this] { EXPECT_TRUE(codes.size() != 1 || link_->Tune(2, 1)); };
+  EXPECT_TRUE(link_->Tune(1, 1));
+  EXPECT_EQ(codes.size(), 5u);
+}
+
 TEST_F(HostLinkTest, TheOuterTuneNoticesAnEndInsideANestedOne) {
   inside = [this] {
     const size_t count = codes.size();

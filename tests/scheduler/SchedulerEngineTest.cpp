@@ -18,6 +18,7 @@ class Owner : public TmyComponent, public RecordingOwner {
     return IsAlive();
   }
   int64_t CurrentFrequency() override { return 0; }
+  void StopMedia() override { media_->StopRecording(); }
   void SetCaption(const TmyString& caption) override { TmyComponent::SetCaption(caption); }
   bool IsUtc() const override { return true; }
   TmyMediaPlayer& Media() override { return *media_; }
@@ -81,8 +82,13 @@ TEST_F(SchedulerEngineTest, OverridesTheGrid) {
 }
 
 TEST_F(SchedulerEngineTest, SurvivesWhatTheHostDoesInside) {
-  owner_->duringTune = [this] { engine_.Tick(), tasks_.Delete(0); };  // a timer in its loop, then the user
+  owner_->duringTune = [] { throw std::bad_alloc(); };
+  EXPECT_THROW(engine_.Tick(), std::bad_alloc);
+  owner_->duringTune = [this] {  // a timer in its loop, then the user
+    engine_.Tick(), tasks_.Delete(0);
+    EXPECT_FALSE(session_.Start(RecordingSession::kFromGrid, 9, 1, nullptr));
+  };
   EXPECT_EQ(Tick(), 0u);
   EXPECT_EQ(Tick(), 2u);
-  EXPECT_THAT(owner_->tuned, ElementsAre(1, 2));
+  EXPECT_THAT(owner_->tuned, ElementsAre(1, 1, 2));
 }
