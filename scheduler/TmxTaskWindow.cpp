@@ -123,7 +123,8 @@ bool TmxTaskWindow::Edit(TmxTask& task) {
 }
 
 void TmxTaskWindow::Fill(const TmxTask& task) {
-  offset_ = owner_.IsUtc() ? 0 : Clock::LocalOffsetSeconds();
+  isUtc_ = owner_.IsUtc();
+  offset_ = isUtc_ ? 0 : Clock::LocalOffsetSeconds();
   enabled_.SetChecked(task.enabled != 0);
   from_->SetValue(TimeOfDate(task.from).value_or(kBeyondAnyDate));
   to_->SetValue(TimeOfDate(task.to).value_or(kBeyondAnyDate));
@@ -132,7 +133,6 @@ void TmxTaskWindow::Fill(const TmxTask& task) {
   constexpr uint64_t kMost = std::numeric_limits<int64_t>::max();
   frequency_->SetValue(static_cast<int64_t>(std::min(task.frequency, kMost)));
   SelectMode(task.mode);
-  shown_ = {start_->Value(), stop_->Value(), frequency_->Value(), mode_->Selection()};
   for (uint32_t day = 0; day < days_.size(); ++day) days_[day].SetChecked((task.days & 1U << day) != 0);
 }
 
@@ -148,18 +148,22 @@ TmxTask TmxTaskWindow::Entered() const {
   task.enabled = enabled_.IsChecked() ? 1 : 0;
   task.from = DateIn(*from_, task.from);
   task.to = DateIn(*to_, task.to);
-  if (start_->Value() != shown_.start) task.start = UtcOfLocal(static_cast<uint32_t>(start_->Value()), offset_);
-  if (stop_->Value() != shown_.stop) task.stop = UtcOfLocal(static_cast<uint32_t>(stop_->Value()), offset_);
-  if (frequency_->Value() != shown_.frequency) task.frequency = static_cast<uint64_t>(frequency_->Value());
+  task.start = TimeIn(*start_, task.start);
+  task.stop = TimeIn(*stop_, task.stop);
+  task.frequency = static_cast<uint64_t>(frequency_->Value());
   const auto mode = static_cast<int32_t>(mode_->ItemData(mode_->Selection()));
-  if (mode_->Selection() < 0 || mode == -1) {
-    task.mode = 0;  // nothing to choose from
-  } else if (mode_->Selection() != shown_.mode) {
-    task.mode = mode;
-  }
+  task.mode = mode_->Selection() < 0 || mode == -1 ? 0 : mode;  // 0: nothing to choose from
   task.days = 0;
   for (uint32_t day = 0; day < days_.size(); ++day) task.days |= days_[day].IsChecked() ? 1U << day : 0;
   return task;
+}
+
+// A new task's stop time may be beyond the day. In UTC it stays so until another one is entered; in local time it
+// becomes the time of day that is shown.
+uint32_t TmxTaskWindow::TimeIn(const TmyTimeEdit& field, uint32_t before) const {
+  const auto shown = static_cast<uint32_t>(field.Value());
+  if (!isUtc_) return UtcOfLocal(shown, offset_);
+  return shown == LocalOfUtc(before, 0) ? before : shown;
 }
 
 // One width for the whole column.

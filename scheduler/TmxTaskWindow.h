@@ -3,9 +3,9 @@
 //   auto* editor = new TmxTaskWindow(owner, *this);   // belongs to its window, which the scheduler window owns
 //   const bool confirmed = editor->Edit(task);
 //
-// A field that the user left alone leaves its part of the task as it is, also where it cannot show it: a mode that the
-// host does not have, a frequency beyond its range, a time beyond the day. It checks nothing: an empty day mask, dates
-// in the wrong order and equal times are stored as they were entered.
+// What the fields show is what a confirmed task becomes: of a mode that the host does not have the first one that it
+// has, of a frequency beyond its range the range's end. It checks nothing: an empty day mask, dates in the wrong order
+// and equal times are stored as they were entered.
 #pragma once
 
 #include <array>
@@ -44,6 +44,7 @@ class TmxTaskWindow : public TmyComponent {
   void AddModes();
   void Fill(const TmxTask& task);
   [[nodiscard]] TmxTask Entered() const;
+  [[nodiscard]] uint32_t TimeIn(const TmyTimeEdit& field, uint32_t before) const;
   void SelectMode(int32_t mode);
   [[nodiscard]] int ModeWidth() const;
   [[nodiscard]] int DaysWidth() const;
@@ -68,12 +69,9 @@ class TmxTaskWindow : public TmyComponent {
   std::array<Tmy_CheckBox, 7> days_;  // box i stands for bit i of the mask, from Sunday on
   Tmy_Btn ok_;
   Tmy_Btn cancel_;
-  struct {
-    int64_t start, stop, frequency;
-    int32_t mode;      // its place in the list
-  } shown_ = {};       // at first
   TmxTask task_ = {};  // as it was, and as it was confirmed
   bool isConfirmed_ = false;
+  bool isUtc_ = false;
   int32_t offset_ = 0;    // seconds to add to UTC for the times shown: the zone may change while they are
   int fittedHeight_ = 0;  // of the theme's text when the dialog was sized
 };

@@ -53,25 +53,34 @@ TEST_F(TmxTaskWindowTest, StoresWhatWasEntered) {
   }
 }
 
-TEST_F(TmxTaskWindowTest, WhatIsLeftAloneStays) {
-  std::vector<uint32_t> hosts[] = {HostBlockOfReceiver(), HostBlockOfReceiver(), HostBlockOfReceiver()};
-  std::swap(hosts[1][392 / 4], hosts[1][396 / 4]);  // the range
-  hosts[2][392 / 4] = hosts[2][396 / 4];
+// Also what it could not: a mode that the host has not, a frequency beyond its range, times beyond the day.
+TEST_F(TmxTaskWindowTest, StoresWhatItShows) {
   constexpr TaskDate kNoDate = {0x12345678, 0xFFFFFFFF};
-  const TmxTask odd[] = {{6005000, 9, 1, kNoDate, {1, 0}, 1800, 1800, 0, 1},
-                         {10'000'000'000, 20, 1, kNoDate, {1, 0}, 90000, 86400 + 1800, 0, 1},
-                         {UINT64_MAX, -5, 1, kNoDate, {1, 0}, UINT32_MAX, 1U << 31, 0, 1}};
-  for (const std::vector<uint32_t>& host : hosts) {
-    host_ = HostInfo::Copy(host.data());
-    for (const TmxTask& task : odd) {
-      utc_ = !utc_;
-      EXPECT_EQ(Edited(task, [](TmyComponent&) {}), task);
-    }
-    const uint64_t typed = &host == hosts ? 30000000 : 99999000;
-    EXPECT_EQ(Edited(odd[0], [](TmyComponent& dialog) { Retype(Field(dialog, 4), "99999"); }).frequency, typed);
-  }
+  const TmxTask odd = {10'000'000'000, 20, 1, kNoDate, {1, 0}, 90000, 86400 + 1800, 0, 1};
+  TmxTask shown = {30000000, 1, 1, kNoDate, {1, 0}, 90000, 86400 + 1800, 0, 1};
+  EXPECT_EQ(Edited(odd, [](TmyComponent&) {}), shown);
+  utc_ = false;
+  shown.start = 3600, shown.stop = 1800;
+  EXPECT_EQ(Edited(odd, [](TmyComponent&) {}), shown);
+  std::vector<uint32_t> host = HostBlockOfReceiver();
+  std::swap(host[392 / 4], host[396 / 4]);  // its range is none
+  host_ = HostInfo::Copy(host.data());
+  EXPECT_EQ(Edited(odd, [](TmyComponent&) {}).frequency, odd.frequency);
   host_ = HostInfo();
-  EXPECT_EQ(Edited(odd[0], [](TmyComponent&) {}).mode, 0);
+  EXPECT_EQ(Edited(odd, [](TmyComponent&) {}).mode, 0);
+}
+
+TEST_F(TmxTaskWindowTest, IsConfirmedOnceMoreWhenMemoryWasShort) {
+  const TmxTask task = {6005000, 1, 0, {}, {1, 0}, 0, 0, 0, 1};
+  EXPECT_EQ(Edited(task,
+                   [](TmyComponent& dialog) {
+                     EXPECT_TRUE(TmyString::WithRoom(0x7FFFFFF0).IsEmpty());
+                     SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0);
+                     EXPECT_TRUE(dialog.IsVisible());
+                     Retype(Field(dialog, 4), "7325");
+                   })
+                .frequency,
+            7325000u);
 }
 
 }  // namespace
