@@ -46,19 +46,33 @@ SIZE FrameSize() {
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-// The main window waits, too: a dialog opened from its menu would run inside ours and keep ours from ending.
+// Whether a dialog of the system's, one for files, say, is open on the window.
+bool HasSystemDialog(HWND owner) {
+  constexpr char kDialogClass[] = "#32770";
+  for (HWND dialog = nullptr; (dialog = FindWindowExA(nullptr, dialog, kDialogClass, nullptr)) != nullptr;) {
+    if (IsWindowVisible(dialog) && GetWindow(dialog, GW_OWNER) == owner) return true;
+  }
+  return false;
+}
+
+// The main window waits, too: a dialog opened from its menu would run inside ours and keep ours from ending. One of the
+// system's that was open before may be answered meanwhile, and then is not there any more to enable it.
 class DisabledWindow {
  public:
   explicit DisabledWindow(const TmyComponent& window)
-      : handle_(window.Handle()), wasDisabled_(EnableWindow(handle_, FALSE) != FALSE) {}
+      : handle_(window.Handle()),
+        hadSystemDialog_(HasSystemDialog(handle_)),
+        wasDisabled_(EnableWindow(handle_, FALSE) != FALSE) {}
   DisabledWindow(const DisabledWindow&) = delete;
   DisabledWindow& operator=(const DisabledWindow&) = delete;
   ~DisabledWindow() {  // by handle: the object may be gone
-    if (IsWindow(handle_)) EnableWindow(handle_, !wasDisabled_);
+    const bool staysDisabled = wasDisabled_ && (!hadSystemDialog_ || HasSystemDialog(handle_));
+    if (IsWindow(handle_)) EnableWindow(handle_, !staysDisabled);
   }
 
  private:
   HWND handle_;
+  bool hadSystemDialog_;
   bool wasDisabled_;
 };
 
