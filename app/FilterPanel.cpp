@@ -77,6 +77,7 @@ void FilterPanel::BindEvents() {
   for (const auto& text : texts_) {
     text->box.clicked.Bind<&FilterPanel::BoxClicked>(this);
     text->list->changed.Bind<&FilterPanel::TextChosen>(this);
+    text->list->chosenAgain.Bind<&FilterPanel::TextChosen>(this);
   }
 }
 

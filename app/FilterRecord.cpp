@@ -20,7 +20,8 @@ void SetFrequencies(FilterRecord& record, const FilterChoices& choices) noexcept
 // A range that is in order where it was entered may wrap in UTC. One that was entered the wrong way round is taken as
 // it comes.
 void SetLocalRange(FilterRecord& record, const FilterChoices& choices) noexcept {
-  if (choices.to - choices.from >= kSecondsOfDay) {  // the whole day is the whole day everywhere
+  // The whole day, up to the last second that can be entered, is the whole day everywhere.
+  if (choices.to - choices.from >= kSecondsOfDay - 1) {
     record.to = kSecondsOfDay;
     return;
   }

@@ -11,6 +11,7 @@
 #include "app/WaitCursor.h"
 #include "download/TmxDownloadWindow.h"
 #include "foundation/Clock.h"
+#include "foundation/ScopedFlag.h"
 #include "foundation/SystemErrorText.h"
 #include "foundation/Trace.h"
 #include "plugin/DataFolders.h"
@@ -255,7 +256,8 @@ void TmxWindow::Timer(uintptr_t id) {
   if (!IsAlive()) return;
   desk_.Ticked();
   if (id == kTickTimer) {
-    if (panel_->FollowsClock() && !IsClicking()) Refresh(true);
+    // Rows that are to be exported stay as they are marked.
+    if (panel_->FollowsClock() && !IsClicking() && !isExporting_) Refresh(true);
   } else if (id == kAutoTuningTimer) {
     KillTimer(Handle(), kAutoTuningTimer);
     if (panel_->IsAutoTuning()) TuneTo(Shown().Control().CurrentRow());
@@ -394,6 +396,7 @@ void TmxWindow::ShowDetails(TmyMenuItem&) {
 
 void TmxWindow::ExportCsv(TmyMenuItem&) {
   const ModulePin pin;  // the dialog runs a loop of its own
+  const ScopedFlag exporting(isExporting_);
   const TmyString path = AskForCsvFile(Handle(), exportFolder_);
   if (!IsAlive() || path.IsEmpty()) return;
   if (const TmyString folder = path.FilePath(); !folder.IsEmpty()) exportFolder_ = folder;

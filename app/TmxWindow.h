@@ -117,6 +117,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   bool hasClick_ = false;
   bool utc_ = false;      // times are shown in UTC
   bool isReady_ = false;  // all children exist
+  bool isExporting_ = false;
   bool isDatabaseQuestionAsked_ = false;
   bool isDownloading_ = false;  // the download window is open
 };

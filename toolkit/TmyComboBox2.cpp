@@ -110,7 +110,8 @@ void TmyComboBox2::TakeChoice() {
 
 void TmyComboBox2::Choose(int32_t index) {
   Close();
-  if (index < 0 || index == selection_) return;
+  if (index < 0) return;
+  if (index == selection_) return chosenAgain(*this);
   SetSelection(index);
   changed(*this);
 }

@@ -19,7 +19,8 @@ class TmyComboBox2 : public TmyDropPanel {
   explicit TmyComboBox2(TmyComponent& parent, DWORD style = WS_TABSTOP);
   ~TmyComboBox2() override;
 
-  TmyEvent<TmyComboBox2&> changed;  // the user chose another item; not raised by SetSelection, Clear or Add
+  TmyEvent<TmyComboBox2&> changed;      // the user chose another item; not raised by SetSelection, Clear or Add
+  TmyEvent<TmyComboBox2&> chosenAgain;  // the user took the item from the list that was selected before
 
   void Clear();  // also closes the list
   void Add(const TmyString& text, uintptr_t data = 0);
@@ -50,7 +51,7 @@ class TmyComboBox2 : public TmyDropPanel {
 
  private:
   [[nodiscard]] TmyDropDown* OpenDrop() const noexcept;
-  void Choose(int32_t index);  // closes and raises `changed`: nothing of ours after it
+  void Choose(int32_t index);  // closes and raises an event: nothing of ours after it
   void ItemsChanged();
   [[nodiscard]] int TextWidth();
   [[nodiscard]] bool HasKeyboard() const { return IsAlive() && ::GetFocus() == Handle(); }
