@@ -6,6 +6,7 @@
 #include "foundation/FolderFiles.h"
 #include "foundation/LostTexts.h"
 #include "foundation/SwapFile.h"
+#include "foundation/TmyStringList.h"
 #include "schedule/EibiReader.h"
 
 namespace {
@@ -25,6 +26,13 @@ TmyString InPath(const TmyString& folder, const TmyString& name) {
 
 TmyString CountOf(uint32_t part, uint32_t whole) {
   return TmyString::FromDecimal(part) + "/" + TmyString::FromDecimal(whole);
+}
+
+// Whether there is something in the file that cannot be read now, while another program has it, say.
+bool IsHeld(const TmyString& file) {
+  WIN32_FILE_ATTRIBUTE_DATA about = {};
+  if (!GetFileAttributesExA(file.Chars(), GetFileExInfoStandard, &about)) return false;
+  return (about.nFileSizeLow != 0 || about.nFileSizeHigh != 0) && !TmyStringList().LoadFromFile(file);
 }
 
 // Written aside: a copy that breaks off must not take the place of the one that was kept before.
@@ -180,8 +188,9 @@ bool DownloadRun::Save(const TmyString& name, const DownloadedDocument& document
 // A page without one broadcast is an error page, most likely: it replaces the schedule, which stays beside it.
 bool DownloadRun::KeepFormerEibi(const DownloadedDocument& document) const {
   if (HoldsEibiBroadcast({reinterpret_cast<const char*>(document.body), document.length})) return true;
-  if (LoadEibi(folder_)->Count() == 0) return true;  // nothing to keep, or such a page, too
-  return Copy(InPath(folder_, kEibiFile), InPath(folder_, "eibi.bak"));
+  const TmyString former = InPath(folder_, kEibiFile);
+  if (LoadEibi(folder_)->Count() == 0 && !IsHeld(former)) return true;  // nothing to keep, or such a page, too
+  return Copy(former, InPath(folder_, "eibi.bak"));
 }
 
 void DownloadRun::ShowSummary() {

@@ -32,6 +32,7 @@ void CsvExport::Open() {
       CreateFileA(aside_.Chars(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (opened == INVALID_HANDLE_VALUE) {
     error_ = GetLastError();
+    DeleteFileA(aside_.Chars());
   } else {
     file_ = opened;
   }
