@@ -115,10 +115,8 @@ TmyComponent::Outcome TmyComponent::MouseMessage(UINT message, WPARAM wParam, LP
       break;
     }
     case WM_MOUSEWHEEL: {
-      // Fine wheels turn by less than a notch at a time: what is left over counts at the next turn.
-      const int delta = wheelRemainder_ + GET_WHEEL_DELTA_WPARAM(wParam);
-      wheelRemainder_ = delta % WHEEL_DELTA;
-      MouseWheel(MAKEWPARAM(LOWORD(wParam), static_cast<WORD>(delta / WHEEL_DELTA)), this);
+      const int notches = wheel_.Notches(GET_WHEEL_DELTA_WPARAM(wParam));
+      MouseWheel(MAKEWPARAM(LOWORD(wParam), static_cast<WORD>(notches)), this);
       return {true, 0};
     }
     default:

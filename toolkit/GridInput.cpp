@@ -227,7 +227,6 @@ bool TmyStringGrid::ActOnCurrent(uint32_t key) {
 
 bool TmyStringGrid::KeyDown(uint32_t key, LPARAM flags) {
   if ((flags & kAltHeld) != 0) return TmyComponent::KeyDown(key, flags);
-  if (key == VK_ESCAPE && CancelDrag()) return true;
   if (key == VK_LEFT || key == VK_RIGHT) {
     const int64_t step = int64_t{GridGeometry::kMinWidth} * 3;
     horizontal_->ScrollBy(key == VK_LEFT ? -step : step);
@@ -250,9 +249,11 @@ LRESULT TmyStringGrid::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_MOUSELEAVE) SetHotTitle(GridGeometry::kNoColumn);
   // Somebody took the mouse while the button is held. (Our own release comes with the button up.)
   if (message == WM_CAPTURECHANGED && IsDown(VK_LBUTTON)) CancelDrag();
+  // The dispatcher would also send it to the window, which it closes.
+  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && CancelDrag()) return 0;
   if (message == WM_MOUSEHWHEEL && IsAlive()) {
     // Here positive notches turn to the right, which is away from the start.
-    horizontal_->ScrollByNotches(-(GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA));
+    horizontal_->ScrollByNotches(-sideways_.Notches(GET_WHEEL_DELTA_WPARAM(wParam)));
     return 0;
   }
   return TmyComponent::WndProc(message, wParam, lParam);

@@ -22,6 +22,7 @@ bool IsButtonDown() {
 void PassClickOn(UINT message, WPARAM keys, POINT screen) {
   const HWND target = WindowFromPoint(screen);
   if (!target || GetWindowThreadProcessId(target, nullptr) != GetCurrentThreadId()) return;
+  if (!IsWindowEnabled(GetAncestor(target, GA_ROOT))) return;  // a dialog makes it wait
   const LPARAM place = MAKELPARAM(screen.x, screen.y);
   const LRESULT part = SendMessageA(target, WM_NCHITTEST, 0, place);
   if (!IsWindow(target)) return;

@@ -135,6 +135,7 @@ class TmyStringGrid : public TmyComponent {
   TmyScrollBar* vertical_ = nullptr;    // both belong to their windows; they hold the scroll positions, in records
   TmyScrollBar* horizontal_ = nullptr;  // and in pixels
 
+  WheelTurn sideways_;
   GridGeometry::Hit press_;  // where the left button went down last
   bool plainPress_ = false;  // without Shift and Ctrl
   bool dragging_ = false;    // the border of press_.column

@@ -85,9 +85,10 @@ LRESULT TmyWindowBase::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (!handle_) return 0;  // destroyed inside the hook or the handler before
   // A program that ends others tells it to all windows, hidden ones, too. A helper goes with its owner.
   if (message == WM_CLOSE && !AsComponent()) return 0;
-  // Menus, moving and sizing are loops of the system's, in which the host may unload the module, too.
+  // Menus, an edit's own one, too, moving and sizing are loops of the system's, in which the host may unload the
+  // module.
   std::optional<ModulePin> pin;
-  if (message == WM_SYSCOMMAND) pin.emplace();
+  if (message == WM_SYSCOMMAND || message == WM_CONTEXTMENU) pin.emplace();
   return CallWindowProcA(previous_, handle_, message, wParam, lParam);
 }
 
@@ -109,6 +110,7 @@ LRESULT CALLBACK TmyWindowBase::StaticWndProc(HWND handle, UINT message, WPARAM 
   auto* object = StoredObject(handle);
   if (message == WM_NCCREATE || message == WM_CREATE) {
     object = Attach(handle, *reinterpret_cast<const CREATESTRUCTA*>(lParam));
+    if (StoredObject(handle) != object) return message == WM_CREATE ? -1 : FALSE;  // it would never hear of its end
   }
   if (!object) return DefWindowProcA(handle, message, wParam, lParam);
   const Hold hold;
