@@ -88,9 +88,12 @@ class Faults : public PluginFixture {
     CallFaults::fileName = documents_.Path() + "\\list.csv";
     std::filesystem::create_directories(documents_.DataFolder() + "\\Recordings");
     EXPECT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\Recordings\\rec_old.wav", std::string(5000, 'r')));
-    EXPECT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\tasks.mxt", std::string(96, '\1')));
     EXPECT_TRUE(WriteFileBytes(CallFaults::fileName, "a list of before"));
     ModuleClock::utc = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
+    const uint64_t tomorrow = ModuleClock::Ticks(ModuleClock::utc + std::chrono::days(1));
+    const uint64_t task[] = {7325000, 1, tomorrow, tomorrow, 0, 1ULL << 32 | 0x7F};  // due all day
+    EXPECT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\tasks.mxt",
+                               std::string(reinterpret_cast<const char*>(task), sizeof task) + std::string(48, '\1')));
     std::filesystem::current_path(documents_.Path());  // a file whose name was lost in part is seen there
     Install();
   }
@@ -134,6 +137,14 @@ class Faults : public PluginFixture {
       host_.Notify(7, 0xE07, block.data(), 3);
     }
     PressFirstMediaButton(window);  // stops
+  }
+  // A task that was not missed at the start begins, at a later tick if need be.
+  void TaskIsDue(HWND window) {
+    const bool mustStart = CallFaults::Failed().empty() && !CallFaults::lasts;
+    ModuleClock::utc += std::chrono::days(1);
+    for (int i = 0; i < 9 && TunedFrequencies().empty(); ++i) SendMessageA(window, WM_TIMER, 1, 0);
+    EXPECT_TRUE(!mustStart || TunedFrequencies() == std::vector<uint32_t>{7325000}) << Places();
+    ModuleClock::utc -= std::chrono::days(1);
   }
   void Play(HWND window) {
     SetFocus(Grid(window));
@@ -304,6 +315,7 @@ TEST_F(Faults, OfEveryCallAreSurvived) {
   const std::pair<const char*, void (Faults::*)(HWND)> kScenarios[] = {{"start and close", &Faults::Nothing},
                                                                        {"look around", &Faults::LookAround},
                                                                        {"record", &Faults::Record},
+                                                                       {"task", &Faults::TaskIsDue},
                                                                        {"schedule", &Faults::Schedule},
                                                                        {"export", &Faults::Export},
                                                                        {"download", &Faults::Download},
