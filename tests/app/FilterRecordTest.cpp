@@ -26,7 +26,7 @@ TEST(FilterRecord, ConvertsTheTimesShown) {
       {false, -At(5), At(10), At(12), At(15), At(17), kPlain}, {false, At(2), At(1), At(3), At(23), At(1), kWraps},
       {false, -At(12), At(10), At(12), At(22), At(0), kWraps}, {false, At(2), At(2), At(4), At(0), At(2), kPlain},
       {false, At(2), At(0), At(24), At(0), At(24), kPlain},    {false, At(3), At(23), At(1), At(20), At(22), kPlain},
-      {false, At(1), At(12), At(11), At(11), At(10), kPlain}};
+      {false, At(1), At(12), At(11), At(11), At(10), kPlain},  {false, At(2), 0, At(24) - 1, At(0), At(24), kPlain}};
   for (const auto& [utc, offset, from, to, utcFrom, utcTo, flags] : kCases) {
     FilterChoices choices;
     choices.timeOn = true;
