@@ -127,7 +127,9 @@ key Tab F4
 shoot_screen 18-calendar
 key Escape Return
 tell 'waitfor "TuneFourth(0x902) a=5000"'
-xdotool search --onlyvisible --name "^Scheduler$" windowactivate --sync  # Wine leaves the focus to the window manager
+# Wine leaves the focus to the window manager, which on a busy machine may still be giving it to the main window.
+wait_for 'xdotool search --onlyvisible --name "^Scheduler$" windowactivate && sleep 0.3 &&
+  [ "$(xdotool getactivewindow getwindowname)" = Scheduler ]'
 shoot 19-scheduler
 key Delete
 shoot_screen 20-delete-task
