@@ -150,11 +150,11 @@ class Faults : public PluginFixture {
     ModuleClock::utc -= std::chrono::days(1);
   }
   void Play(HWND window) {
-    SetFocus(Grid(window));
-    for (const WPARAM key : {VK_TAB, VK_TAB, VK_SPACE}) KeyWhereTheFocusIs(key);  // opens a file
     Record(window);
     PressFirstMediaButton(window);
     PressFirstMediaButton(window);
+    SetFocus(Grid(window));
+    for (const WPARAM key : {VK_TAB, VK_TAB, VK_TAB, VK_SPACE}) KeyWhereTheFocusIs(key);  // opens a file
   }
   void Schedule(HWND window) {
     Choose(window, "&View scheduler");
