@@ -41,7 +41,9 @@ struct Lists {
     if (operation == 4) texts.Delete(i);
     if (operation == 4 && i < textModel.size()) textModel.erase(textModel.begin() + i);
     const int32_t found = texts.Find(ours);
-    if (found >= 0) REQUIRE(textModel[found].starts_with(text) || text.starts_with(textModel[found]));
+    if (found >= 0)
+      REQUIRE(textModel[static_cast<size_t>(found)].starts_with(text) ||
+              text.starts_with(textModel[static_cast<size_t>(found)]));
     if (found < 0) REQUIRE(std::find(textModel.begin(), textModel.end(), text) == textModel.end());
     REQUIRE(texts.Count() == textModel.size());
     for (uint32_t k = 0; k < texts.Count(); ++k) REQUIRE(texts.Get(k).View() == textModel[k]);
