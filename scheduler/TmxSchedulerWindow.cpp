@@ -46,31 +46,31 @@ SIZE FrameSize() {
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-// Whether a dialog of the system's, one for files, say, is open on the window.
-bool HasSystemDialog(HWND owner) {
-  constexpr char kDialogClass[] = "#32770";
-  for (HWND dialog = nullptr; (dialog = FindWindowExA(nullptr, dialog, kDialogClass, nullptr)) != nullptr;) {
-    if (IsWindowVisible(dialog) && GetWindow(dialog, GW_OWNER) == owner) return true;
-  }
-  return false;
-}
-
 // The main window waits, too: a dialog opened from its menu would run inside ours and keep ours from ending. One of the
 // system's that was open before may be answered meanwhile, and then is not there any more to enable it.
 class DisabledWindow {
  public:
   explicit DisabledWindow(const TmyComponent& window)
       : handle_(window.Handle()),
-        hadSystemDialog_(HasSystemDialog(handle_)),
+        hadSystemDialog_(HasSystemDialog()),
         wasDisabled_(EnableWindow(handle_, FALSE) != FALSE) {}
   DisabledWindow(const DisabledWindow&) = delete;
   DisabledWindow& operator=(const DisabledWindow&) = delete;
   ~DisabledWindow() {  // by handle: the object may be gone
-    const bool staysDisabled = wasDisabled_ && (!hadSystemDialog_ || HasSystemDialog(handle_));
+    const bool staysDisabled = wasDisabled_ && (!hadSystemDialog_ || HasSystemDialog());
     if (IsWindow(handle_)) EnableWindow(handle_, !staysDisabled);
   }
 
  private:
+  // One for files, say, on this window.
+  [[nodiscard]] bool HasSystemDialog() const {
+    constexpr char kDialogClass[] = "#32770";
+    for (HWND dialog = nullptr; (dialog = FindWindowExA(nullptr, dialog, kDialogClass, nullptr)) != nullptr;) {
+      if (IsWindowVisible(dialog) && GetWindow(dialog, GW_OWNER) == handle_) return true;
+    }
+    return false;
+  }
+
   HWND handle_;
   bool hadSystemDialog_;
   bool wasDisabled_;
