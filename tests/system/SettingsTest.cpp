@@ -14,7 +14,7 @@ struct Settings : PluginFixture {
     return {bytes, size};
   }
   static uint32_t Number(const char* name) { return *reinterpret_cast<const uint32_t*>(Stored(name).data()); }
-  static std::string Text(const char* name) { return Stored(name).data(); }
+  static std::string Text(const char* name) { return Stored(name).substr(0, Stored(name).find('\0')); }
   static std::vector<int32_t> Numbers(const char* name, size_t most = 22) {
     const std::string bytes = Stored(name);
     std::vector<int32_t> values(std::min(most, bytes.size() / 4));
