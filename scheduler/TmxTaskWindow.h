@@ -4,7 +4,8 @@
 //   const bool confirmed = editor->Edit(task);
 //
 // What the fields show is what a confirmed task becomes: of a mode that the host does not have the first one that it
-// has, of a frequency beyond its range the range's end. It checks nothing: an empty day mask, dates in the wrong order
+// has, of a frequency beyond its range the range's end. Only a time beyond the day, as new tasks may have it, stays so
+// while UTC is shown, until another one is entered. It checks nothing: an empty day mask, dates in the wrong order
 // and equal times are stored as they were entered.
 #pragma once
 
