@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "foundation/Clock.h"
 #include "foundation/Trace.h"
 
 namespace {
@@ -12,6 +13,7 @@ namespace {
 constexpr DWORD kOpenMs = 10000;
 // A sleeping drive needs less to spin up. It is the longest that a call keeps its thread.
 constexpr DWORD kTransferMs = 10000;
+constexpr uint32_t kRestMs = 60000;
 constexpr uint32_t kUsualSector = 4096;  // a multiple of all usual sizes, for volumes that do not tell theirs
 constexpr uint32_t kLargestBuffer = 64U << 20;
 
@@ -69,6 +71,10 @@ bool TmyFileDirect::ReadTail(uint32_t length) {
   return true;
 }
 
+bool TmyFileDirect::IsGivenUp() const noexcept {
+  return hangs_ && Clock::Ticks() - hungAt_ < kRestMs;
+}
+
 uint64_t TmyFileDirect::Size() const {
   return std::max(TmyFile::Size(), LogicalEnd());
 }
@@ -83,7 +89,7 @@ uint32_t TmyFileDirect::LargestPiece() const noexcept {
 
 bool TmyFileDirect::Write(const void* data, uint32_t length) {
   const auto* rest = static_cast<const uint8_t*>(data);
-  if (!IsOpen() || readOnly_ || hangs_) return false;
+  if (!IsOpen() || readOnly_ || IsGivenUp()) return false;
   while (length != 0) {
     const uint32_t piece = std::min(length, LargestPiece());
     if (!AppendPiece(rest, piece)) return false;
@@ -135,7 +141,7 @@ bool TmyFileDirect::BeginTransfer(uint64_t offset, const void* buffer, uint32_t 
   const bool aligned = IsAligned(offset, buffer, length);
   if (!aligned) Trace::Line("FileDirect transfer of %u bytes to %llu refused: not aligned", length, offset);
   assert(aligned && !transferring_);
-  if (!aligned || transferring_ || hangs_) return false;
+  if (!aligned || transferring_ || IsGivenUp()) return false;
   overlapped_ = {};
   overlapped_.Offset = static_cast<DWORD>(offset);
   overlapped_.OffsetHigh = static_cast<DWORD>(offset >> 32);
@@ -171,8 +177,9 @@ int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
   const BOOL done = GetOverlappedResult(Handle(), &overlapped_, &count, TRUE);
   transferring_ = false;
   const uint32_t staged = std::exchange(staged_, 0);
+  hangs_ = !done && late;
+  hungAt_ = Clock::Ticks();
   if (!done) {
-    hangs_ = hangs_ || late;
     if (!late) Trace::Line("FileDirect getOverlappedResult failed");
     return late ? -1 : -2;
   }

@@ -10,8 +10,8 @@
 // Errors: a file that cannot be opened leaves a line in the trace, and every operation on it fails. A write that fails
 // leaves the blocks that reached the disk in the file and drops the rest of that call; the next write goes on behind
 // them, so a disk that was full for a while costs only that while. After a transfer that had to be cancelled all
-// transfers fail at once and the tail is given up: the owner's thread must not wait again and again for a device that
-// hangs.
+// transfers fail at once for a minute: the owner's thread must not wait again and again for a device that hangs. Then
+// there is another try. The tail of a file that is closed meanwhile is given up.
 #pragma once
 
 #include <memory>
@@ -62,7 +62,8 @@ class TmyFileDirect : public TmyFile {
   // Ends the file with its tail. Where that was lost the file ends at AlignedBase().
   enum class Closed { kWhole, kTailLost, kNotReopened };  // kNotReopened: lost because the file cannot be opened again
   Closed CloseDirect();
-  [[nodiscard]] bool Hangs() const noexcept { return hangs_; }  // a transfer had to be cancelled
+  [[nodiscard]] bool Hangs() const noexcept { return hangs_; }  // the last transfer had to be cancelled
+  void TryAgain() noexcept { hangs_ = false; }                  // the next transfer waits for no minute
 
   [[nodiscard]] uint64_t AlignedBase() const noexcept { return base_; }  // bytes in whole blocks, all on the disk
   [[nodiscard]] uint8_t* Staging() noexcept { return memory_.get() + blockSize_; }  // at least 2 blocks
@@ -96,6 +97,9 @@ class TmyFileDirect : public TmyFile {
   OVERLAPPED overlapped_ = {};
   bool transferring_ = false;
   bool writtenTo_ = false;
-  bool hangs_ = false;  // a transfer had to be cancelled
+  [[nodiscard]] bool IsGivenUp() const noexcept;  // the device hangs, and it is not yet time for another try
+
+  bool hangs_ = false;
+  uint32_t hungAt_ = 0;  // ticks
   const bool readOnly_;
 };

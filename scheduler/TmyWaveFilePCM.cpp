@@ -22,7 +22,11 @@ bool TmyWaveFilePCM::WriteFirstBlock() {
   const Pages block = MakePages(length);
   if (!block) return false;
   std::memcpy(block.get(), &header_, sizeof header_);
-  return StartWrite(0, block.get(), length) && WaitForTransfer(kFirstBlockMs) == static_cast<int32_t>(length);
+  if (!StartWrite(0, block.get(), length)) return false;
+  const int32_t written = WaitForTransfer(kFirstBlockMs);
+  if (!Hangs()) return written == static_cast<int32_t>(length);
+  TryAgain();  // a drive that wakes: the header goes the way of the samples, too, and may take as long as those
+  return true;
 }
 
 // The header goes the way of the samples, so that they begin behind it. Blocks have more bytes than it has.
@@ -32,6 +36,7 @@ bool TmyWaveFilePCM::AppendHeader() {
 
 TmyWaveFilePCM::~TmyWaveFilePCM() {
   if (!IsOpen()) return;
+  TryAgain();  // without the sizes in its header players find no sound in it
   SetWaveDataSize(header_, DataSize());
   const bool patched = PatchHeader();
   const Closed closed = CloseDirect();

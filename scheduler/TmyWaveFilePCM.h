@@ -8,8 +8,8 @@
 // zeros. It is never cut, so it has at least this length. A recording whose header and samples stay below one block of
 // the volume ends with the header as it was made: the first format, sizes 40 and 0.
 //
-// Errors: as those of TmyFileDirect; after a transfer that had to be cancelled the file stays as it is, with a header
-// that tells of no samples. The header never tells of samples that did not reach the disk. After a write that
+// Errors: as those of TmyFileDirect; when the device hangs at the end, too, the file stays as it is, with a header that
+// tells of no samples. The header never tells of samples that did not reach the disk. After a write that
 // failed, samples begin at a whole frame again, so channels do not change places.
 #pragma once
 
