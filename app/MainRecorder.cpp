@@ -20,9 +20,10 @@ MainRecorder::MainRecorder(TmyComponent& window, HostLink& link, StatusBar& stat
 
 // A running recording is not disturbed. One that the user has stopped by hand gives its task up here.
 void MainRecorder::TuneStation(const TuneTarget& target) {
-  if (!target.HasFrequency() || session_.IsRecording() || session_.IsTuning()) return;
-  if (session_.CurrentTask()) session_.Stop();
-  if (IsAlive()) Tune(target.frequencyHz, target.mode);
+  const auto isBusy = [this] { return session_.IsRecording() || session_.IsTuning(); };
+  if (!target.HasFrequency() || isBusy()) return;
+  if (session_.CurrentTask()) session_.Stop();  // the host runs inside: the scheduler may begin a recording there
+  if (IsAlive() && !isBusy()) Tune(target.frequencyHz, target.mode);
 }
 
 void MainRecorder::RecordStation(const TuneTarget& target) {

@@ -9,7 +9,7 @@ void HostLink::Connect(HostCallback callback, uint32_t instance) noexcept {
 
 void HostLink::Disconnect() noexcept {
   callback_ = nullptr;
-  if (gone_) *gone_ = true;
+  if (bool* const gone = std::exchange(gone_, nullptr)) *gone = true;  // that stack ends before the link may
 }
 
 uint32_t HostLink::Call(uint32_t code, uint32_t a, uint32_t b, uint32_t c) noexcept {

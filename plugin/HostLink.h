@@ -66,8 +66,8 @@ class HostLink {
   // Tells that the instance is gone, with the product caption, and disconnects: the host may unload us inside the last
   // of the two calls.
   void TellClosed() noexcept;
-  // The four steps in order. False when the host closed the plug-in inside one of them (the rest was not sent, and the
-  // link itself may be gone) or when the link is not connected.
+  // The four steps in order, the rest of which is left out when something else tunes inside one of them. False when the
+  // host closed the plug-in there (the link itself may be gone) or when the link is not connected.
   bool Tune(uint32_t frequencyHz, uint32_t mode) noexcept;
   void TellMediaState(bool playing) noexcept;
 

@@ -29,16 +29,16 @@ TmyString PathOf(const char* prefix, const std::string& frequency, bool utc) {
 // The session begins only after the tuning: what the host says about its frequency inside is about the one before. It
 // begins before the recording: what the host does when it is told of that, retune or stop, ends the session as always.
 bool RecordingSession::Start(const char* prefix, uint64_t frequencyHz, uint32_t mode, TmxTask* task) {
-  if (isTuning_) return false;
+  if (isTuning_ && !task) return false;
   if (!task && task_) Stop();
   if (!owner_.IsAlive()) return false;
   const uint32_t lost = LostTexts();
   const TmyString path = PathOf(prefix, std::to_string(frequencyHz), owner_.IsUtc());
   const TmyString caption = TmyString(kProductCaption) + " recording " + FormatUnsignedKhz(frequencyHz);
-  if (LostTexts() != lost || !Tune(static_cast<uint32_t>(frequencyHz), mode)) return false;
+  const uint32_t start = ++starts_;
+  if (LostTexts() != lost || !Tune(static_cast<uint32_t>(frequencyHz), mode) || start != starts_) return false;
   isRecording_ = true;
   task_ = task;
-  const uint32_t start = ++starts_;
   try {
     owner_.Media().StartRecording(path, kSampleRate, kChannels, kBits);
   } catch (const std::bad_alloc&) {

@@ -21,7 +21,9 @@ class RecordingSession {
   explicit RecordingSession(RecordingOwner& owner) noexcept : owner_(owner) {}
 
   // The prefix begins the file's name. `task` is null for a recording from the grid, before which the one of a task
-  // ends. The host runs inside: false when it closed the plug-in there, while another start tunes, and without memory.
+  // ends. The host runs inside and a task may begin there, also while a recording from the grid tunes, which is then
+  // over. False in that case, when the host closed the plug-in, from the grid while another start tunes, and without
+  // memory.
   bool Start(const char* prefix, uint64_t frequencyHz, uint32_t mode, TmxTask* task);
   void Stop();              // finishes the file of whatever the panel records; the task itself stays as it is
   void FrequencyChanged();  // told by the host
