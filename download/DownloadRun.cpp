@@ -28,11 +28,15 @@ TmyString CountOf(uint32_t part, uint32_t whole) {
   return TmyString::FromDecimal(part) + "/" + TmyString::FromDecimal(whole);
 }
 
-// Whether there is something in the file that cannot be read now, while another program has it, say.
-bool IsHeld(const TmyString& file) {
-  WIN32_FILE_ATTRIBUTE_DATA about = {};
-  if (!GetFileAttributesExA(file.Chars(), GetFileExInfoStandard, &about)) return false;
-  return (about.nFileSizeLow != 0 || about.nFileSizeHigh != 0) && !TmyStringList().LoadFromFile(file);
+enum class Former { kNothing, kPage, kSchedule, kUnknown };  // kUnknown: it cannot be read now, somebody holds it, say
+
+Former ContentOf(const TmyString& name) {
+  TmyFile file(name, GENERIC_READ, OPEN_EXISTING);
+  if (!file.IsOpen()) return file.OpenError() == ERROR_FILE_NOT_FOUND ? Former::kNothing : Former::kUnknown;
+  std::string content(static_cast<size_t>(file.Size()), '\0');
+  const auto size = static_cast<uint32_t>(content.size());
+  if (file.ReadSome(content.data(), size) != size) return Former::kUnknown;
+  return HoldsEibiBroadcast(content) ? Former::kSchedule : Former::kPage;
 }
 
 // Written aside: a copy that breaks off must not take the place of the one that was kept before.
@@ -48,13 +52,13 @@ bool Copy(const TmyString& from, const TmyString& to) {
   return isWritten && source.Position() == source.Size() && target.Commit();
 }
 
-// The disk does not tell upper from lower case, nor a short name from its long one: the name leads to another's file.
+// The disk does not tell a short name from its long one: the name leads to another's file.
 bool IsAnothersName(const TmyString& folder, const TmyString& name) {
   WIN32_FIND_DATAA found;
   const HANDLE search = FindFirstFileA(InPath(folder, name).Chars(), &found);
   if (search == INVALID_HANDLE_VALUE) return false;
   FindClose(search);
-  return name != found.cFileName;
+  return lstrcmpiA(name.Chars(), found.cFileName) != 0;
 }
 
 }  // namespace
@@ -185,12 +189,13 @@ bool DownloadRun::Save(const TmyString& name, const DownloadedDocument& document
   return file.Commit();
 }
 
-// A page without one broadcast is an error page, most likely: it replaces the schedule, which stays beside it.
+// A page without one broadcast is an error page, most likely: it replaces the schedule, which stays beside it. Another
+// such page is not kept, for that would push the schedule out; what cannot be read now may be either, and stays.
 bool DownloadRun::KeepFormerEibi(const DownloadedDocument& document) const {
   if (HoldsEibiBroadcast({reinterpret_cast<const char*>(document.body), document.length})) return true;
   const TmyString former = InPath(folder_, kEibiFile);
-  if (LoadEibi(folder_)->Count() == 0 && !IsHeld(former)) return true;  // nothing to keep, or such a page, too
-  return Copy(former, InPath(folder_, "eibi.bak"));
+  const Former content = ContentOf(former);
+  return content == Former::kSchedule ? Copy(former, InPath(folder_, "eibi.bak")) : content != Former::kUnknown;
 }
 
 void DownloadRun::ShowSummary() {

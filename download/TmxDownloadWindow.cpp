@@ -1,6 +1,7 @@
 #include "download/TmxDownloadWindow.h"
 
 #include <algorithm>
+#include <new>
 
 #include "download/ServerNames.h"
 #include "foundation/Clock.h"
@@ -16,6 +17,7 @@ constexpr int kWidth = 400;  // pixels, frame included
 constexpr int kHeight = 100;
 constexpr int kButtonPressed = 1;        // what ShowModal returns
 constexpr uint32_t kPaintInterval = 50;  // ms
+constexpr UINT kRequestFailed = WM_USER;
 
 const TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
@@ -112,6 +114,12 @@ void TmxDownloadWindow::FocusChanged(bool focused) {
   TmyComponent::FocusChanged(focused);
 }
 
+LRESULT TmxDownloadWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != kRequestFailed) return TmyComponent::WndProc(message, wParam, lParam);
+  if (run_) run_->TimedOut();
+  return 0;
+}
+
 void TmxDownloadWindow::ButtonClicked(Tmy_Btn&) {
   EndModal(kButtonPressed);
 }
@@ -179,7 +187,16 @@ void TmxDownloadWindow::ShowWorking(bool working) {
   bar_->Show(working);
 }
 
+// Called inside events of the request before: what cannot be asked for is given up when they are over.
 void TmxDownloadWindow::Request(DownloadSite site, const TmyString& path) {
+  try {
+    MakeRequest(site, path);
+  } catch (const std::bad_alloc&) {
+    PostMessageA(Handle(), kRequestFailed, 0, 0);
+  }
+}
+
+void TmxDownloadWindow::MakeRequest(DownloadSite site, const TmyString& path) {
   bar_->SetRange(0);
   request_ = std::make_unique<TmyHttpSocket>(ServerNames::TimeOut());
   request_->connected.Bind<&TmxDownloadWindow::Connected>(this);

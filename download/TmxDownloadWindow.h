@@ -38,6 +38,7 @@ class TmxDownloadWindow : public TmyComponent, private DownloadDesk {
   void FocusChanged(bool focused) override;
 
  protected:
+  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   void Destroying() override;
 
  private:
@@ -46,6 +47,7 @@ class TmxDownloadWindow : public TmyComponent, private DownloadDesk {
   void ShowWorking(bool working) override;
   void Request(DownloadSite site, const TmyString& path) override;
   void DropRequest() override;
+  void MakeRequest(DownloadSite site, const TmyString& path);
 
   // From the sockets
   void Connected(TmyHttpSocket& socket);

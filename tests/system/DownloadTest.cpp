@@ -77,7 +77,10 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
       {eibi + none + unable + "HFCC" + again, "e1", kIndex, silence},
       {eibi + none + unable + "HFCC" + again, "e1", "/data/e1.zip", half},
       {eibi + one + unable + "HFCC" + again, "f1 f2", "/data/f2.zip", silence},
-      {eibi + one + "\r\n", "g1 G1 full gone", "/data/gone.zip", {"HTTP/1.1 404\nContent-Length: 1\n\n."}},
+      {eibi + "2 HFCC database files downloaded.\r\n",
+       "g1 G1 full gone",
+       "/data/gone.zip",
+       {"HTTP/1.1 404\nContent-Length: 1\n\n."}},
   };
   const HWND window = StartPlugin();
   std::filesystem::create_directory(documents_.DataFolder() + "\\full.zip.new");  // nothing can be written aside
@@ -126,6 +129,12 @@ TEST_F(Download, AnErrorPageInPlaceOfEitherDocument) {
   hfcc_->Answer(kIndex, {ScriptedServer::Document("<ul>")});
   const HWND window = StartPlugin();
   const std::string aside = documents_.DataFolder() + "\\eibi.bak.new";
+  eibi_->Answer(kEibi, {ScriptedServer::Document("No 0")});
+  const HANDLE held = CreateFileA((documents_.DataFolder() + "\\eibi.txt").c_str(), GENERIC_READ, FILE_SHARE_DELETE,
+                                  nullptr, OPEN_EXISTING, 0, nullptr);
+  Run(window);
+  CloseHandle(held);
+  EXPECT_EQ(File("eibi.txt"), ThreeBroadcasts()) << "what cannot be read is not nothing";
   std::filesystem::create_directory(aside);
   for (const std::string page : {"No 1", "No 2", "No 3"}) {
     eibi_->Answer(kEibi, {"HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n" + page});
