@@ -1,5 +1,7 @@
 #include "foundation/SwapFile.h"
 
+#include <algorithm>
+
 #include "foundation/Trace.h"
 
 namespace {
@@ -15,9 +17,16 @@ bool IsHeldBySomebody(DWORD error) noexcept {
 
 }  // namespace
 
+// Where the longer name is more than the system takes the ending takes the place of the last characters.
 SwapFile::SwapFile(const TmyString& name) : name_(name), aside_(name + kEnding) {
+  constexpr uint32_t kLongest = MAX_PATH - 1;
+  if (aside_.Length() > kLongest && name_.Length() <= kLongest) {
+    aside_ = name_;
+    aside_.RemoveRight(sizeof kEnding - 1);
+    aside_ += kEnding;
+  }
   // A name that memory was short for could be that of the file itself.
-  const bool isNamed = !name_.IsEmpty() && aside_.Length() > name_.Length();
+  const bool isNamed = !name_.IsEmpty() && aside_.Length() >= name_.Length() && aside_ != name_;
   if (isNamed) file_.emplace(aside_, GENERIC_WRITE, CREATE_ALWAYS, 0);  // nobody reads half of it or writes into it
   whole_ = file_ && file_->IsOpen();
 }
@@ -56,18 +65,33 @@ bool SwapFile::Exchange() const {
   return false;
 }
 
-// A holder who lets nobody write makes the second opening fail, which leaves the old content. Behind it only the file
-// beside is whole.
+// A holder who lets nobody write makes the second opening fail, which leaves the old content. So does a disk without
+// room for the longer one. From the first byte on only the file beside is whole.
 SwapFile::Copied SwapFile::CopyOver() const {
   TmyFile from(aside_, GENERIC_READ, OPEN_EXISTING);
   if (!from.IsOpen()) return Copied::kNothing;
-  FlushedFile to(name_, GENERIC_WRITE, CREATE_ALWAYS);
-  if (!to.IsOpen()) return Copied::kNothing;
+  FlushedFile to(name_, GENERIC_WRITE, OPEN_EXISTING);
+  const uint64_t former = to.Size();
+  if (!to.SetSize(std::max(former, from.Size()))) {
+    to.SetSize(former);
+    return Copied::kNothing;
+  }
   uint8_t piece[kPiece];
   while (const uint32_t got = from.ReadSome(piece, sizeof piece)) {
     if (!to.Write(piece, got)) return Copied::kPart;
   }
-  return to.Position() == from.Size() && to.Flush() ? Copied::kWhole : Copied::kPart;
+  const bool isWhole = to.Position() == from.Size() && to.SetSize(from.Size()) && to.Flush();
+  return isWhole ? Copied::kWhole : Copied::kPart;
+}
+
+// The position stays.
+bool SwapFile::FlushedFile::SetSize(uint64_t bytes) {
+  const auto position = static_cast<LONGLONG>(Position());
+  LARGE_INTEGER end = {}, back = {};
+  end.QuadPart = static_cast<LONGLONG>(bytes);
+  back.QuadPart = position;
+  const bool isSet = IsOpen() && SetFilePointerEx(Handle(), end, nullptr, FILE_BEGIN) && SetEndOfFile(Handle());
+  return SetFilePointerEx(Handle(), back, nullptr, FILE_BEGIN) && isSet;
 }
 
 void SwapFile::Drop() {

@@ -15,7 +15,7 @@
 
 class SwapFile {
  public:
-  static constexpr char kEnding[] = ".new";  // added to the name while the content grows
+  static constexpr char kEnding[] = ".new";  // behind the name, or its end, while the content grows
 
   explicit SwapFile(const TmyString& name);
   SwapFile(const SwapFile&) = delete;
@@ -37,6 +37,7 @@ class SwapFile {
   class FlushedFile : public TmyFile {
    public:
     using TmyFile::TmyFile;
+    bool SetSize(uint64_t bytes);
     bool Flush() { return IsOpen() && FlushFileBuffers(Handle()); }
   };
 

@@ -188,6 +188,9 @@ BOOL SetFilePointerEx(HANDLE handle, LARGE_INTEGER distance, LARGE_INTEGER* posi
   if (position) position->QuadPart = at;
   return at >= 0;
 }
+BOOL SetEndOfFile(HANDLE handle) {
+  return ftruncate64(Fd(handle), lseek64(Fd(handle), 0, SEEK_CUR)) == 0;
+}
 HANDLE CreateEventA(void*, BOOL, BOOL, const char*) {
   return HandleOf(open("/dev/null", O_RDONLY));
 }

@@ -88,6 +88,7 @@ BOOL ReadFile(HANDLE handle, void* data, DWORD length, DWORD* got, OVERLAPPED* a
 BOOL WriteFile(HANDLE handle, const void* data, DWORD length, DWORD* written, OVERLAPPED* at);
 BOOL GetFileSizeEx(HANDLE handle, LARGE_INTEGER* size);
 BOOL SetFilePointerEx(HANDLE handle, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from);
+BOOL SetEndOfFile(HANDLE handle);
 inline BOOL FlushFileBuffers(HANDLE) {
   return TRUE;
 }
