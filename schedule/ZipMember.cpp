@@ -10,6 +10,7 @@ namespace {
 
 constexpr uint32_t kSpareBytes = 10;  // behind the size: one shows that more follows, one is for the zero
 constexpr uint32_t kInputBytes = 16384;
+constexpr uint32_t kSparePacked = 1024;
 constexpr unsigned long kDosFolder = 0x10;
 constexpr unsigned long kDosVolume = 0x08;
 constexpr unsigned long kEncryptedFlag = 1;
@@ -53,13 +54,17 @@ uint32_t Inflate(RawMember& member, char* to, uint32_t room) noexcept {
   z_stream stream{};
   if (inflateInit2(&stream, -MAX_WBITS) != Z_OK) return 0;  // deflated data without a header
   unsigned char input[kInputBytes];
+  // Deflating makes nothing twice as long, but a member can be padded with empty blocks: what it costs must not be out
+  // of all proportion to what it brings.
+  uint32_t mostInput = 2 * room + kSparePacked;
   stream.next_out = reinterpret_cast<unsigned char*>(to);
   stream.avail_out = room;
   int result = Z_OK;
   while (result == Z_OK && stream.avail_out > 0) {
     if (stream.avail_in == 0) {
       stream.next_in = input;
-      stream.avail_in = member.Read(input, kInputBytes);
+      stream.avail_in = member.Read(input, std::min(kInputBytes, mostInput));
+      mostInput -= stream.avail_in;
     }
     result = inflate(&stream, Z_NO_FLUSH);  // without input, because the member was cut off, this is no Z_OK
   }

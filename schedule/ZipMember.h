@@ -17,6 +17,6 @@ struct ZipEntry {
 // the directory is damaged.
 [[nodiscard]] bool ReadZipEntry(void* zip, ZipEntry& entry, char* name, uint32_t nameSize) noexcept;
 // That member's bytes with a zero behind them. Null when it is damaged, cut off, encrypted, packed in a way other than
-// stored and deflated, shorter than its entry claims or larger than `mostBytes`, and when memory is short. A member
-// with more bytes than its entry claims is cut there.
+// stored and deflated, shorter than its entry claims, larger than `mostBytes` or packed into far more than its size,
+// and when memory is short. A member with more bytes than its entry claims is cut there.
 [[nodiscard]] std::unique_ptr<char[]> UnzipMember(void* zip, const ZipEntry& entry, uint32_t mostBytes);

@@ -44,7 +44,8 @@ std::string MakeZip(const std::vector<ZipMemberSource>& members) {
   std::string bytes;
   std::string directory;
   for (const ZipMemberSource& member : members) {
-    const std::string packed = member.method == 8 ? Deflated(member.data, -MAX_WBITS) : member.data;
+    std::string packed = member.method == 8 ? Deflated(member.data, -MAX_WBITS) : member.data;
+    for (uint32_t i = 0; i < member.emptyBlocks; ++i) packed.insert(0, "\0\0\0\xff\xff", 5);
     const std::string common = Common(member, static_cast<uint32_t>(packed.size()));
     directory += "PK\1\2";
     Put(directory, 20, 2);

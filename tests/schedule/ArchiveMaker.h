@@ -16,6 +16,7 @@ struct ZipMemberSource {
   std::optional<uint32_t> claimedSize = {};
   std::optional<uint32_t> claimedPacked = {};
   std::optional<uint32_t> claimedCrc = {};
+  uint32_t emptyBlocks = 0;  // before the data
 };
 
 [[nodiscard]] std::string MakeZip(const std::vector<ZipMemberSource>& members);

@@ -92,6 +92,8 @@ TEST_F(CGZip, KnowsLyingMembers) {
       {"cut off", {"m", text, 8, 0, {}, 20}, error},
       {"wrong checksum", {"m", text, 8, 0, {}, {}, 1}, error},
       {"other method", {"m", text, 12}, error},
+      {"padded", {"m", text, 8, 0, {}, {}, {}, 100}, "m:" + text},
+      {"padded out of all proportion", {"m", text, 8, 0, {}, {}, {}, 1000}, error},
       {"too large, though nothing lies", {"m", std::string(zlib::CZipper::kMostBytes + 1, 0)}, error},
   };
   for (const auto& [what, member, result] : kCases) {
