@@ -128,12 +128,11 @@ bool HfccDatabase::IsComplete() const noexcept {
 }
 
 void HfccDatabase::MakeItems() {
-  items_.Reserve(schedule_.Rows() * static_cast<uint32_t>(sizeof(void*)));
   for (uint32_t row = 0; row < schedule_.Rows(); ++row) {
     auto item = std::make_unique<FccItem>();
     item->SetCells(schedule_.Row(row));
     FindCodes(*item);
-    items_.Add(std::move(item));
+    if (!items_.Add(std::move(item))) throw std::bad_alloc();
   }
 }
 
