@@ -43,19 +43,21 @@ HfccLoad FccGrid::Load(const TmyString& archivePath) {
 void FccGrid::SetFields(const uint32_t* fields, uint32_t count) {
   ScaleWidths();  // all widths must be meant for one text height
   const FccColumn* const sortedBy = SortedBy();
-  std::vector<const FccColumn*> before = std::exchange(columns_, {});
-  const std::vector<int32_t> widthsBefore(Control().Widths(), Control().Widths() + before.size());
   count = std::min(count, kFccFields);
-  fields_.assign(fields, fields + count);
+  // All that takes memory comes first: the grid paints as many columns as it was told last.
+  std::vector<const FccColumn*> before = columns_, columns;
+  std::vector<uint32_t> chosen(fields, fields + count);
   int32_t widths[kFccFields];
   for (uint32_t i = 0; i < count; ++i) {
-    const FccColumn& column = FccColumnOf(fields_[i]);
-    columns_.push_back(&column);
+    const FccColumn& column = FccColumnOf(chosen[i]);
+    columns.push_back(&column);
     const auto place = std::ranges::find(before, &column);
     widths[i] = place == before.end() ? TmyApplication::Get().Theme().Scaled(column.width)
-                                      : widthsBefore[static_cast<size_t>(place - before.begin())];
+                                      : Control().Widths()[place - before.begin()];
     if (place != before.end()) *place = nullptr;  // a field may be shown twice
   }
+  columns_.swap(columns);
+  fields_.swap(chosen);
   ShowColumns();
   Control().SetWidths(widths, count);
   SortBy(sortedBy);

@@ -81,9 +81,9 @@ void FilterPanel::BindEvents() {
   }
 }
 
-FilterPanel::Group& FilterPanel::AddGroup(bool startsRow) {
-  groups_.emplace_back().startsRow = startsRow;
-  return groups_.back();
+FilterPanel::Group& FilterPanel::AddGroup(std::vector<Group>& groups, bool startsRow) {
+  groups.emplace_back().startsRow = startsRow;
+  return groups.back();
 }
 
 void FilterPanel::AddMember(Group& group, TmyControl& control, int width, int gap) {
@@ -96,13 +96,13 @@ void FilterPanel::BuildGroups() {
   const int step = Theme().Step();
   const int frequencyWidth = first_->PreferredWidth("25000.555");
   const int timeWidth = from_->PreferredWidth("00:00:00");
-  groups_.clear();
-  Group& database = AddGroup(false);
+  std::vector<Group> groups;  // painting must not meet a group without members
+  Group& database = AddGroup(groups, false);
   AddMember(database, eibi_, eibi_.PreferredWidth(), 0);
   AddMember(database, hfcc_, hfcc_.PreferredWidth(), step);
-  Group& tuning = AddGroup(false);
+  Group& tuning = AddGroup(groups, false);
   AddMember(tuning, autoTuning_, autoTuning_.PreferredWidth(), 0);
-  Group& frequency = AddGroup(false);
+  Group& frequency = AddGroup(groups, false);
   AddMember(frequency, frequency_, frequency_.PreferredWidth(), 0);
   AddMember(frequency, around_, around_.PreferredWidth(), step);
   AddMember(frequency, between_, between_.PreferredWidth(), step);
@@ -112,7 +112,7 @@ void FilterPanel::BuildGroups() {
   AddMember(frequency, *second_, frequencyWidth, step);
   AddMember(frequency, *secondUpDown_, TmyUpDown::PreferredWidth(), 0);
   AddMember(frequency, unit_, unit_.PreferredWidth(), step);
-  Group& time = AddGroup(true);
+  Group& time = AddGroup(groups, true);
   AddMember(time, time_, time_.PreferredWidth(), 0);
   AddMember(time, utcTime_, utcTime_.PreferredWidth(), step);
   AddMember(time, fromTime_, fromTime_.PreferredWidth(), step);
@@ -121,10 +121,11 @@ void FilterPanel::BuildGroups() {
   AddMember(time, *to_, timeWidth, step);
   const Widths& widths = ShowsHfcc() ? kHfccWidths : kEibiWidths;
   for (uint32_t i = 0; i < kTextFilters; ++i) {
-    Group& text = AddGroup(i == 0);
+    Group& text = AddGroup(groups, i == 0);
     AddMember(text, texts_[i]->box, texts_[i]->box.PreferredWidth(), 0);
     AddMember(text, *texts_[i]->list, Theme().Scaled(widths[i]), step / 2);
   }
+  groups_.swap(groups);
 }
 
 std::vector<FlowPlace> FilterPanel::Flow(int width) const {

@@ -70,7 +70,7 @@ class FilterPanel : public TmyScrollPanel {
   };
 
   void BuildGroups();
-  Group& AddGroup(bool startsRow);
+  static Group& AddGroup(std::vector<Group>& groups, bool startsRow);
   void AddMember(Group& group, TmyControl& control, int width, int gap);
   void BindEvents();
   void SetInitialValues();

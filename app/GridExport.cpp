@@ -16,13 +16,15 @@ DWORD WriteCsv(const ScheduleGrid& grid, const TmyString& path) {
   const uint32_t lost = LostTexts();
   CsvExport file(path);
   const bool onlyMarked = grid.MarkCount() > 0;
+  bool isWhole = true;
   for (uint32_t row = 0; row <= grid.ShownCount(); ++row) {
     if (row > 0 && onlyMarked && !grid.IsRowMarked(row)) continue;
     TmyStringList cells;
     grid.RowTexts(row, cells);
+    isWhole = isWhole && cells.Count() == grid.ColumnCount();
     file.AddLine(cells);
   }
-  return LostTexts() == lost ? file.Finish() : ERROR_NOT_ENOUGH_MEMORY;
+  return isWhole && LostTexts() == lost ? file.Finish() : ERROR_NOT_ENOUGH_MEMORY;
 }
 
 namespace {

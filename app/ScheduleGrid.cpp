@@ -86,8 +86,8 @@ void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bo
   const bool filters = !changedOnly || !isFiltered_ || !(filter == filter_) || !(zone == zone_);
   zone_ = zone;
   if (filters) {
+    isFiltered_ = false;  // until all of it is done, or nothing would be the next time
     filter_ = filter;
-    isFiltered_ = true;
     RunFilter(filter_, shown_);
     marks_.KeepOnly(shown_);
   }
@@ -98,6 +98,7 @@ void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bo
     applied_ = wanted_;
   }
   if (filters || sorts) ShowList(current);
+  isFiltered_ = true;
 }
 
 // The record that was current stays so, wherever it is now.

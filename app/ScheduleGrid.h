@@ -51,6 +51,7 @@ class ScheduleGrid : protected TmyGridModel {
   [[nodiscard]] bool IsRowMarked(uint32_t row) const;
 
   [[nodiscard]] TmyStringGrid& Control() noexcept { return *grid_; }
+  [[nodiscard]] uint32_t ColumnCount() const noexcept { return grid_->ColumnCount(); }
   [[nodiscard]] bool ShowsRecord(uint32_t row) const noexcept;
 
  protected:

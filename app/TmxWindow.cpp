@@ -162,7 +162,9 @@ void TmxWindow::Destroying() {
 void TmxWindow::SessionEnds(bool isAppOnly) {
   if (!isAppOnly) KillTimer(Handle(), kTickTimer);
   KillTimer(Handle(), kAutoTuningTimer);
+  const uint32_t tasks = scheduler_.Tasks().Count();
   Try([this] { settings_.Save(); });
+  if (scheduler_.Tasks().Count() != tasks) desk_.TasksLoaded();
   recorder_.Stop();  // last: the host is told inside
 }
 
@@ -176,17 +178,22 @@ void TmxWindow::ShowTexts() {
   }
 }
 
-// The grid that goes loses its marks; its sort stays.
+// The grid that goes loses its marks; its sort stays. What is seen comes first: whatever fails behind it, rows are
+// those that are acted on. The keyboard must not stay in a grid that nobody sees, where Enter would tune.
 void TmxWindow::DatabaseChosen() {
   KillTimer(Handle(), kAutoTuningTimer);
   ScheduleGrid& shown = Shown();
   ScheduleGrid& other = &shown == eibi_.get() ? static_cast<ScheduleGrid&>(*hfcc_) : *eibi_;
+  TmyApplication& application = TmyApplication::Get();
+  const bool hadFocus = ::GetFocus() == other.Control().Handle();
+  shown.Control().Show(true);
+  if (application.FocusOf(*this) == &other.Control()) application.RecordFocus(shown.Control());
+  if (hadFocus) shown.Control().TakeFocus();
+  other.Control().Show(false);
   other.ClearMarks();
   ShowTexts();
   Refresh(false);
   Realign();
-  shown.Control().Show(true);
-  other.Control().Show(false);
   if (panel_->ShowsHfcc()) TellOfProblem();
 }
 
@@ -395,6 +402,7 @@ void TmxWindow::ShowDetails(TmyMenuItem&) {
 }
 
 void TmxWindow::ExportCsv(TmyMenuItem&) {
+  if (isExporting_) return;
   const ModulePin pin;  // the dialog runs a loop of its own
   const ScopedFlag exporting(isExporting_);
   const TmyString path = AskForCsvFile(Handle(), exportFolder_);

@@ -187,9 +187,11 @@ TEST_F(HfccWindowTest, TheNewestSeasonIsLoadedAndABadArchiveSaysWhy) {
   EXPECT_EQ(Counts(), rows + " of " + rows + " broadcasts") << "without the other one's choice";
   Click("EiBi database");
   EXPECT_EQ(Counts(), "5 of 5 broadcasts");
+  grid_->TakeFocus();
   Choose(archives, 1);
   EXPECT_TRUE(isChecked(1) && !isChecked(0));
   EXPECT_TRUE(panel_->ShowsHfcc());
+  EXPECT_EQ(GetFocus(), Nth<TmyStringGrid>(*window_, 1).Handle()) << "Enter would tune from the hidden grid";
   const auto close = [](TmyComponent& box) { SendMessageA(box.Handle(), WM_CLOSE, 0, 0); };
   InDialog(
       "Marlux 3", [&] { Choose(archives, 2); }, close);
