@@ -41,12 +41,23 @@ void MainScheduler::SaveTasks() {
   const bool isRead = TaskFile::Load(path, filed, loadedAt_);
   if (isFileMissed_) {
     if (!isRead) return;
+    if (!PutBefore(filed)) return;
     isFileMissed_ = false;
-    for (uint32_t i = filed.Count(); i > 0; --i) tasks_.Insert(filed.Extract(i - 1), 0);
   } else if (isRead && IsThere(path) && AreEqual(tasks_, known_) && !AreEqual(filed, known_)) {
     return;
   }
   if (TaskFile::Save(path, tasks_)) known_ = Copied(tasks_);
+}
+
+// All of them or, without memory, none.
+bool MainScheduler::PutBefore(TmyTypeList<TmxTask>& filed) {
+  const uint32_t before = tasks_.Count();
+  while (filed.Count() > 0) {
+    if (tasks_.Insert(filed.Extract(filed.Count() - 1), 0)) continue;
+    while (tasks_.Count() > before) tasks_.Delete(0);
+    return false;
+  }
+  return true;
 }
 
 const TmxTask* MainScheduler::RunningTask() const noexcept {

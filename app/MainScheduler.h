@@ -24,6 +24,8 @@ class MainScheduler {
   [[nodiscard]] const TmxTask* RunningTask() const noexcept;
 
  private:
+  bool PutBefore(TmyTypeList<TmxTask>& filed);
+
   RecordingSession& session_;
   TmyTypeList<TmxTask> tasks_;
   SchedulerEngine engine_;

@@ -29,6 +29,13 @@ void MainSettings::Load(const Owners& owners) {
   Apply();
 }
 
+MainSettings::~MainSettings() {
+  if (!hasScheduler_) return;
+  TmxSchedulerWindow& window = owners_->desk.SchedulerWindow();
+  window.opening.Unbind();
+  window.ending.Unbind();
+}
+
 void MainSettings::Apply() {
   window_.Restore(owners_->window, settings_.window);
   ApplyScheduler();

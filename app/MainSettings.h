@@ -31,6 +31,11 @@ class MainSettings {
     TmyString& exportFolder;
   };
 
+  MainSettings() = default;
+  MainSettings(const MainSettings&) = delete;
+  MainSettings& operator=(const MainSettings&) = delete;
+  ~MainSettings();  // before the scheduler's window when the main one could not be made
+
   // The file of tasks is a part of the settings, to be loaded and saved amid them. The windows are moved to their
   // places; the archive to load is databases.Load's to open.
   void Load(const Owners& owners);
