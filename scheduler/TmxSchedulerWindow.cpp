@@ -46,35 +46,31 @@ SIZE FrameSize() {
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-// The main window waits, too: a dialog opened from its menu would run inside ours and keep ours from ending. One of the
-// system's that was open before may be answered meanwhile, and then is not there any more to enable it.
+// The main window waits, too: a dialog opened from its menu would run inside ours and keep ours from ending.
 class DisabledWindow {
  public:
   explicit DisabledWindow(const TmyComponent& window)
-      : handle_(window.Handle()),
-        hadSystemDialog_(HasSystemDialog()),
-        wasDisabled_(EnableWindow(handle_, FALSE) != FALSE) {}
+      : handle_(window.Handle()), wasDisabled_(EnableWindow(handle_, FALSE) != FALSE) {}
   DisabledWindow(const DisabledWindow&) = delete;
   DisabledWindow& operator=(const DisabledWindow&) = delete;
   ~DisabledWindow() {  // by handle: the object may be gone
-    const bool staysDisabled = wasDisabled_ && (!hadSystemDialog_ || HasSystemDialog());
-    if (IsWindow(handle_)) EnableWindow(handle_, !staysDisabled);
+    if (IsWindow(handle_)) EnableWindow(handle_, !wasDisabled_);
   }
 
  private:
-  // One for files, say, on this window.
-  [[nodiscard]] bool HasSystemDialog() const {
-    constexpr char kDialogClass[] = "#32770";
-    for (HWND dialog = nullptr; (dialog = FindWindowExA(nullptr, dialog, kDialogClass, nullptr)) != nullptr;) {
-      if (IsWindowVisible(dialog) && GetWindow(dialog, GW_OWNER) == handle_) return true;
-    }
-    return false;
-  }
-
   HWND handle_;
-  bool hadSystemDialog_;
   bool wasDisabled_;
 };
+
+// One of the system's that is open on a window, for files, say; null when there is none.
+HWND SystemDialogOn(HWND window) noexcept {
+  constexpr char kDialogClass[] = "#32770";
+  HWND dialog = nullptr;
+  do {
+    dialog = FindWindowExA(nullptr, dialog, kDialogClass, nullptr);
+  } while (dialog && !(IsWindowVisible(dialog) && GetWindow(dialog, GW_OWNER) == window));
+  return dialog;
+}
 
 }  // namespace
 
@@ -232,16 +228,21 @@ TmyComponent* TmxSchedulerWindow::OpenDialog() const noexcept {
   return editor_ ? static_cast<TmyComponent*>(editor_) : question_;
 }
 
+// What is open comes to the front. Below a loop of ours a dialog of the system's on the main window could be answered
+// but not end, and what it was opened for would wait.
+bool TmxSchedulerWindow::IsDialogOpen() const {
+  const HWND dialog = OpenDialog() ? OpenDialog()->Handle() : SystemDialogOn(owner_.Window().Handle());
+  if (dialog) SetForegroundWindow(dialog);
+  return dialog != nullptr;
+}
+
 void TmxSchedulerWindow::NewTaskWanted(std::unique_ptr<TmxTask> task) {
   const Hold hold;
-  if (!task && !OpenDialog()) {
+  if (IsDialogOpen()) return;
+  if (!task) {
     const uint32_t frequency = owner_.CurrentFrequencyRaw();
-    if (!IsAlive()) return;
+    if (!IsAlive() || IsDialogOpen()) return;  // the host ran inside
     task = std::make_unique<TmxTask>(NewTask(frequency, DateOfTime(Clock::Utc())));
-  }
-  if (const TmyComponent* dialog = OpenDialog()) {
-    SetForegroundWindow(dialog->Handle());
-    return;
   }
   // Room comes first: what was entered and confirmed must not fail to fit.
   if (!owner_.Tasks().MakeRoomForOne() || !RunEditor(*task)) return;
@@ -252,7 +253,7 @@ void TmxSchedulerWindow::NewTaskWanted(std::unique_ptr<TmxTask> task) {
 // The editor works on a copy: the list may change under it.
 void TmxSchedulerWindow::EditSelected() {
   TmxTask* task = SelectedTask();
-  if (!task || OpenDialog()) return;
+  if (!task || IsDialogOpen()) return;
   const Hold hold;
   TmxTask edited = *task;
   if (!RunEditor(edited) || owner_.Tasks().IndexOf(task) < 0) return;
@@ -262,7 +263,7 @@ void TmxSchedulerWindow::EditSelected() {
 
 void TmxSchedulerWindow::DeleteSelected() {
   const TmxTask* task = SelectedTask();
-  if (!task || OpenDialog()) return;
+  if (!task || IsDialogOpen()) return;
   const Hold hold;
   if (!IsConfirmed()) return;
   const int32_t at = owner_.Tasks().IndexOf(task);

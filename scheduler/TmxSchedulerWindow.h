@@ -76,6 +76,7 @@ class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
   [[nodiscard]] bool RunEditor(TmxTask& task);  // false: cancelled, or this window is gone
   [[nodiscard]] bool IsConfirmed();             // the question before deleting
   [[nodiscard]] TmyComponent* OpenDialog() const noexcept;
+  [[nodiscard]] bool IsDialogOpen() const;
 
   SchedulerOwner& owner_;
   // In the order in which Tab walks through them.
