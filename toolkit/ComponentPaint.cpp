@@ -115,7 +115,7 @@ TmyComponent::Outcome TmyComponent::MouseMessage(UINT message, WPARAM wParam, LP
       break;
     }
     case WM_MOUSEWHEEL: {
-      const int notches = wheel_.Notches(GET_WHEEL_DELTA_WPARAM(wParam));
+      const int notches = GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA;
       MouseWheel(MAKEWPARAM(LOWORD(wParam), static_cast<WORD>(notches)), this);
       return {true, 0};
     }

@@ -249,8 +249,8 @@ LRESULT TmyStringGrid::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_MOUSELEAVE) SetHotTitle(GridGeometry::kNoColumn);
   // Somebody took the mouse while the button is held. (Our own release comes with the button up.)
   if (message == WM_CAPTURECHANGED && IsDown(VK_LBUTTON)) CancelDrag();
-  // The dispatcher would also send it to the window, which it closes.
-  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && CancelDrag()) return 0;
+  // The dispatcher would also send it to the window, which it closes, as it would do with the key held any longer.
+  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && (CancelDrag() || (lParam & kRepeated) != 0)) return 0;
   if (message == WM_MOUSEHWHEEL && IsAlive()) {
     // Here positive notches turn to the right, which is away from the start.
     horizontal_->ScrollByNotches(-sideways_.Notches(GET_WHEEL_DELTA_WPARAM(wParam)));

@@ -105,13 +105,15 @@ TmyDropWindow* TmyComboBox2::MakeDrop() {
 }
 
 void TmyComboBox2::TakeChoice() {
-  Choose(OpenList()->Selection());
+  const int32_t index = OpenList()->Selection();
+  const bool isAgain = index >= 0 && index == selection_;
+  Choose(index);
+  if (isAgain) chosenAgain(*this);
 }
 
 void TmyComboBox2::Choose(int32_t index) {
   Close();
-  if (index < 0) return;
-  if (index == selection_) return chosenAgain(*this);
+  if (index < 0 || index == selection_) return;
   SetSelection(index);
   changed(*this);
 }

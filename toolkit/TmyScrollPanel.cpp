@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/ScopedFlag.h"
 #include "toolkit/TmyApplication.h"
 
 TmyScrollPanel::TmyScrollPanel(TmyComponent& parent, DWORD style)
@@ -35,8 +36,15 @@ void TmyScrollPanel::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
   bar_->ScrollByNotches(static_cast<int16_t>(HIWORD(keysAndNotches)));
 }
 
+LRESULT TmyScrollPanel::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != WM_LBUTTONDOWN) return TmyPanel::WndProc(message, wParam, lParam);
+  const ScopedFlag pressing(isPressing_);
+  return TmyPanel::WndProc(message, wParam, lParam);
+}
+
+// What the mouse presses is in view, and must not move away from under it.
 void TmyScrollPanel::FocusInside(const TmyControl& focused) {
-  if (static_cast<const TmyControl*>(this) != &focused && IsAlive()) {
+  if (static_cast<const TmyControl*>(this) != &focused && IsAlive() && !isPressing_) {
     POINT origin = {};
     focused.GetScreenOrigin(origin);
     ScreenToClient(Handle(), &origin);

@@ -1,5 +1,5 @@
 // Marlux 3. A panel whose content may be higher than the panel: a scroll bar of its own comes as soon as it is, and a
-// control that gets the keyboard focus is brought into view.
+// control that gets the keyboard focus is brought into view, unless it gets it by a click.
 //
 // A class that derives from it says how high its content is and places it:
 //
@@ -26,6 +26,7 @@ class TmyScrollPanel : public TmyPanel {
   [[nodiscard]] TmyScrollBar& Bar() noexcept { return *bar_; }
 
  protected:
+  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   virtual void PlaceContent(int width, int top) = 0;
   [[nodiscard]] int ContentWidth() const noexcept { return contentWidth_; }
 
@@ -35,4 +36,5 @@ class TmyScrollPanel : public TmyPanel {
 
   TmyScrollBar* bar_;  // belongs to its window; holds the scroll position in pixels
   int contentWidth_ = 0;
+  bool isPressing_ = false;
 };

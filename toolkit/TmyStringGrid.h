@@ -23,6 +23,7 @@
 #include "toolkit/GridPainter.h"
 #include "toolkit/TmyGridModel.h"
 #include "toolkit/TmyScrollBar.h"
+#include "toolkit/WheelTurn.h"
 #include "toolkit/myComponents.h"
 
 struct TmyGridColumn {

@@ -24,7 +24,7 @@ LRESULT TmyComponent::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
     outcome = PrivateMessage(message, wParam, lParam);
   } else if (message == WM_PAINT || message == WM_ERASEBKGND || message == WM_SETCURSOR) {
     outcome = PaintMessage(message, wParam);
-  } else if ((message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC) || message == WM_COMMAND ||
+  } else if ((message >= WM_CTLCOLOREDIT && message <= WM_CTLCOLORSTATIC) || message == WM_COMMAND ||
              message == WM_NOTIFY || message == WM_CONTEXTMENU || message == WM_CLOSE) {
     outcome = CommandMessage(message, wParam, lParam);
   } else {
@@ -92,7 +92,7 @@ void TmyComponent::Sized() {
 void TmyComponent::ActiveOrFocus(UINT message, WPARAM wParam) {
   TmyApplication& application = TmyApplication::Get();
   if (message == WM_ACTIVATE) {
-    if (LOWORD(wParam) != WA_INACTIVE) application.SetActiveWindow(this);
+    if (wParam != 0) application.SetActiveWindow(this);
     application.HideToolTip();
     return;
   }
@@ -254,8 +254,9 @@ TmyComponent::Outcome TmyComponent::CloseMessage() {
 }
 
 LRESULT TmyComponent::ControlColors(HDC dc, HWND control) {
-  TmyWindowBase* object = FromHandle(control);
-  const TmyComponent* component = object ? object->AsComponent() : this;
+  TmyWindowBase* const object = FromHandle(control);
+  TmyComponent* const sender = object ? object->AsComponent() : nullptr;  // a helper without a look is none
+  const TmyComponent* const component = sender ? sender : this;
   const auto brush = static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
   SelectObject(dc, brush);
   SetDCBrushColor(dc, component->BackgroundColor());

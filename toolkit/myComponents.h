@@ -9,7 +9,6 @@
 #include "toolkit/TmyControl.h"
 #include "toolkit/TmyEvent.h"
 #include "toolkit/TmyWindowBase.h"
-#include "toolkit/WheelTurn.h"
 
 // The toolkit's private messages.
 constexpr UINT kMsgReflectedCommand = 0x8000;  // to the control that a WM_COMMAND came from
@@ -158,7 +157,6 @@ class TmyComponent : public TmyWindowBase {
   int clientHeight_ = 0;
   uint32_t lastUpTime_ = 0;
   POINT lastUp_ = {};
-  WheelTurn wheel_;
   bool hasLastUp_ = false;
   bool inModalLoop_ = false;
   bool keyPreview_ = false;

@@ -98,6 +98,16 @@ TEST_F(ComboBoxTest, TheMouseOpensChoosesAndPassesOtherClicksOn) {
   EXPECT_FALSE(combo_->IsDropped());
   EXPECT_TRUE(other_->IsDropped());
   EXPECT_EQ(events_, 1);
+  Listen(combo_->chosenAgain);
+  combo_->DropDown(true);
+  Captured(*combo_->OpenList(), WM_LBUTTONDOWN, 20, YOf(2));
+  Captured(*combo_->OpenList(), WM_LBUTTONUP, 20, YOf(2));
+  EXPECT_EQ(events_, 2);
+  combo_->DropDown(true);
+  window_->Enable(false);  // a dialog is open: the click closes the list and goes nowhere
+  Captured(*other_, WM_LBUTTONDOWN, 20, 10);
+  Input::Pump();
+  EXPECT_FALSE(combo_->IsDropped() || other_->IsDropped());
 }
 
 TEST_F(ComboBoxTest, TheScrollBarBorrowsTheMouse) {

@@ -49,6 +49,9 @@ TEST_F(TmyScrollPanelTest, TheFocusBringsAControlIntoView) {
   panel_->TakeFocus();
   panel_->FocusDrawn(&panel_->box);
   EXPECT_EQ(panel_->box.Bounds().top, 0);
+  panel_->edit->TakeFocus();
+  Input::Mouse(*panel_, WM_LBUTTONDOWN, 5, 5);
+  EXPECT_LT(panel_->box.Bounds().top, 0) << "moved away from under the mouse";
 }
 
 TEST_F(TmyScrollPanelTest, AnInvisiblePanelTakesTheMouseForItsControlsOnly) {
