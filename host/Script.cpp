@@ -220,7 +220,11 @@ bool Script::Choose(const Words& arguments) {
 
 bool Script::Post(const Words& arguments) {
   std::vector<uint32_t> numbers;
-  for (size_t i = 1; i < arguments.size(); ++i) numbers.push_back(Word(arguments[i]).value_or(0));
+  for (size_t i = 1; i < arguments.size(); ++i) {
+    const auto number = Word(arguments[i]);
+    if (!number) return Complain("this needs a window and numbers");
+    numbers.push_back(*number);
+  }
   numbers.resize(3);
   const HWND window = PluginWindows::Find(arguments[0]);
   if (!window) return Complain("there is no such window");

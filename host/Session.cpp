@@ -110,10 +110,10 @@ void Session::DeliverAudio() {
   if (!audio_.IsOn() || deliveringAudio_ || instances_.empty() || !module_.IsLoaded()) return;
   constexpr uint32_t kMostAtOnce = 10;
   constexpr uint32_t kBlockMs = 1000 / AudioSource::kBlocksPerSecond;
-  const uint32_t due = (GetTickCount() - audioBegin_) / kBlockMs;
-  if (due > audioBlocks_ + kMostAtOnce) audioBlocks_ = due - kMostAtOnce;  // after a pause it does not hurry
+  const auto due = [this] { return (GetTickCount() - audioBegin_) / kBlockMs; };  // other audio may begin inside
+  if (due() > audioBlocks_ + kMostAtOnce) audioBlocks_ = due() - kMostAtOnce;     // after a pause it does not hurry
   deliveringAudio_ = true;
-  while (audio_.IsOn() && audioBlocks_ < due) {
+  while (audio_.IsOn() && audioBlocks_ < due()) {
     ++audioBlocks_;
     SendAudio();
   }
