@@ -18,15 +18,11 @@ Picture::Picture(HWND window, bool whole) {
   pixels_ = static_cast<const uint32_t*>(pixels);
   size_ = {area.right, area.bottom};
   // Such a context does not leave out the window's children.
-  const HDC screen = GetDCEx(window, nullptr, DCX_CACHE | (whole ? DCX_WINDOW : 0));
-  const HDC memory = CreateCompatibleDC(screen);
-  {
-    const Selected selected(memory, bitmap_.get());
-    BitBlt(memory, 0, 0, size_.cx, size_.cy, screen, 0, 0, SRCCOPY);
-    GdiFlush();
-  }
-  DeleteDC(memory);
-  ReleaseDC(window, screen);
+  const WindowDc screen(window, GetDCEx(window, nullptr, DCX_CACHE | (whole ? DCX_WINDOW : 0)));
+  const MemoryDc memory(CreateCompatibleDC(screen.Get()));
+  const Selected selected(memory.get(), bitmap_.get());
+  BitBlt(memory.get(), 0, 0, size_.cx, size_.cy, screen.Get(), 0, 0, SRCCOPY);
+  GdiFlush();
 }
 
 bool Picture::IsPlain() const noexcept {
@@ -46,10 +42,7 @@ bool Picture::LooksAs(const Picture& other) const noexcept {
 
 void Picture::Paint(HDC dc, int left, int top) const {
   if (!bitmap_) return;
-  const HDC memory = CreateCompatibleDC(dc);
-  {
-    const Selected selected(memory, bitmap_.get());
-    BitBlt(dc, left, top, size_.cx, size_.cy, memory, 0, 0, SRCCOPY);
-  }
-  DeleteDC(memory);
+  const MemoryDc memory(CreateCompatibleDC(dc));
+  const Selected selected(memory.get(), bitmap_.get());
+  BitBlt(dc, left, top, size_.cx, size_.cy, memory.get(), 0, 0, SRCCOPY);
 }

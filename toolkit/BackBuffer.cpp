@@ -4,24 +4,21 @@
 
 bool BackBuffer::Resize(HWND window, int width, int height) {
   Free();
-  const HDC screen = GetDC(window);
-  if (!screen) return false;
-  dc_ = CreateCompatibleDC(screen);
-  bitmap_ = CreateCompatibleBitmap(screen, std::max(width, 1), std::max(height, 1));
-  ReleaseDC(window, screen);
+  const WindowDc screen(window);
+  if (!screen.Get()) return false;
+  dc_.reset(CreateCompatibleDC(screen.Get()));
+  bitmap_.reset(CreateCompatibleBitmap(screen.Get(), std::max(width, 1), std::max(height, 1)));
   if (!dc_ || !bitmap_) {
     Free();
     return false;
   }
-  original_ = SelectObject(dc_, bitmap_);
+  original_ = SelectObject(dc_.get(), bitmap_.get());
   return true;
 }
 
 void BackBuffer::Free() noexcept {
-  if (dc_ && original_) SelectObject(dc_, original_);
-  if (dc_) DeleteDC(dc_);
-  if (bitmap_) DeleteObject(bitmap_);
-  dc_ = nullptr;
-  bitmap_ = nullptr;
+  if (original_) SelectObject(dc_.get(), original_);
   original_ = nullptr;
+  dc_.reset();
+  bitmap_.reset();
 }

@@ -1,7 +1,7 @@
 // Marlux 3. The memory picture that a double-buffered window is drawn into before it is copied to the screen.
 #pragma once
 
-#include <windows.h>
+#include "toolkit/GdiHandle.h"
 
 class BackBuffer {
  public:
@@ -12,12 +12,12 @@ class BackBuffer {
 
   // Pixels; at least one in each direction. False, with no picture, when the system has no room for it.
   bool Resize(HWND window, int width, int height);
-  [[nodiscard]] HDC Dc() const noexcept { return dc_; }  // null when there is no picture
+  [[nodiscard]] HDC Dc() const noexcept { return dc_.get(); }  // null when there is no picture
 
  private:
   void Free() noexcept;
 
-  HDC dc_ = nullptr;
-  HBITMAP bitmap_ = nullptr;
+  MemoryDc dc_;
+  BitmapHandle bitmap_;
   HGDIOBJ original_ = nullptr;  // the bitmap that came with the context; selected back before it goes
 };

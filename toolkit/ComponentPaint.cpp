@@ -26,29 +26,25 @@ TmyComponent::Outcome TmyComponent::PaintMessage(UINT message, WPARAM wParam) {
 }
 
 void TmyComponent::PaintBuffered() {
-  PAINTSTRUCT paint;
-  const HDC screen = BeginPaint(Handle(), &paint);
-  if (!screen) return;  // the system asks again
+  const PaintDc screen(Handle(), nullptr);
+  if (!screen.Get()) return;  // the system asks again
   const HDC memory = backBuffer_->Dc();
-  const RECT& dirty = paint.rcPaint;
+  const RECT& dirty = screen.Dirty();
   SelectClipRgn(memory, nullptr);
   IntersectClipRect(memory, dirty.left, dirty.top, dirty.right, dirty.bottom);
   SendMessageA(Handle(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), 0);
   SendMessageA(Handle(), WM_PAINT, reinterpret_cast<WPARAM>(memory), 0);
-  BitBlt(screen, 0, 0, clientWidth_, clientHeight_, memory, 0, 0, SRCCOPY);
-  EndPaint(Handle(), &paint);
+  BitBlt(screen.Get(), 0, 0, clientWidth_, clientHeight_, memory, 0, 0, SRCCOPY);
 }
 
 void TmyComponent::PaintInto(HDC given) {
-  PAINTSTRUCT paint;
-  const HDC dc = given ? given : BeginPaint(Handle(), &paint);
-  if (!dc) return;
+  const PaintDc dc(Handle(), given);
+  if (!dc.Get()) return;
   RECT clip = {};
-  GetClipBox(dc, &clip);
-  PaintControls(dc, clip, false);
-  Paint(dc);
-  PaintControls(dc, clip, true);
-  if (!given) EndPaint(Handle(), &paint);
+  GetClipBox(dc.Get(), &clip);
+  PaintControls(dc.Get(), clip, false);
+  Paint(dc.Get());
+  PaintControls(dc.Get(), clip, true);
 }
 
 void TmyComponent::PaintControls(HDC dc, const RECT& clip, bool afterOwner) {
@@ -56,10 +52,9 @@ void TmyComponent::PaintControls(HDC dc, const RECT& clip, bool afterOwner) {
     RECT common;
     if (control->PaintsAfterOwner() != afterOwner || !control->IsVisible()) continue;
     if (!IntersectRect(&common, &clip, &control->Bounds())) continue;
-    SetWindowOrgEx(dc, -control->Bounds().left, -control->Bounds().top, nullptr);
+    const ShiftedOrigin origin(dc, control->Bounds().left, control->Bounds().top);
     control->Paint(dc);
   }
-  SetWindowOrgEx(dc, 0, 0, nullptr);
 }
 
 LRESULT TmyComponent::EraseBackground(HDC dc) {

@@ -43,10 +43,11 @@ void GridPainter::Paint(int clientWidth, int clientHeight) {
   if (!IntersectRect(&dirty_, &dirty_, &all)) return;
   const RECT corner = {layout_.area.right, layout_.area.bottom, clientWidth, clientHeight};
   if (Touches(dirty_, corner)) ThemeDraw::Fill(dc_, corner, color_.surface);
-  const int saved = SaveDC(dc_);
-  IntersectClipRect(dc_, layout_.area.left, layout_.area.top, layout_.area.right, layout_.area.bottom);
-  PaintRecords();
-  RestoreDC(dc_, saved);
+  {
+    const SavedDc saved(dc_);
+    IntersectClipRect(dc_, layout_.area.left, layout_.area.top, layout_.area.right, layout_.area.bottom);
+    PaintRecords();
+  }
   if (dirty_.top < GridGeometry::TitleRow(layout_).bottom) PaintTitles(clientWidth);
   PaintFrame(clientWidth, clientHeight);
 }
@@ -62,10 +63,11 @@ void GridPainter::PaintTitles(int clientWidth) {
   RECT band = GridGeometry::TitleRow(layout_);
   band.right = clientWidth;
   ThemeDraw::Fill(dc_, band, color_.header);
-  const int saved = SaveDC(dc_);
-  IntersectClipRect(dc_, layout_.area.left, band.top, layout_.area.right, band.bottom);
-  for (uint32_t column = 0; column < layout_.columns; ++column) PaintTitle(column);
-  RestoreDC(dc_, saved);
+  {
+    const SavedDc saved(dc_);
+    IntersectClipRect(dc_, layout_.area.left, band.top, layout_.area.right, band.bottom);
+    for (uint32_t column = 0; column < layout_.columns; ++column) PaintTitle(column);
+  }
   ThemeDraw::Fill(dc_, {band.left, band.bottom - 1, band.right, band.bottom}, color_.line);
   ThemeDraw::Fill(dc_, {layout_.area.right, band.top, layout_.area.right + 1, band.bottom}, color_.line);
 }

@@ -83,18 +83,17 @@ TmyListBox* TmyComboBox2::OpenList() const noexcept {
 // Measured when the list opens for the first time: filling would have to do it for every item.
 int TmyComboBox2::TextWidth() {
   if (textWidth_ >= 0) return textWidth_;
-  const HDC screen = GetDC(nullptr);
+  const WindowDc screen(nullptr);
   LONG widest = 0;
   {
-    const Selected font(screen, Font());
+    const Selected font(screen.Get(), Font());
     for (uint32_t i = 0; i < items_.Count(); ++i) {
       const std::string_view text = items_.Get(i)->text.View();
       SIZE size = {};
-      GetTextExtentPoint32A(screen, text.data(), static_cast<int>(text.size()), &size);
+      GetTextExtentPoint32A(screen.Get(), text.data(), static_cast<int>(text.size()), &size);
       widest = std::max(widest, size.cx);
     }
   }
-  ReleaseDC(nullptr, screen);
   textWidth_ = static_cast<int>(widest) + 2 * TmyListBox::TextInset();
   return textWidth_;
 }

@@ -234,22 +234,20 @@ void TmyEdit::PaintFrame() {
   MapWindowPoints(Handle(), nullptr, reinterpret_cast<POINT*>(&client), 2);
   OffsetRect(&client, -all.left, -all.top);
   OffsetRect(&all, -all.left, -all.top);
-  const HDC dc = GetWindowDC(Handle());
-  if (!dc) return;
-  ExcludeClipRect(dc, client.left, client.top, client.right, client.bottom);
-  ThemeDraw::Fill(dc, all, BackgroundColor());
-  ThemeDraw::Frame(dc, all, focused_ && IsEnabled() ? Theme().Color().accent : Theme().Color().line);
-  ReleaseDC(Handle(), dc);
+  const WindowDc dc(Handle(), GetWindowDC(Handle()));
+  if (!dc.Get()) return;
+  ExcludeClipRect(dc.Get(), client.left, client.top, client.right, client.bottom);
+  ThemeDraw::Fill(dc.Get(), all, BackgroundColor());
+  ThemeDraw::Frame(dc.Get(), all, focused_ && IsEnabled() ? Theme().Color().accent : Theme().Color().line);
 }
 
 // The system's control would write in the system's grey.
 void TmyEdit::PaintDisabled(HDC given) {
-  PAINTSTRUCT paint;
-  const HDC dc = given ? given : BeginPaint(Handle(), &paint);
-  if (!dc) return;
+  const PaintDc dc(Handle(), given);
+  if (!dc.Get()) return;
   const RECT area = {0, 0, ClientWidth(), ClientHeight()};
-  ThemeDraw::Fill(dc, area, BackgroundColor());
+  ThemeDraw::Fill(dc.Get(), area, BackgroundColor());
   const RECT place = {0, 0, area.right - (align_ == Align::kRight ? 0 : kCaretRoom), area.bottom};
-  ThemeDraw::Text(dc, place, Text().View(), DisabledTextColor(), Font(), align_ == Align::kRight ? DT_RIGHT : DT_LEFT);
-  if (!given) EndPaint(Handle(), &paint);
+  ThemeDraw::Text(dc.Get(), place, Text().View(), DisabledTextColor(), Font(),
+                  align_ == Align::kRight ? DT_RIGHT : DT_LEFT);
 }

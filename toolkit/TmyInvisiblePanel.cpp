@@ -12,11 +12,10 @@ TmyInvisiblePanel::TmyInvisiblePanel(TmyComponent& parent)
 LRESULT TmyInvisiblePanel::EraseBackground(HDC dc) {
   TmyComponent* below = GetParent();
   if (!below || !below->IsAlive()) return TmyComponent::EraseBackground(dc);
-  const int saved = SaveDC(dc);
+  const SavedDc saved(dc);
   SetViewportOrgEx(dc, -Bounds().left, -Bounds().top, nullptr);
   below->EraseBackground(dc);
   SendMessageA(below->Handle(), WM_PAINT, reinterpret_cast<WPARAM>(dc), 0);
-  RestoreDC(dc, saved);
   return 1;
 }
 

@@ -25,13 +25,10 @@ void TmyLabel::SetSecondary(bool secondary) {
 }
 
 SIZE TmyLabel::SizeFor(int most) const {
-  const HDC screen = GetDC(nullptr);
+  const WindowDc screen(nullptr);
+  const Selected selected(screen.Get(), Font());
   RECT area = {0, 0, most, 0};
-  {
-    const Selected selected(screen, Font());
-    DrawTextA(screen, text_.Chars(), -1, &area, kFormat | DT_CALCRECT);
-  }
-  ReleaseDC(nullptr, screen);
+  DrawTextA(screen.Get(), text_.Chars(), -1, &area, kFormat | DT_CALCRECT);
   return {area.right, area.bottom};
 }
 

@@ -31,13 +31,10 @@ TmyStringGrid::TmyStringGrid(TmyComponent& parent)
 }
 
 void TmyStringGrid::MeasureFont() {
-  const HDC dc = GetDC(Handle());
+  const WindowDc dc(Handle());
+  const Selected font(dc.Get(), Font());
   SIZE size = {};
-  {
-    const Selected font(dc, Font());
-    GetTextExtentPoint32A(dc, kRowSample.data(), static_cast<int>(kRowSample.size()), &size);
-  }
-  ReleaseDC(Handle(), dc);
+  GetTextExtentPoint32A(dc.Get(), kRowSample.data(), static_cast<int>(kRowSample.size()), &size);
   layout_.rowHeight = std::max<int>(1, size.cy + kRowMargin);
   layout_.titleHeight = layout_.rowHeight + kRowMargin;
   horizontal_->SetLine(Theme().Scaled(20));
@@ -107,9 +104,8 @@ void TmyStringGrid::ScaleWidths(int multiplier, int divisor) {
 
 void TmyStringGrid::FitColumn(uint32_t column) {
   if (column >= layout_.columns) return;
-  const HDC dc = GetDC(Handle());
-  const int width = GridPainter(dc, layout_, state_, Theme(), Font()).FittingWidth(column);
-  ReleaseDC(Handle(), dc);
+  const WindowDc dc(Handle());
+  const int width = GridPainter(dc.Get(), layout_, state_, Theme(), Font()).FittingWidth(column);
   SetColumnWidth(column, GridGeometry::DrawnWidth(width));
 }
 

@@ -76,13 +76,10 @@ bool TmyTheme::LoadFonts() {
   message_.reset(CreateFontIndirectA(&font));
   font.lfWeight = FW_BOLD;
   bold_.reset(CreateFontIndirectA(&font));
-  const HDC screen = GetDC(nullptr);
+  const WindowDc screen(nullptr);
+  const Selected selected(screen.Get(), Get(Font::kMessage));
   TEXTMETRICA text = {};
-  {
-    const Selected selected(screen, Get(Font::kMessage));
-    GetTextMetricsA(screen, &text);
-  }
-  ReleaseDC(nullptr, screen);
+  GetTextMetricsA(screen.Get(), &text);
   textHeight_ = std::max<int>(text.tmHeight, 8);
   return true;
 }
@@ -94,12 +91,9 @@ HFONT TmyTheme::Get(Font font) const noexcept {
 }
 
 int TmyTheme::TextWidth(std::string_view text, Font font) const {
-  const HDC screen = GetDC(nullptr);
+  const WindowDc screen(nullptr);
+  const Selected selected(screen.Get(), Get(font));
   SIZE size = {};
-  {
-    const Selected selected(screen, Get(font));
-    GetTextExtentPoint32A(screen, text.data(), static_cast<int>(text.size()), &size);
-  }
-  ReleaseDC(nullptr, screen);
+  GetTextExtentPoint32A(screen.Get(), text.data(), static_cast<int>(text.size()), &size);
   return size.cx;
 }

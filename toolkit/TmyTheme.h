@@ -12,7 +12,7 @@
 
 class TmyTheme {
  public:
-  enum class Font { kMessage, kBold, kSymbol };
+  enum class Font { kMessage, kBold };
 
   struct Colors {
     COLORREF surface, field, alternateRow, line, text, secondary, disabled;
