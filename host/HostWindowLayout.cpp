@@ -96,22 +96,10 @@ void HostWindow::Layout() {
 }
 
 void HostWindow::Paint() {
-  PAINTSTRUCT paint;
-  const HDC screen = BeginPaint(window_, &paint);
-  RECT area;
-  GetClientRect(window_, &area);
-  const HDC dc = CreateCompatibleDC(screen);
-  {
-    const GdiObject<HBITMAP> bitmap(CreateCompatibleBitmap(screen, area.right, area.bottom));
-    const HGDIOBJ before = SelectObject(dc, bitmap);
-    theme_.Fill(dc, area, theme_.colours.surface);
-    PaintHeader(dc);
-    PaintLabels(dc);
-    BitBlt(screen, 0, 0, area.right, area.bottom, dc, 0, 0, SRCCOPY);
-    SelectObject(dc, before);
-  }
-  DeleteDC(dc);
-  EndPaint(window_, &paint);
+  const BufferedPaint paint(window_);
+  theme_.Fill(paint.Dc(), paint.Area(), theme_.colours.surface);
+  PaintHeader(paint.Dc());
+  PaintLabels(paint.Dc());
 }
 
 // 9420 kHz  AM

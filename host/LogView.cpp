@@ -147,28 +147,18 @@ RECT LogView::Thumb() const {
 }
 
 void LogView::Paint() {
-  PAINTSTRUCT paint;
-  const HDC screen = BeginPaint(window_, &paint);
-  const RECT area = Client();
-  const HDC dc = CreateCompatibleDC(screen);
-  {
-    const GdiObject<HBITMAP> bitmap(CreateCompatibleBitmap(screen, area.right, area.bottom));
-    const HGDIOBJ before = SelectObject(dc, bitmap);
-    const bool focused = GetFocus() == window_;
-    theme_.Fill(dc, area, theme_.colours.surface);
-    theme_.Box(dc, area, theme_.colours.field, focused ? theme_.colours.accent : theme_.colours.line);
-    RECT row = {1, theme_.Scale(4), Bar().left - theme_.Scale(2), 0};
-    for (int i = top_; i < Count() && i < top_ + Page(); ++i) {
-      row.bottom = row.top + theme_.RowHeight();
-      PaintLine(dc, row, log_.Lines()[static_cast<size_t>(i)], i % 2 != 0);
-      row.top = row.bottom;
-    }
-    PaintBar(dc);
-    BitBlt(screen, 0, 0, area.right, area.bottom, dc, 0, 0, SRCCOPY);
-    SelectObject(dc, before);
+  const BufferedPaint paint(window_);
+  const HDC dc = paint.Dc();
+  const bool focused = GetFocus() == window_;
+  theme_.Fill(dc, paint.Area(), theme_.colours.surface);
+  theme_.Box(dc, paint.Area(), theme_.colours.field, focused ? theme_.colours.accent : theme_.colours.line);
+  RECT row = {1, theme_.Scale(4), Bar().left - theme_.Scale(2), 0};
+  for (int i = top_; i < Count() && i < top_ + Page(); ++i) {
+    row.bottom = row.top + theme_.RowHeight();
+    PaintLine(dc, row, log_.Lines()[static_cast<size_t>(i)], i % 2 != 0);
+    row.top = row.bottom;
   }
-  DeleteDC(dc);
-  EndPaint(window_, &paint);
+  PaintBar(dc);
 }
 
 void LogView::PaintLine(HDC dc, const RECT& area, const LogLine& line, bool odd) const {

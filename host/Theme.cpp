@@ -3,10 +3,7 @@
 namespace {
 
 int ScreenDpi() {
-  const HDC dc = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(dc, LOGPIXELSY);
-  ReleaseDC(nullptr, dc);
-  return dpi;
+  return GetDeviceCaps(ScreenDc(), LOGPIXELSY);
 }
 
 LOGFONTA MessageFont() {
@@ -57,7 +54,28 @@ Theme::Colours ColoursNow() {
           .notify = RGB(0x1B, 0x6E, 0x3C)};
 }
 
+RECT ClientOf(HWND window) {
+  RECT area{};
+  GetClientRect(window, &area);
+  return area;
+}
+
 }  // namespace
+
+BufferedPaint::BufferedPaint(HWND window)
+    : window_(window),
+      area_(ClientOf(window)),
+      screen_(BeginPaint(window, &paint_)),
+      memory_(CreateCompatibleDC(screen_)),
+      bitmap_(CreateCompatibleBitmap(screen_, area_.right, area_.bottom)),
+      before_(SelectObject(memory_, bitmap_)) {}
+
+BufferedPaint::~BufferedPaint() {
+  BitBlt(screen_, 0, 0, area_.right, area_.bottom, memory_, 0, 0, SRCCOPY);
+  SelectObject(memory_, before_);
+  DeleteDC(memory_);
+  EndPaint(window_, &paint_);
+}
 
 Theme::Theme()
     : colours(ColoursNow()),
@@ -66,22 +84,20 @@ Theme::Theme()
       font_(Made(message_, FW_NORMAL, 1)),
       bold_(Made(message_, FW_BOLD, 1)),
       display_(Made(message_, FW_NORMAL, 3)) {
-  const HDC dc = GetDC(nullptr);
+  const ScreenDc dc;
   const HGDIOBJ before = SelectObject(dc, font_);
   TEXTMETRICA metrics{};
   GetTextMetricsA(dc, &metrics);
   textHeight_ = metrics.tmHeight;
   SelectObject(dc, before);
-  ReleaseDC(nullptr, dc);
 }
 
 int Theme::TextWidth(const std::string& text, HFONT font) const {
-  const HDC dc = GetDC(nullptr);
+  const ScreenDc dc;
   const HGDIOBJ before = SelectObject(dc, font);
   SIZE size{};
   GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
   SelectObject(dc, before);
-  ReleaseDC(nullptr, dc);
   return size.cx;
 }
 

@@ -20,6 +20,38 @@ class GdiObject {
   Handle handle_;
 };
 
+// A context of the screen, to measure with.
+class ScreenDc {
+ public:
+  ScreenDc() : dc_(GetDC(nullptr)) {}
+  ScreenDc(const ScreenDc&) = delete;
+  ScreenDc& operator=(const ScreenDc&) = delete;
+  ~ScreenDc() { ReleaseDC(nullptr, dc_); }
+  operator HDC() const { return dc_; }  // NOLINT(google-explicit-constructor): as above
+
+ private:
+  HDC dc_;
+};
+
+// A WM_PAINT of a window: what is drawn goes into memory and comes to the screen as one picture at the end.
+class BufferedPaint {
+ public:
+  explicit BufferedPaint(HWND window);
+  BufferedPaint(const BufferedPaint&) = delete;
+  BufferedPaint& operator=(const BufferedPaint&) = delete;
+  ~BufferedPaint();
+  [[nodiscard]] HDC Dc() const { return memory_; }
+  [[nodiscard]] const RECT& Area() const { return area_; }  // the window's client area
+
+ private:
+  HWND window_;
+  RECT area_ = {};
+  PAINTSTRUCT paint_ = {};
+  HDC screen_, memory_;
+  GdiObject<HBITMAP> bitmap_;
+  HGDIOBJ before_;
+};
+
 class Theme {
  public:
   struct Colours {
