@@ -6,6 +6,7 @@
 #include "foundation/FolderFiles.h"
 #include "foundation/LostTexts.h"
 #include "foundation/SwapFile.h"
+#include "foundation/SystemHandle.h"
 #include "foundation/TmyStringList.h"
 #include "schedule/EibiReader.h"
 
@@ -55,10 +56,8 @@ bool Copy(const TmyString& from, const TmyString& to) {
 // The disk does not tell a short name from its long one: the name leads to another's file.
 bool IsAnothersName(const TmyString& folder, const TmyString& name) {
   WIN32_FIND_DATAA found;
-  const HANDLE search = FindFirstFileA(InPath(folder, name).Chars(), &found);
-  if (search == INVALID_HANDLE_VALUE) return false;
-  FindClose(search);
-  return lstrcmpiA(name.Chars(), found.cFileName) != 0;
+  const FindHandle search(HandleOrNull(FindFirstFileA(InPath(folder, name).Chars(), &found)));
+  return search && lstrcmpiA(name.Chars(), found.cFileName) != 0;
 }
 
 }  // namespace

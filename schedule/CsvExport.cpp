@@ -16,7 +16,7 @@ CsvExport::CsvExport(const TmyString& path) : path_(path) {
 
 CsvExport::~CsvExport() {
   if (!file_) return;
-  CloseFile();
+  file_.reset();
   DeleteFileA(aside_.Chars());
 }
 
@@ -28,14 +28,11 @@ void CsvExport::Open() {
     return;
   }
   aside_ = aside;
-  const HANDLE opened =
-      CreateFileA(aside_.Chars(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (opened == INVALID_HANDLE_VALUE) {
-    error_ = GetLastError();
-    DeleteFileA(aside_.Chars());
-  } else {
-    file_ = opened;
-  }
+  file_.reset(HandleOrNull(
+      CreateFileA(aside_.Chars(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)));
+  if (file_) return;
+  error_ = GetLastError();
+  DeleteFileA(aside_.Chars());
 }
 
 TmyString CsvExport::LineOf(const TmyStringList& cells) {
@@ -52,7 +49,7 @@ void CsvExport::Flush() {
   if (error_ != ERROR_SUCCESS) return;
   DWORD written = 0;
   const auto size = static_cast<DWORD>(pending_.size());
-  if (!WriteFile(file_, pending_.data(), size, &written, nullptr)) {
+  if (!WriteFile(file_.get(), pending_.data(), size, &written, nullptr)) {
     error_ = GetLastError();
   } else if (written != size) {
     error_ = ERROR_DISK_FULL;
@@ -60,15 +57,10 @@ void CsvExport::Flush() {
   pending_.clear();
 }
 
-void CsvExport::CloseFile() noexcept {
-  CloseHandle(file_);
-  file_ = nullptr;
-}
-
 DWORD CsvExport::Finish() {
   if (!file_) return error_;
   Flush();
-  CloseFile();
+  file_.reset();
   if (error_ == ERROR_SUCCESS && !MoveFileExA(aside_.Chars(), path_.Chars(), MOVEFILE_REPLACE_EXISTING)) {
     error_ = GetLastError();
   }

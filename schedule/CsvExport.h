@@ -6,10 +6,9 @@
 //   const uint32_t error = file.Finish();
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 
+#include "foundation/SystemHandle.h"
 #include "foundation/TmyString.h"
 #include "foundation/TmyStringList.h"
 
@@ -28,11 +27,10 @@ class CsvExport {
  private:
   void Open();
   void Flush();
-  void CloseFile() noexcept;
 
   TmyString path_;
   TmyString aside_;
-  std::string pending_;    // lines not written yet; a string that keeps its room
-  HANDLE file_ = nullptr;  // closed by CloseFile
+  std::string pending_;  // lines not written yet; a string that keeps its room
+  SystemHandle file_;
   DWORD error_ = ERROR_SUCCESS;
 };

@@ -16,6 +16,7 @@
 
 #include <memory>
 
+#include "foundation/SystemHandle.h"
 #include "foundation/TmyFile.h"
 
 class TmyFileDirect : public TmyFile {
@@ -81,10 +82,6 @@ class TmyFileDirect : public TmyFile {
   [[nodiscard]] uint64_t LogicalEnd() const noexcept { return base_ + tailUsed_; }
   [[nodiscard]] uint8_t* Tail() noexcept { return memory_.get(); }
 
-  struct HandleCloser {
-    void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
-  };
-
   uint32_t blockSize_ = 0;
   uint32_t stagingCapacity_ = 0;
   uint32_t tailUsed_ = 0;    // always less than a block
@@ -93,7 +90,7 @@ class TmyFileDirect : public TmyFile {
   uint64_t base_ = 0;        // offset of the tail's first byte, a multiple of the block
   uint64_t readAt_ = 0;
   Pages memory_;  // the tail, one block, and behind it the staging buffer
-  std::unique_ptr<void, HandleCloser> event_;
+  SystemHandle event_;
   OVERLAPPED overlapped_ = {};
   bool transferring_ = false;
   bool writtenTo_ = false;

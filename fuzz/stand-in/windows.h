@@ -84,6 +84,7 @@ SIZE_T VirtualQuery(const void* at, MEMORY_BASIC_INFORMATION* region, SIZE_T siz
 // Backslashes lead into folders. Sharing is checked as far as writing goes; transfers end before they return.
 HANDLE CreateFileA(const char* name, DWORD access, DWORD share, void*, DWORD disposition, DWORD flags, HANDLE);
 BOOL CloseHandle(HANDLE handle);
+BOOL FindClose(HANDLE search);  // only named
 BOOL ReadFile(HANDLE handle, void* data, DWORD length, DWORD* got, OVERLAPPED* at);
 BOOL WriteFile(HANDLE handle, const void* data, DWORD length, DWORD* written, OVERLAPPED* at);
 BOOL GetFileSizeEx(HANDLE handle, LARGE_INTEGER* size);
