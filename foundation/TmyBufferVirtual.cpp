@@ -3,7 +3,17 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <stdexcept>
+#include <new>
+
+namespace {
+
+// All that is thrown is a bad_alloc, which is all that is caught.
+class NoMemory : public std::bad_alloc {
+ public:
+  [[nodiscard]] const char* what() const noexcept override { return "No memory"; }
+};
+
+}  // namespace
 
 TmyBufferVirtual::TmyBufferVirtual(uint32_t initial, uint32_t maximum) : TmyBuffer(Unallocated{}) {
   SYSTEM_INFO system;
@@ -14,7 +24,7 @@ TmyBufferVirtual::TmyBufferVirtual(uint32_t initial, uint32_t maximum) : TmyBuff
   ReserveAddressSpace(std::max({first, RoundUpToPage(maximum), pageSize_}));
   if (!data_ || (first > 0 && !VirtualAlloc(data_, first, MEM_COMMIT, PAGE_READWRITE))) {
     Free();
-    throw std::runtime_error("No memory");
+    throw NoMemory();
   }
   capacity_ = minimum_ = first;
 }

@@ -5,8 +5,8 @@
 
 class TmyBufferVirtual : public TmyBuffer {
  public:
-  // Bytes, rounded up to pages. Takes less address space than asked for when there is no more; throws
-  // std::runtime_error("No memory") when the initial pages cannot be committed.
+  // Bytes, rounded up to pages. Takes less address space than asked for when there is no more; throws a std::bad_alloc
+  // that says "No memory" when the initial pages cannot be committed.
   TmyBufferVirtual(uint32_t initial, uint32_t maximum);
   ~TmyBufferVirtual() override;
 
