@@ -2,22 +2,8 @@
 
 #include <algorithm>
 
+#include "foundation/ScopedFlag.h"
 #include "toolkit/TmyApplication.h"
-
-namespace {
-
-class Busy {
- public:
-  explicit Busy(bool& flag) noexcept : flag_(flag) { flag_ = true; }
-  ~Busy() { flag_ = false; }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-
- private:
-  bool& flag_;
-};
-
-}  // namespace
 
 ScheduleGrid::ScheduleGrid(TmyComponent& parent) : grid_(new TmyStringGrid(parent)) {
   grid_->SetModel(this);
@@ -80,7 +66,7 @@ void ScheduleGrid::MoveSort(int column) {
 
 void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bool changedOnly) {
   if (isRefreshing_) return;
-  const Busy busy(isRefreshing_);
+  const ScopedFlag refreshing(isRefreshing_);
   const uint32_t row = grid_->CurrentRow();
   const void* current = ShowsRecord(row) ? RecordAt(TmyStringGrid::RecordOf(row)) : nullptr;
   const bool filters = !changedOnly || !isFiltered_ || !(filter == filter_) || !(zone == zone_);

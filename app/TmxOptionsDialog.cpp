@@ -14,7 +14,6 @@ constexpr int kListWidth = 170;  // at 96 dpi
 constexpr int kListRows = 14;
 constexpr int kLeastListWidth = 100;
 constexpr int kLeastListRows = 4;
-constexpr LPARAM kRepeated = LPARAM{1} << 30;  // the key was down already
 
 const TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
@@ -218,7 +217,7 @@ void TmxOptionsDialog::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM fl
   if (key == VK_RETURN && !withAlt) {
     const TmyControl* button = sender.FocusedControl();
     if (button && button->IsEnabled()) return;
-    if ((flags & kRepeated) == 0) Confirm();  // not the Enter that opened the dialog
+    if (!ListKeys::IsRepeated(flags)) Confirm();  // not the Enter that opened the dialog
   } else if (key == VK_INSERT && &sender == available_) {
     Add();
   } else if (key == VK_DELETE && inSelected) {

@@ -222,12 +222,7 @@ void TmxWindow::CheckForUpdates(TmyMenuItem&) {
 
 // Also when memory runs short inside, which ends the message that we are in.
 DownloadResult TmxWindow::RunDownload() {
-  struct Raised {
-    explicit Raised(bool& raised) : flag(raised) { flag = true; }
-    ~Raised() { flag = false; }
-    bool& flag;
-  };
-  const Raised open(isDownloading_);
+  const ScopedFlag open(isDownloading_);
   return TmxDownloadWindow::Run(*this, DataFolder());
 }
 

@@ -12,6 +12,7 @@
 #include "scheduler/TmxTaskWindow.h"
 #include "toolkit/CentredPlace.h"
 #include "toolkit/FocusOrder.h"
+#include "toolkit/ListKeys.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyMsgBox.h"
 
@@ -25,9 +26,8 @@ constexpr int kLeastHeight = 208;
 constexpr int kBesideColumns = 10;  // pixels that the window is at least wider than its columns
 constexpr int kFirstRows = 8;
 constexpr uint32_t kLeastRows = 3;
-constexpr int kCellMargin = 17;                // beside a cell's text, both sides together, at 96 dpi
-constexpr int kYes = 1;                        // the question's first button
-constexpr LPARAM kRepeated = LPARAM{1} << 30;  // the key was down already
+constexpr int kCellMargin = 17;  // beside a cell's text, both sides together, at 96 dpi
+constexpr int kYes = 1;          // the question's first button
 
 constexpr TmyGridColumn kColumns[] = {{"Active"},         {"Frequency", 0, true}, {"From"}, {"To"},
                                       {"Start", 0, true}, {"Stop", 0, true},      {"Mode"}, {"Days"}};
@@ -318,7 +318,7 @@ void TmxSchedulerWindow::PostNewTask(std::unique_ptr<TmxTask> task) {
 void TmxSchedulerWindow::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) {
   if (&sender != grid_ || (key != VK_INSERT && key != VK_DELETE)) return;
   const bool isInsert = std::exchange(key, 0) == VK_INSERT;
-  const bool isHeld = (flags & kRepeated) != 0;  // one press asks once, and once confirmed takes no other task along
+  const bool isHeld = ListKeys::IsRepeated(flags);  // one press asks once, and once confirmed takes no other task along
   if (isHeld || GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_MENU) < 0) return;
   isInsert ? NewTaskWanted(nullptr) : DeleteSelected();
 }

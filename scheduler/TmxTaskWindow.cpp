@@ -21,7 +21,6 @@ namespace {
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_TABSTOP | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr int64_t kHzInKhz = 1000;
-constexpr LPARAM kRepeated = LPARAM{1} << 30;  // the key was down already
 
 // The lines from the top; the check box stands above them.
 constexpr const char* kLabels[] = {"From date", "To date", "Start time", "Stop time", "Frequency", "Mode", "Days"};
@@ -252,7 +251,7 @@ void TmxTaskWindow::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags
   const bool isEdit = &sender == start_ || &sender == stop_ || &sender == frequency_;
   if (isOnButton || isOpen || isEdit) return;
   key = 0;
-  if ((flags & kRepeated) == 0) Confirm();  // not the Enter that opened the dialog
+  if (!ListKeys::IsRepeated(flags)) Confirm();  // not the Enter that opened the dialog
 }
 
 void TmxTaskWindow::Confirm() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "toolkit/ListKeys.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyStringGrid.h"
 
@@ -14,8 +15,6 @@ using GridGeometry::Part;
 constexpr int kDragDistance = 6;  // from which on a pressed title is dragged, at 96 dpi
 constexpr uintptr_t kScrollTimer = 1;
 constexpr UINT kScrollMilliseconds = 60;
-constexpr LPARAM kAltHeld = LPARAM{1} << 29;
-constexpr LPARAM kRepeated = LPARAM{1} << 30;  // the key was down already
 
 bool IsDown(int key) {
   return GetKeyState(key) < 0;
@@ -226,14 +225,14 @@ bool TmyStringGrid::ActOnCurrent(uint32_t key) {
 }
 
 bool TmyStringGrid::KeyDown(uint32_t key, LPARAM flags) {
-  if ((flags & kAltHeld) != 0) return TmyComponent::KeyDown(key, flags);
+  if (ListKeys::IsWithAlt(flags)) return TmyComponent::KeyDown(key, flags);
   if (key == VK_LEFT || key == VK_RIGHT) {
     const int64_t step = int64_t{GridGeometry::kMinWidth} * 3;
     horizontal_->ScrollBy(key == VK_LEFT ? -step : step);
     return true;
   }
   // A key held down activates once.
-  if ((key == VK_RETURN || key == VK_SPACE) && (flags & kRepeated) != 0) return true;
+  if ((key == VK_RETURN || key == VK_SPACE) && ListKeys::IsRepeated(flags)) return true;
   return ActOnCurrent(key) || MoveByKey(key) || TmyComponent::KeyDown(key, flags);
 }
 
@@ -250,7 +249,7 @@ LRESULT TmyStringGrid::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   // Somebody took the mouse while the button is held. (Our own release comes with the button up.)
   if (message == WM_CAPTURECHANGED && IsDown(VK_LBUTTON)) CancelDrag();
   // The dispatcher would also send it to the window, which it closes, as it would do with the key held any longer.
-  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && (CancelDrag() || (lParam & kRepeated) != 0)) return 0;
+  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && (CancelDrag() || ListKeys::IsRepeated(lParam))) return 0;
   if (message == WM_MOUSEHWHEEL && IsAlive()) {
     // Here positive notches turn to the right, which is away from the start.
     horizontal_->ScrollByNotches(-sideways_.Notches(GET_WHEEL_DELTA_WPARAM(wParam)));

@@ -46,8 +46,7 @@ void TmyDropPanel::DropGone() {
 LRESULT TmyDropPanel::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   // Escape closes the window and no more, also when it is held. The dispatcher would also send it to the dialog, so it
   // does not get it.
-  constexpr LPARAM kRepeated = 1 << 30;
-  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && (IsDropped() || (lParam & kRepeated) != 0)) {
+  if (message == WM_KEYDOWN && wParam == VK_ESCAPE && (IsDropped() || ListKeys::IsRepeated(lParam))) {
     Close();
     return 0;
   }

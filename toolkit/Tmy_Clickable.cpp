@@ -8,9 +8,8 @@
 
 namespace {
 
-constexpr int kMarkGap = 6;               // between the mark and its caption, at 96 dpi
-constexpr int kFocusGap = 2;              // between the caption and its focus frame
-constexpr LPARAM kRepeated = 0x40000000;  // in a key's flags: it was down before
+constexpr int kMarkGap = 6;   // between the mark and its caption, at 96 dpi
+constexpr int kFocusGap = 2;  // between the caption and its focus frame
 
 const TmyTheme& Theme() {
   return TmyApplication::Get().Theme();
@@ -59,7 +58,7 @@ bool Tmy_Clickable::IsPressed() const {
 
 bool Tmy_Clickable::KeyDown(uint32_t key, LPARAM flags) {
   if (key != VK_SPACE || ListKeys::IsWithAlt(flags)) return false;
-  if ((flags & kRepeated) == 0) Click();
+  if (!ListKeys::IsRepeated(flags)) Click();
   return true;
 }
 
