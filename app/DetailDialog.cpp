@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "toolkit/ClipboardText.h"
-#include "toolkit/FocusOrder.h"
+#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -173,7 +173,7 @@ void DetailDialog::PreviewKey(TmyComponent&, uint32_t& key, LPARAM) {
 }
 
 void DetailDialog::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) FocusOrderOf(*this).First();
+  if (focused && !FocusedControl()) TabOrder(*this).First();
   TmyComponent::FocusChanged(focused);
 }
 

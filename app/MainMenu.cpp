@@ -1,6 +1,5 @@
 #include "app/MainMenu.h"
 
-// In the order in which the user sees them: the initialisers append as they run.
 MainMenu::MainMenu()
     : file_(bar_.AddSubmenu("&File")),
       checkForUpdates(file_.AddItem("&Check for DB updates")),
@@ -27,9 +26,3 @@ void MainMenu::ListArchives(const std::vector<TmyString>& archives, const TmyStr
   }
   file_.EnableSubmenu(hfccDatabases_, !archives.empty());
 }
-
-GridMenu::GridMenu(TmyMenu& menu)
-    : showDetails(menu.AddItem("Show &details")),
-      tune(menu.AddItem("&Tune to this frequency")),
-      record(menu.AddItem("Start &recording this station")),
-      schedule(menu.AddItem("&Schedule this station")) {}

@@ -1,4 +1,6 @@
 // Marlux 3. The main window's menu bar. Every command has its item as a field; the window binds them to its handlers.
+//
+// The fields stand in the order in which the user sees the items: their initialisers append as they run.
 #pragma once
 
 #include <vector>
@@ -49,15 +51,4 @@ class MainMenu {
  public:
   TmyMenuItem& help;
   TmyMenuItem& about;
-};
-
-// The grid's context menu, for the row that was clicked.
-class TmyPopupMenu;
-struct GridMenu {
-  explicit GridMenu(TmyMenu& menu);
-
-  TmyMenuItem& showDetails;
-  TmyMenuItem& tune;
-  TmyMenuItem& record;
-  TmyMenuItem& schedule;
 };

@@ -1,5 +1,6 @@
 #include "app/StatusBar.h"
 
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

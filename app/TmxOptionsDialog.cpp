@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "toolkit/FocusOrder.h"
 #include "toolkit/ListKeys.h"
+#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -239,7 +239,7 @@ void TmxOptionsDialog::Escape() {
 }
 
 void TmxOptionsDialog::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) FocusOrderOf(*this).First();
+  if (focused && !FocusedControl()) TabOrder(*this).First();
   TmyComponent::FocusChanged(focused);
 }
 

@@ -15,6 +15,7 @@
 #include "foundation/SystemErrorText.h"
 #include "foundation/Trace.h"
 #include "plugin/DataFolders.h"
+#include "plugin/InstanceList.h"
 #include "toolkit/ModulePin.h"
 #include "toolkit/TmyApplication.h"
 

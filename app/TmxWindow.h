@@ -9,6 +9,7 @@
 
 #include "app/Databases.h"
 #include "app/FilterPanel.h"
+#include "app/GridMenu.h"
 #include "app/HelpLibrary.h"
 #include "app/MainMenu.h"
 #include "app/MainRecorder.h"
@@ -18,7 +19,7 @@
 #include "app/StatusBar.h"
 #include "plugin/HostInfo.h"
 #include "plugin/HostLink.h"
-#include "plugin/InstanceList.h"
+#include "plugin/PluginInstance.h"
 #include "toolkit/TmyMsgBox.h"
 #include "toolkit/TmyPopupMenu.h"
 #include "toolkit/TmySplitter.h"

@@ -12,29 +12,8 @@
 // One document at a time. Each function may ask the desk for the next one or end the run, as the last thing it does.
 #pragma once
 
-#include "foundation/TmyString.h"
+#include "download/DownloadDesk.h"
 #include "foundation/TmyStringList.h"
-
-enum class DownloadSite { kEibi, kHfcc };
-
-// What a run works with: the window and its sockets.
-class DownloadDesk {
- public:
-  DownloadDesk() noexcept = default;
-  DownloadDesk(const DownloadDesk&) = delete;
-  DownloadDesk& operator=(const DownloadDesk&) = delete;
-
-  virtual void ShowStatus(const TmyString& line1, const TmyString& line2) = 0;
-  // Of the document, in bytes; an expected count of 0 is unknown. Only the lower line changes.
-  virtual void ShowProgress(uint32_t received, uint32_t expected, const TmyString& line2) = 0;
-  virtual void ShowWorking(bool working) = 0;  // false: the run has ended, or it seemed so
-  // In place of the one before, of which nothing is heard any more.
-  virtual void Request(DownloadSite site, const TmyString& path) = 0;
-  virtual void DropRequest() = 0;
-
- protected:
-  ~DownloadDesk() = default;
-};
 
 // A document that arrived, as bytes of the socket's.
 struct DownloadedDocument {

@@ -5,7 +5,7 @@
 
 #include "download/ServerNames.h"
 #include "foundation/Clock.h"
-#include "toolkit/FocusOrder.h"
+#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -110,7 +110,7 @@ void TmxDownloadWindow::ThemeChanged() {
 }
 
 void TmxDownloadWindow::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) FocusOrderOf(*this).First();
+  if (focused && !FocusedControl()) TabOrder(*this).First();
   TmyComponent::FocusChanged(focused);
 }
 

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "toolkit/FocusOrder.h"
+#include "toolkit/TabOrder.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -171,7 +172,7 @@ SampleCell* GalleryWindow::AddCell(const RECT& place) {
 
 void GalleryWindow::Bring(SampleCell& cell, POINT mouse, State state) {
   cell.Enable(state != kDisabled);
-  if (state == kFocused) FocusOrderOf(cell).First();
+  if (state == kFocused) TabOrder(cell).First();
   if (state != kHot && state != kPressed) return;
   SendMouse(cell.Handle(), WM_MOUSEMOVE, 0, PartOf(cell, mouse));
   if (state == kPressed) SendMouse(cell.Handle(), WM_LBUTTONDOWN, MK_LBUTTON, PartOf(cell, mouse));

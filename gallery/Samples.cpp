@@ -1,6 +1,7 @@
 #include "gallery/Samples.h"
 
 #include "toolkit/ProgressBar.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyCalendar.h"
 #include "toolkit/TmyComboBox2.h"

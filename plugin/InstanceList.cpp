@@ -1,9 +1,5 @@
 #include "plugin/InstanceList.h"
 
-PluginInstance::~PluginInstance() {
-  Instances().Remove(*this);
-}
-
 InstanceList& Instances() noexcept {
   static constinit InstanceList list;
   return list;

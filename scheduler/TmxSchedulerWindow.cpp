@@ -11,8 +11,8 @@
 #include "scheduler/TaskTime.h"
 #include "scheduler/TmxTaskWindow.h"
 #include "toolkit/CentredPlace.h"
-#include "toolkit/FocusOrder.h"
 #include "toolkit/ListKeys.h"
+#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyMsgBox.h"
 
@@ -350,7 +350,7 @@ void TmxSchedulerWindow::Destroying() {
 }
 
 void TmxSchedulerWindow::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) FocusOrderOf(*this).First();
+  if (focused && !FocusedControl()) TabOrder(*this).First();
   TmyComponent::FocusChanged(focused);
 }
 

@@ -12,8 +12,9 @@
 #include "scheduler/ZoneTime.h"
 #include "toolkit/CentredPlace.h"
 #include "toolkit/DropField.h"
-#include "toolkit/FocusOrder.h"
 #include "toolkit/ListKeys.h"
+#include "toolkit/TabOrder.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -278,6 +279,6 @@ void TmxTaskWindow::Clicked(Tmy_Btn& button) {
 }
 
 void TmxTaskWindow::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) FocusOrderOf(*this).First();
+  if (focused && !FocusedControl()) TabOrder(*this).First();
   TmyComponent::FocusChanged(focused);
 }

@@ -12,6 +12,7 @@
 #include "toolkit/ListKeys.h"
 #include "toolkit/ModulePin.h"
 #include "toolkit/SmoothShapes.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

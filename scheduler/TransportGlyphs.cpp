@@ -3,7 +3,7 @@
 #include <array>
 
 #include "toolkit/SmoothShapes.h"
-#include "toolkit/TmyTheme.h"
+#include "toolkit/ThemeDraw.h"
 
 namespace {
 

@@ -5,6 +5,7 @@
 
 #include "foundation/Clock.h"
 #include "foundation/Trace.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyHoveringMonitor.h"
 #include "toolkit/myComponents.h"

@@ -1,5 +1,6 @@
 #include "toolkit/DropField.h"
 
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyListBox.h"
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "toolkit/ThemeDraw.h"
+
 namespace {
 
 // `percent` of a, the rest of b.

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <numbers>
 
-#include "toolkit/TmyTheme.h"
+#include "toolkit/ThemeDraw.h"
 
 namespace {
 

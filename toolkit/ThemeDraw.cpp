@@ -1,9 +1,9 @@
-// The drawing that all controls share; declared beside the theme.
+#include "toolkit/ThemeDraw.h"
+
 #include <algorithm>
 #include <cstdint>
-#include <vector>
 
-#include "toolkit/TmyTheme.h"
+#include "toolkit/GdiHandle.h"
 
 namespace {
 

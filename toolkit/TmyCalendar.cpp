@@ -6,6 +6,7 @@
 #include "foundation/Clock.h"
 #include "toolkit/DropField.h"
 #include "toolkit/ListKeys.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyMonthDrop.h"
 

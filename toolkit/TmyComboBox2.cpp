@@ -6,6 +6,7 @@
 #include "toolkit/DropDownPlace.h"
 #include "toolkit/DropField.h"
 #include "toolkit/ListKeys.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyDropDown.h"
 

@@ -1,8 +1,8 @@
 // TmyComponent's construction, children, focus and modal loop; its message dispatch is in myComponents.cpp.
 #include <new>
 
-#include "toolkit/FocusOrder.h"
 #include "toolkit/ModulePin.h"
+#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
@@ -171,7 +171,7 @@ bool TmyComponent::KeyDown(uint32_t key, LPARAM flags) {
   if (focusedControl_ && focusedControl_->IsEnabled() && focusedControl_->KeyDown(key, flags)) return true;
   if (!IsAlive()) return true;
   if (key != VK_TAB || GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_MENU) < 0) return false;
-  FocusOrderOf(*TopLevel()).Move(*this, GetKeyState(VK_SHIFT) >= 0);
+  TabOrder(*TopLevel()).Move(*this, GetKeyState(VK_SHIFT) >= 0);
   return true;
 }
 

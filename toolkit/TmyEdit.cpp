@@ -5,6 +5,7 @@
 
 #include "toolkit/ClipboardText.h"
 #include "toolkit/ListKeys.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

@@ -1,5 +1,6 @@
 #include "toolkit/TmyFloatingSelection.h"
 
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include "foundation/Clock.h"
 #include "toolkit/ListKeys.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include "foundation/Clock.h"
 #include "toolkit/DropDownPlace.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "toolkit/FocusOrder.h"
+#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -72,7 +72,7 @@ void TmyMsgBox::Realign() {
 }
 
 void TmyMsgBox::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) FocusOrderOf(*this).First();
+  if (focused && !FocusedControl()) TabOrder(*this).First();
   TmyComponent::FocusChanged(focused);
 }
 

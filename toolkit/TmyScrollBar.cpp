@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

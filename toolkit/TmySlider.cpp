@@ -4,6 +4,7 @@
 
 #include "toolkit/ListKeys.h"
 #include "toolkit/SmoothShapes.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

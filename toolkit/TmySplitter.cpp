@@ -1,5 +1,6 @@
 #include "toolkit/TmySplitter.h"
 
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 using SplitterGeometry::Keeps;

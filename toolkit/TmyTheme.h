@@ -53,15 +53,3 @@ class TmyTheme {
   int textHeight_ = 15;
   int textPercent_ = 100;
 };
-
-// Drawing that all controls share. Rectangles in the context's coordinates; contexts come back as they were.
-namespace ThemeDraw {
-void Fill(HDC dc, const RECT& area, COLORREF color);
-void Frame(HDC dc, const RECT& area, COLORREF color, int thickness = 1);
-// One line of text, cut with an ellipsis; `format` takes DT_LEFT, DT_CENTER, DT_RIGHT; an "&" is shown as it is unless
-// DT_HIDEPREFIX or `prefix` asks otherwise.
-void Text(HDC dc, const RECT& area, std::string_view text, COLORREF color, HFONT font, UINT format = DT_LEFT,
-          bool prefix = false);
-// A filled polygon with smooth edges, points in sixteenths of a pixel.
-void Polygon(HDC dc, const POINT* points, int count, COLORREF color);
-}  // namespace ThemeDraw

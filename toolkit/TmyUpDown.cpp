@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

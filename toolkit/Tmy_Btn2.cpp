@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "toolkit/SmoothShapes.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

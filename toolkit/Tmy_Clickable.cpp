@@ -3,6 +3,7 @@
 #include <string>
 
 #include "toolkit/ListKeys.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {

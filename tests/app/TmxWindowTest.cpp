@@ -3,6 +3,7 @@
 
 #include "foundation/Clock.h"
 #include "plugin/DataFolders.h"
+#include "plugin/InstanceList.h"
 #include "tests/support/EibiLine.h"
 #include "tests/support/FreshDocumentsFolder.h"
 #include "tests/support/SeasonArchive.h"

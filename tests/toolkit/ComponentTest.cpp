@@ -1,7 +1,7 @@
 // The component model: dispatch of messages to windows and drawn controls, double clicks, focus, destruction.
 #include "tests/support/Pump.h"
 #include "tests/toolkit/ControlFixture.h"
-#include "toolkit/FocusOrder.h"
+#include "toolkit/TabOrder.h"
 #include "toolkit/TmyHoveringMonitor.h"
 #include "toolkit/TmyPanel.h"
 
@@ -100,15 +100,15 @@ TEST_F(ComponentTest, TabWalksThroughWindowsAndDrawnControlsInTheirOrder) {
   Probe hidden(*window_, events_, "hidden");
   hidden.Show(false);
   window_->FocusDrawn(nullptr);
-  FocusOrderOf(*window_).First();
+  TabOrder(*window_).First();
   EXPECT_TRUE(first.HasFocus());
-  FocusOrderOf(*window_).Move(*window_, true);
+  TabOrder(*window_).Move(*window_, true);
   EXPECT_EQ(GetFocus(), panel->Handle());
-  FocusOrderOf(*window_).Move(*panel, true);
+  TabOrder(*window_).Move(*panel, true);
   EXPECT_TRUE(last.HasFocus());
-  FocusOrderOf(*window_).Move(*window_, true);
+  TabOrder(*window_).Move(*window_, true);
   EXPECT_TRUE(first.HasFocus()) << "around the end";
-  FocusOrderOf(*window_).Move(*window_, false);
+  TabOrder(*window_).Move(*window_, false);
   EXPECT_TRUE(last.HasFocus());
 }
 

@@ -17,11 +17,10 @@ struct TmyUpDownTest : EditFixture {
 TEST_F(TmyUpDownTest, StepsAgainAndAgainWhileTheCursorIsOnTheHalfThatIsHeld) {
   Input::Mouse(*upDown_, WM_LBUTTONDOWN, 5, 4);
   EXPECT_EQ(GetFocus(), edit_->Handle());
-  Input::Tick(*upDown_);
-  Input::Mouse(*upDown_, WM_MOUSEMOVE, 5, 20);  // the other half
-  Input::Tick(*upDown_);
-  Input::Mouse(*upDown_, WM_MOUSEMOVE, 5, 4);
-  Input::Tick(*upDown_);
+  for (const int y : {4, 20, 4}) {  // once on the other half
+    Input::Mouse(*upDown_, WM_MOUSEMOVE, 5, y);
+    Input::Tick(*upDown_);
+  }
   Input::Mouse(*upDown_, WM_LBUTTONUP, 5, 4, 0);
   Input::Tick(*upDown_);
   EXPECT_EQ(edit_->Value(), 3);

@@ -1,8 +1,8 @@
-#include "toolkit/FocusOrder.h"
+#include "toolkit/TabOrder.h"
 
 #include "toolkit/TmyApplication.h"
 
-void FocusOrderOf::Collect(TmyComponent& window) {
+void TabOrder::Collect(TmyComponent& window) {
   const size_t before = stops_.size();
   const TmyList& order = window.FocusOrder();
   for (uint32_t i = 0; i < order.Count(); ++i) {
@@ -19,7 +19,7 @@ void FocusOrderOf::Collect(TmyComponent& window) {
   if (stops_.size() == before && window.CanFocus()) stops_.push_back({&window, nullptr});
 }
 
-void FocusOrderOf::Move(TmyComponent& from, bool forward) const {
+void TabOrder::Move(TmyComponent& from, bool forward) const {
   const size_t count = stops_.size();
   if (count == 0) return;
   size_t at = forward ? count - 1 : 0;
@@ -29,11 +29,11 @@ void FocusOrderOf::Move(TmyComponent& from, bool forward) const {
   Go(stops_[forward ? (at + 1) % count : (at + count - 1) % count]);
 }
 
-void FocusOrderOf::First() const {
+void TabOrder::First() const {
   if (!stops_.empty()) Go(stops_.front());
 }
 
-void FocusOrderOf::Go(const Stop& stop) const {
+void TabOrder::Go(const Stop& stop) const {
   const TmyWindowBase::Hold hold;
   stop.window->FocusDrawn(stop.drawn);
   if (!stop.window->IsAlive()) return;

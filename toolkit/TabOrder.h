@@ -5,9 +5,9 @@
 
 #include "toolkit/myComponents.h"
 
-class FocusOrderOf {
+class TabOrder {
  public:
-  explicit FocusOrderOf(TmyComponent& topLevel) { Collect(topLevel); }
+  explicit TabOrder(TmyComponent& topLevel) { Collect(topLevel); }
 
   // From where the keyboard is now (a window, and in it perhaps a drawn control) to the next stop, around the end.
   void Move(TmyComponent& from, bool forward) const;
