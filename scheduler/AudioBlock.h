@@ -44,6 +44,7 @@ class AudioBlock {
     uint32_t count;
   };
   static_assert(sizeof(Header) == 16);
+  static_assert(offsetof(Header, channels) == 8 && offsetof(Header, count) == 12);
 
   Header header_ = {};
   const uint8_t* samples_ = nullptr;  // the host's
