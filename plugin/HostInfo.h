@@ -1,8 +1,7 @@
 // Marlux 3. Our own copy of the block in which the host describes its receiver.
 //
 //   HostInfo info = HostInfo::Copy(hostInfo);
-//   if (const auto range = info.FrequencyRangeKhz()) SetBounds(range->lowestKhz * 1000ull, range->highestKhz *
-//   1000ull);
+//   if (const auto range = info.FrequencyRangeKhz()) Limit(range->lowestKhz, range->highestKhz);
 //
 // The block starts with its size in bytes and holds pointers into itself, which the copy moves to where it lies. A
 // block that makes no sense gives an empty copy, and a pointer that leads outside the copy reads as absent: nothing

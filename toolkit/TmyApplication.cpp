@@ -18,7 +18,7 @@ namespace {
 constexpr size_t kLogBufferSize = 160000;
 constexpr WORD kModuleIcon = 1;  // the first icon of the module's resources; none is no harm
 
-std::unique_ptr<TmyApplication> theApplication;  // one of the three process-wide things; see Get and Shutdown
+std::unique_ptr<TmyApplication> theApplication;  // see Get and Shutdown
 bool terminating = false;
 
 HINSTANCE ModuleOf(const void* address) noexcept {

@@ -10,7 +10,7 @@ class TmyHoveringMonitor : public TmyWindowBase {
 
   TmyHoveringMonitor();
 
-  // The control under the cursor reports itself; only a change counts.
+  // Each window reports the control of its own that is under the cursor, or itself; only a change counts.
   void Report(TmyControl& control) noexcept;
   void Forget(const TmyControl& control) noexcept;  // the control is going
 

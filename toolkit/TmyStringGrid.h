@@ -3,8 +3,8 @@
 //
 //   grid_ = new TmyStringGrid(*this);   // belongs to its window
 //   grid_->SetColumns(kColumns, 8);
-//   grid_->SetModel(this);              // a TmyGridModel that outlives the grid, or is taken away with
-//   SetModel(nullptr) grid_->rowClicked.Bind<&ScheduleGrid::RowClicked>(this);
+//   grid_->SetModel(this);              // a TmyGridModel that outlives the grid, or is taken away by SetModel(nullptr)
+//   grid_->rowClicked.Bind<&ScheduleGrid::RowClicked>(this);
 //   ...
 //   grid_->RowsChanged();               // the model has other rows now; RepaintRows() when only their looks changed
 //
