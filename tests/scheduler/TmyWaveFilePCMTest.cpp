@@ -79,7 +79,7 @@ TEST(TmyWaveFilePCMTest, WhatCannotBeMadeStaysUnopenedAndLeavesTheTargetAlone) {
   const char drive[] = "\\\\.\\pipe\\marlux-wave-test";  // that wakes too late: nobody reads the first block
   const HANDLE pipe = CreateNamedPipeA(drive, PIPE_ACCESS_DUPLEX, 0, 1, 16, 16, 0, nullptr);
   DiskOfBlocks file(drive);
-  EXPECT_TRUE(file.IsOpen() && file.Add("ab"));
+  EXPECT_EQ(file.IsOpen() && file.Add("ab"), pipe != INVALID_HANDLE_VALUE);  // not every system has pipes
   CloseHandle(pipe);
 }
 
