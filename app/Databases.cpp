@@ -6,11 +6,12 @@
 #include "plugin/DataFolders.h"
 
 // Chooses an archive when the folder had none before. The name stays while it has none at all: somebody may have taken
-// them away for a moment.
+// them away for a moment. One that a download has replaced may be written otherwise, in capitals, say.
 void Databases::List(const ScheduleFiles& files) {
   hasEibi_ = files.hasEibi;
   const bool hadArchives = std::exchange(hasArchives_, !files.archives.empty());
-  if (!hadArchives && hasArchives_) currentFile_ = ArchiveNamed(files.archives, currentFile_);
+  const TmyString there = ArchiveNamed(files.archives, currentFile_);
+  if (!there.IsEmpty() || (!hadArchives && hasArchives_)) currentFile_ = there;
   if (hasArchives_ && currentFile_.IsEmpty()) currentFile_ = NewestArchive(files.archives);
   menu_.ListArchives(files.archives, currentFile_);
   TmyMenu& menu = menu_.HfccDatabases();

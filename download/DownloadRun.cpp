@@ -34,6 +34,7 @@ enum class Former { kNothing, kPage, kSchedule, kUnknown };  // kUnknown: it can
 Former ContentOf(const TmyString& name) {
   TmyFile file(name, GENERIC_READ, OPEN_EXISTING);
   if (!file.IsOpen()) return file.OpenError() == ERROR_FILE_NOT_FOUND ? Former::kNothing : Former::kUnknown;
+  if (file.Size() > INT32_MAX) return Former::kUnknown;
   std::string content(static_cast<size_t>(file.Size()), '\0');
   const auto size = static_cast<uint32_t>(content.size());
   if (file.ReadSome(content.data(), size) != size) return Former::kUnknown;
@@ -83,7 +84,9 @@ void DownloadRun::StartHfcc() {
   pendingFiles_.Clear();
   downloadedFiles_.Clear();
   knownFiles_.Clear();
-  for (const TmyString& name : FolderFiles(folder_)) knownFiles_.Add(name.RemoveExt());
+  for (const TmyString& name : FolderFiles(folder_)) {
+    if (name.FileExt() != SwapFile::kEnding + 1) knownFiles_.Add(name.RemoveExt());  // half of one is none
+  }
   desk_.ShowWorking(true);
   RequestHfcc(kHfccIndex);
 }

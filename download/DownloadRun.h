@@ -7,7 +7,8 @@
 //
 // A file is replaced when the new one is whole. An EiBi document without one broadcast replaces the schedule, too,
 // which is kept beside it as "eibi.bak"; when it cannot be kept the schedule stays and the document is dropped, as one
-// that the disk did not take. An archive whose name differs from that of a file there by its case only is not saved.
+// that the disk did not take. So does what cannot be read at that moment. An archive whose name is the short one of
+// another file is not saved.
 //
 // One document at a time. Each function may ask the desk for the next one or end the run, as the last thing it does.
 #pragma once

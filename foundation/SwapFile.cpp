@@ -1,7 +1,5 @@
 #include "foundation/SwapFile.h"
 
-#include <algorithm>
-
 #include "foundation/Trace.h"
 
 namespace {
@@ -65,33 +63,39 @@ bool SwapFile::Exchange() const {
   return false;
 }
 
-// A holder who lets nobody write makes the second opening fail, which leaves the old content. So does a disk without
-// room for the longer one. From the first byte on only the file beside is whole.
+// There may be no such file yet, when it is the one beside that somebody holds. Then half of it is not left behind.
 SwapFile::Copied SwapFile::CopyOver() const {
   TmyFile from(aside_, GENERIC_READ, OPEN_EXISTING);
   if (!from.IsOpen()) return Copied::kNothing;
-  FlushedFile to(name_, GENERIC_WRITE, OPEN_EXISTING);
+  const bool isNew = GetFileAttributesA(name_.Chars()) == INVALID_FILE_ATTRIBUTES;
+  const Copied copied = CopyInto(from);
+  if (isNew && copied != Copied::kWhole) DeleteFileA(name_.Chars());
+  return copied;
+}
+
+// A holder who lets nobody write makes the opening fail, which leaves the old content. One who has it mapped makes the
+// new size fail, and so does a disk without room for a longer one. From then on only the file beside is whole.
+SwapFile::Copied SwapFile::CopyInto(TmyFile& from) const {
+  FlushedFile to(name_, GENERIC_WRITE, OPEN_ALWAYS);
   const uint64_t former = to.Size();
-  if (!to.SetSize(std::max(former, from.Size()))) {
-    to.SetSize(former);
+  if (!to.SetSize(from.Size())) {
+    if (to.Size() != former) to.SetSize(former);
     return Copied::kNothing;
   }
   uint8_t piece[kPiece];
   while (const uint32_t got = from.ReadSome(piece, sizeof piece)) {
     if (!to.Write(piece, got)) return Copied::kPart;
   }
-  const bool isWhole = to.Position() == from.Size() && to.SetSize(from.Size()) && to.Flush();
-  return isWhole ? Copied::kWhole : Copied::kPart;
+  return to.Position() == from.Size() && to.Flush() ? Copied::kWhole : Copied::kPart;
 }
 
-// The position stays.
+// Then the position is the beginning.
 bool SwapFile::FlushedFile::SetSize(uint64_t bytes) {
-  const auto position = static_cast<LONGLONG>(Position());
-  LARGE_INTEGER end = {}, back = {};
+  LARGE_INTEGER end = {};
+  const LARGE_INTEGER begin = {};
   end.QuadPart = static_cast<LONGLONG>(bytes);
-  back.QuadPart = position;
   const bool isSet = IsOpen() && SetFilePointerEx(Handle(), end, nullptr, FILE_BEGIN) && SetEndOfFile(Handle());
-  return SetFilePointerEx(Handle(), back, nullptr, FILE_BEGIN) && isSet;
+  return SetFilePointerEx(Handle(), begin, nullptr, FILE_BEGIN) && isSet;
 }
 
 void SwapFile::Drop() {

@@ -33,6 +33,7 @@ class SwapFile {
   void Drop();
   [[nodiscard]] bool Exchange() const;
   [[nodiscard]] Copied CopyOver() const;
+  [[nodiscard]] Copied CopyInto(TmyFile& from) const;
 
   class FlushedFile : public TmyFile {
    public:

@@ -113,7 +113,7 @@ void Session::DeliverAudio() {
   const auto due = [this] { return (GetTickCount() - audioBegin_) / kBlockMs; };  // other audio may begin inside
   if (due() > audioBlocks_ + kMostAtOnce) audioBlocks_ = due() - kMostAtOnce;     // after a pause it does not hurry
   deliveringAudio_ = true;
-  while (audio_.IsOn() && audioBlocks_ < due()) {
+  for (uint32_t left = kMostAtOnce; left > 0 && audio_.IsOn() && audioBlocks_ < due(); --left) {
     ++audioBlocks_;
     SendAudio();
   }

@@ -35,8 +35,9 @@ bool RecordingSession::Start(const char* prefix, uint64_t frequencyHz, uint32_t 
   const uint32_t lost = LostTexts();
   const TmyString path = PathOf(prefix, std::to_string(frequencyHz), owner_.IsUtc());
   const TmyString caption = TmyString(kProductCaption) + " recording " + FormatUnsignedKhz(frequencyHz);
+  if (LostTexts() != lost) return false;
   const uint32_t start = ++starts_;
-  if (LostTexts() != lost || !Tune(static_cast<uint32_t>(frequencyHz), mode) || start != starts_) return false;
+  if (!Tune(static_cast<uint32_t>(frequencyHz), mode) || start != starts_) return false;
   isRecording_ = true;
   task_ = task;
   try {

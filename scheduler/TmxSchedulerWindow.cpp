@@ -62,13 +62,14 @@ class DisabledWindow {
   bool wasDisabled_;
 };
 
-// One of the system's that is open on a window, for files, say; null when there is none.
-HWND SystemDialogOn(HWND window) noexcept {
-  constexpr char kDialogClass[] = "#32770";
+// What a disabled window waits for, most likely: of those that it owns, but for one, the enabled one in front. Null
+// when there is none.
+HWND DialogOn(HWND window, HWND other) noexcept {
   HWND dialog = nullptr;
-  do {
-    dialog = FindWindowExA(nullptr, dialog, kDialogClass, nullptr);
-  } while (dialog && !(IsWindowVisible(dialog) && GetWindow(dialog, GW_OWNER) == window));
+  while ((dialog = FindWindowExA(nullptr, dialog, nullptr, nullptr)) != nullptr) {
+    const bool isOpen = IsWindowVisible(dialog) && IsWindowEnabled(dialog);
+    if (isOpen && dialog != other && GetWindow(dialog, GW_OWNER) == window) break;
+  }
   return dialog;
 }
 
@@ -228,12 +229,14 @@ TmyComponent* TmxSchedulerWindow::OpenDialog() const noexcept {
   return editor_ ? static_cast<TmyComponent*>(editor_) : question_;
 }
 
-// What is open comes to the front. Below a loop of ours a dialog of the system's on the main window could be answered
-// but not end, and what it was opened for would wait.
+// What is open comes to the front. Below a loop of ours a dialog on the main window could be answered but not end, and
+// what it was opened for would wait.
 bool TmxSchedulerWindow::IsDialogOpen() const {
-  const HWND dialog = OpenDialog() ? OpenDialog()->Handle() : SystemDialogOn(owner_.Window().Handle());
+  const HWND main = owner_.Window().Handle();
+  if (!OpenDialog() && IsWindowEnabled(main)) return false;
+  const HWND dialog = OpenDialog() ? OpenDialog()->Handle() : DialogOn(main, Handle());
   if (dialog) SetForegroundWindow(dialog);
-  return dialog != nullptr;
+  return true;
 }
 
 void TmxSchedulerWindow::NewTaskWanted(std::unique_ptr<TmxTask> task) {

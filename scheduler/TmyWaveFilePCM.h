@@ -5,8 +5,9 @@
 //   file.Write(block.samples, block.bytes);
 //
 // The file begins with 4096 bytes (a whole block where blocks are larger), the header and zeros; samples overwrite the
-// zeros. It is never cut, so it has at least this length. A recording whose header and samples stay below one block of
-// the volume ends with the header as it was made: the first format, sizes 40 and 0.
+// zeros. It is never cut, so it has at least this length, unless its drive was too late for these. A recording whose
+// header and samples stay below one block of the volume ends with the header as it was made: the first format, sizes 40
+// and 0.
 //
 // Errors: as those of TmyFileDirect; when the device hangs at the end, too, the file stays as it is, with a header that
 // tells of no samples. The header never tells of samples that did not reach the disk. After a write that

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "foundation/ScopedFlag.h"
 #include "toolkit/TmyApplication.h"
 
 TmyScrollPanel::TmyScrollPanel(TmyComponent& parent, DWORD style)
@@ -36,15 +35,10 @@ void TmyScrollPanel::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
   bar_->ScrollByNotches(static_cast<int16_t>(HIWORD(keysAndNotches)));
 }
 
-LRESULT TmyScrollPanel::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != WM_LBUTTONDOWN) return TmyPanel::WndProc(message, wParam, lParam);
-  const ScopedFlag pressing(isPressing_);
-  return TmyPanel::WndProc(message, wParam, lParam);
-}
-
 // What the mouse presses is in view, and must not move away from under it.
 void TmyScrollPanel::FocusInside(const TmyControl& focused) {
-  if (static_cast<const TmyControl*>(this) != &focused && IsAlive() && !isPressing_) {
+  const bool isPressed = GetKeyState(VK_LBUTTON) < 0;
+  if (static_cast<const TmyControl*>(this) != &focused && IsAlive() && !isPressed) {
     POINT origin = {};
     focused.GetScreenOrigin(origin);
     ScreenToClient(Handle(), &origin);

@@ -26,7 +26,6 @@ class TmyScrollPanel : public TmyPanel {
   [[nodiscard]] TmyScrollBar& Bar() noexcept { return *bar_; }
 
  protected:
-  LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   virtual void PlaceContent(int width, int top) = 0;
   [[nodiscard]] int ContentWidth() const noexcept { return contentWidth_; }
 
@@ -36,5 +35,4 @@ class TmyScrollPanel : public TmyPanel {
 
   TmyScrollBar* bar_;  // belongs to its window; holds the scroll position in pixels
   int contentWidth_ = 0;
-  bool isPressing_ = false;
 };

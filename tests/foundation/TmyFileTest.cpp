@@ -34,14 +34,16 @@ TEST(SwapFile, ReplacesWholeOrNotAtAll) {
 TEST(SwapFile, AHeldFileIsWrittenOverWhereItsHolderLetsOthersWrite) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");
-  for (const DWORD share : {DWORD{FILE_SHARE_READ}, TmyFile::kShareAll}) {
-    ASSERT_TRUE(WriteFileBytes(name, "old"));
+  for (const auto& [share, former] :
+       {std::pair{DWORD{FILE_SHARE_READ}, 3}, {TmyFile::kShareAll, 3}, {TmyFile::kShareAll, 9000}}) {
+    const std::string old(static_cast<size_t>(former), 'o');
+    ASSERT_TRUE(WriteFileBytes(name, old));
     const HANDLE holder = CreateFileA(name.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr);
     SwapFile file(name.c_str());
     EXPECT_TRUE(file.Write(std::string(5000, 'n').data(), 5000));
     EXPECT_EQ(file.Commit(), share != FILE_SHARE_READ);
     CloseHandle(holder);
-    EXPECT_EQ(ReadFileBytes(name), share == FILE_SHARE_READ ? "old" : std::string(5000, 'n'));
+    EXPECT_EQ(ReadFileBytes(name), share == FILE_SHARE_READ ? old : std::string(5000, 'n'));
     EXPECT_EQ(GetFileAttributesA((name + SwapFile::kEnding).c_str()), INVALID_FILE_ATTRIBUTES);
   }
 }

@@ -79,6 +79,10 @@ TEST_F(SchedulerEngineTest, OverridesTheGrid) {
   EXPECT_TRUE(session_.Start(RecordingSession::kFromGrid, 9, 1, nullptr));
   EXPECT_EQ(Tick(), 1u);
   EXPECT_THAT(owner_->tuned, ElementsAre(9, 1));
+  session_.Stop();
+  owner_->duringTune = [this] { EXPECT_EQ(Tick(), 1u); };  // the host shows a box: the task does not wait for it
+  EXPECT_FALSE(session_.Start(RecordingSession::kFromGrid, 9, 1, nullptr));
+  EXPECT_EQ(session_.CurrentTask(), tasks_.Get(0));
 }
 
 TEST_F(SchedulerEngineTest, SurvivesWhatTheHostDoesInside) {

@@ -50,7 +50,11 @@ TEST_F(TmyScrollPanelTest, TheFocusBringsAControlIntoView) {
   panel_->FocusDrawn(&panel_->box);
   EXPECT_EQ(panel_->box.Bounds().top, 0);
   panel_->edit->TakeFocus();
+  BYTE released[256] = {}, pressed[256] = {};
+  pressed[VK_LBUTTON] = 0x80;
+  SetKeyboardState(pressed);
   Input::Mouse(*panel_, WM_LBUTTONDOWN, 5, 5);
+  SetKeyboardState(released);
   EXPECT_LT(panel_->box.Bounds().top, 0) << "moved away from under the mouse";
 }
 
