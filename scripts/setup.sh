@@ -57,6 +57,10 @@ install_packages() {
     apt_get install --no-install-recommends --allow-downgrades -t "$VERSION_CODENAME" "${WINE_PACKAGES[@]}" ||
       fail "Wine did not install, see $SETUP_LOG"
   fi
+  # The tests start a sound server by themselves: none is to begin with every user's session.
+  if [[ " ${wine[*]} " == *" pulseaudio "* ]] && command -v systemctl >/dev/null; then
+    as_root systemctl --global disable pulseaudio.service pulseaudio.socket >>"$SETUP_LOG" 2>&1 || true
+  fi
 }
 
 # Packages of servers start them when they are installed, unless the machine's policy says no: it does meanwhile, in
@@ -81,18 +85,22 @@ forbid_services() {
 }
 
 # In a shell of its own, whose end restores the policy, a signal's too. What was not started now is not to be started
-# with the machine either.
+# with the machine either, unless it was there before and is the machine's own; the mark tells a later run of it.
 install_web_server() (
+  mark=$BUILD_DIR/setup/web-server-is-ours
+  restore_policy
   mapfile -t packages < <(missing_of "${WEB_SERVER[@]}")
-  [ ${#packages[@]} -gt 0 ] || return 0
+  [ ${#packages[@]} -gt 0 ] || [ -e "$mark" ] || return 0
+  [ -z "$(missing_of nginx)" ] || touch "$mark"
   say "installing ${packages[*]}"
   trap restore_policy EXIT
   trap 'exit 1' HUP INT TERM
   forbid_services
-  apt_get install --no-install-recommends "${packages[@]}" ||
-    { apt_update && apt_get install --no-install-recommends "${packages[@]}"; } ||
+  apt_get install --no-install-recommends "${WEB_SERVER[@]}" ||
+    { apt_update && apt_get install --no-install-recommends "${WEB_SERVER[@]}"; } ||
     fail "the web server did not install, see $SETUP_LOG"
-  if [ -d /run/systemd/system ]; then as_root systemctl disable --quiet nginx || true; fi
+  if [ -e "$mark" ] && [ -d /run/systemd/system ]; then as_root systemctl disable --quiet nginx || true; fi
+  rm -f "$mark"
 )
 
 # Source entries made from the machine's own binary entries, in a private place: /etc stays as it is.
@@ -131,16 +139,19 @@ unpack_minizip() {
   touch "$MINIZIP_DIR/.unpacked"
 }
 
-# The prefix: a plain desktop with smooth text in a font that every screenshot machine has.
+# The prefix: a plain desktop with smooth text in a font that every screenshot machine has. One that is whole is never
+# made again: recordings and tasks of whoever runs the host lie in it. Only the desktop's settings are.
 make_wine_prefix() {
   local made
   made=$(sha256sum <scripts/wine-desktop.reg)
   [ "$(cat "$WINEPREFIX/.ready" 2>/dev/null)" = "$made" ] && return 0
   say "making the Wine prefix"
-  rm -rf "$WINEPREFIX" && mkdir -p "$WINEPREFIX" "$HOME"
-  wine wineboot --init >>"$SETUP_LOG" 2>&1 </dev/null || fail "Wine did not start, see $SETUP_LOG"
+  if [ ! -e "$WINEPREFIX/.ready" ]; then
+    rm -rf "$WINEPREFIX" && mkdir -p "$WINEPREFIX" "$HOME"
+    wine wineboot --init >>"$SETUP_LOG" 2>&1 </dev/null || fail "Wine did not start, see $SETUP_LOG"
+  fi
   wine regedit /S scripts/wine-desktop.reg >>"$SETUP_LOG" 2>&1 </dev/null || fail "the prefix was not set up, see $SETUP_LOG"
-  wineserver --wait
+  timeout 60 wineserver --wait || true  # a host that is open in it stays open
   # A documents folder inside the prefix, so that a prefix can be copied and each copy has its own.
   [ ! -L "$(documents_folder)" ] || rm "$(documents_folder)"
   mkdir -p "$(documents_folder)"
