@@ -10,6 +10,8 @@ fail() { say "error: $*"; exit 1; }
 # screen that its first program used; two screens at a time need two of them (MARLUX_WINE names another place).
 use_own_wine() {
   local place=${MARLUX_WINE:-$BUILD_DIR/wine}
+  # The key to the user's display is looked for in the home.
+  [ -n "${XAUTHORITY:-}" ] || [ ! -e "${HOME:-/root}/.Xauthority" ] || export XAUTHORITY=${HOME:-/root}/.Xauthority
   export HOME=$place/home WINEPREFIX=$place/prefix
   export WINEARCH=win32 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe="
   mkdir -p "$HOME"
@@ -24,7 +26,9 @@ use_headless_wine() {
   export MARLUX_WINE=${MARLUX_WINE:-$BUILD_DIR/wine-headless}
   local source=$BUILD_DIR/wine/prefix stamp=$MARLUX_WINE/prefix/.ready
   cmp -s "$source/.ready" "$stamp" && return 0
-  rm -rf "$MARLUX_WINE/prefix"
+  [ -e "$source/.ready" ] || fail "there is no Wine prefix to copy: run scripts/setup.sh without MARLUX_WINE"
+  rm -rf "$MARLUX_WINE/prefix" "$MARLUX_WINE/prefix.new"
   mkdir -p "$MARLUX_WINE"
-  cp -a "$source" "$MARLUX_WINE/prefix"
+  cp -a "$source" "$MARLUX_WINE/prefix.new"
+  mv "$MARLUX_WINE/prefix.new" "$MARLUX_WINE/prefix"
 }

@@ -1,9 +1,12 @@
 #!/usr/bin/env python3
 """Packs a release:  make-zip.py OUTPUT.zip NAME=FILE ...
 
-Adds SHA256SUMS of all files. Equal files give an equal archive: order, dates and rights are fixed.
+Adds SHA256SUMS of all files. Equal files give an equal archive: order, dates and rights are fixed. Archives of other
+versions beside it, NAME-VERSION.zip and their sums, go.
 """
+import glob
 import hashlib
+import os
 import sys
 import zipfile
 
@@ -23,6 +26,8 @@ def main():
         name, _, path = pair.partition("=")
         with open(path, "rb") as file:
             files[name] = file.read()
+    for other in glob.glob(glob.escape(output.rsplit("-", 1)[0]) + "-*.zip*"):
+        os.remove(other)
     sums = "".join(f"{hashlib.sha256(files[name]).hexdigest()}  {name}\n" for name in sorted(files))
     with zipfile.ZipFile(output, "w") as archive:
         for name in sorted(files):

@@ -17,15 +17,14 @@ fi
 use_own_wine
 rm -rf "$(documents_folder)/Corvane"
 export MARLUX_LOOPBACK_PORT=$WEB_PORT
-# Told in time: while the host waits by itself, a window of the plug-in's has the thread.
-{
-  echo start 7
-  sleep 14
-  printf '%s\n' 'close 7' 'waitfor InstanceGone' quit
-} |
-  wine "$BUILD_DIR/bin/marlux-host.exe" --dll "${MARLUX_TESTS:-$BUILD_DIR/release/tests}/marlux3-loopback.dll" \
-    --minimized --script - >"$out/download.log" 2>&1 &
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+mkfifo "$work/commands"
+wine "$BUILD_DIR/bin/marlux-host.exe" --dll "${MARLUX_TESTS:-$BUILD_DIR/release/tests}/marlux3-loopback.dll" \
+  --minimized --script - <"$work/commands" >"$out/download.log" 2>&1 &
 host=$!
+exec 3>"$work/commands"
+echo start 7 >&3
 wait_for() {
   for _ in $(seq 100); do
     xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return 0
@@ -45,5 +44,8 @@ sleep 5
 shoot 23-summary
 xdotool key Return
 sleep 1
+wait_for '^Marlux 3$'
 shoot 24-downloaded
+printf '%s\n' 'close 7' 'waitfor InstanceGone' quit >&3
+exec 3>&-
 wait "$host" || fail "the host ended with an error"

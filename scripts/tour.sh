@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 use_own_wine
 out=$BUILD_DIR/screenshots
 mkdir -p "$out"
-rm -f "$out"/*.png "$out"/host.log
+rm -f "$out"/[0-9]*-*.png "$out"/host.log
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkfifo "$work/commands"
@@ -18,7 +18,8 @@ wine "$BUILD_DIR/bin/marlux-host.exe" --dll "$BUILD_DIR/bin/marlux3.dll" --minim
   --log "$(winepath -w "$out/host.log")" <"$work/commands" >"$work/output" 2>&1 &
 host=$!
 exec 3>"$work/commands"
-tell() { printf '%s\n' "$*" >&3; }
+trap '' PIPE  # of a host that has ended
+tell() { printf '%s\n' "$*" >&3 || fail "the host has ended: $(tail -n 3 "$out/host.log")"; }
 
 # The picture is of the window's client area and frame, once nothing moves any more.
 shoot() {
@@ -52,7 +53,6 @@ shoot 1-start
 # Places are relative to the window, below its title bar, for the prefix's font.
 click 338 37
 click 600 37 && key ctrl+a && xdotool type 9420 && key Tab
-wait_for 'ls "$out"/1-start.png >/dev/null'
 shoot 2-filter
 
 click 330 129

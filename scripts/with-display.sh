@@ -66,5 +66,5 @@ keeper=$!
 (
   use_own_wine
   timeout 60 wine rundll32 user32.dll,MessageBeep
-) </dev/null >/dev/null 2>&1
+) </dev/null >/dev/null 2>&1 || { echo "error: Wine's desktop did not come up" >&2; exit 1; }
 "$@"

@@ -13,24 +13,24 @@ export WEB_PORT WEB_FOLDER=$folder
 cat >"$state/nginx.conf" <<CONF
 daemon off;
 master_process off;
-pid $state/pid;
-error_log $state/error.log;
+pid "$state/pid";
+error_log "$state/error.log";
 events {}
 http {
   access_log off;
   sendfile on;
-  client_body_temp_path $state/temp;
-  proxy_temp_path $state/temp;
-  fastcgi_temp_path $state/temp;
-  uwsgi_temp_path $state/temp;
-  scgi_temp_path $state/temp;
+  client_body_temp_path "$state/temp";
+  proxy_temp_path "$state/temp";
+  fastcgi_temp_path "$state/temp";
+  uwsgi_temp_path "$state/temp";
+  scgi_temp_path "$state/temp";
   server {
     listen 127.0.0.1:$WEB_PORT;
     listen 127.0.0.2:$WEB_PORT;
-    location / { root $folder; }
-    location /slow/ { alias $folder/; limit_rate 8m; }
+    location / { root "$folder"; }
+    location /slow/ { alias "$folder/"; limit_rate 8m; }
     # What may be changed on its way has no length to tell beforehand.
-    location /dx/ { root $folder; limit_rate ${WEB_RATE:-0}; ssi ${WEB_CHUNKS:-on}; ssi_types text/plain; }
+    location /dx/ { root "$folder"; limit_rate ${WEB_RATE:-0}; ssi ${WEB_CHUNKS:-on}; ssi_types text/plain; }
   }
 }
 CONF

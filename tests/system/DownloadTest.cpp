@@ -109,6 +109,7 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
 // As the machine's own server sends them: the EiBi file in chunks, all but one of the archives not at all.
 TEST_F(Download, AWholeRunFromAWebServer) {
   namespace fs = std::filesystem;
+  ASSERT_TRUE(std::getenv("WEB_FOLDER")) << "run me in scripts/with-web-server.sh";
   const fs::path season = SeasonArchive(), web = std::string("Z:") + std::getenv("WEB_FOLDER");
   const std::string archive = season.filename().string();
   std::string page = ReadFileBytes((season.parent_path() / "hfcc_index.html").string());

@@ -9,6 +9,7 @@ import array
 import collections
 import os
 import pathlib
+import pwd
 import random
 import re
 import shutil
@@ -20,8 +21,7 @@ import zlib
 RUNNER, HOST, MODULE, EIBI = map(os.path.abspath, sys.argv[1:5])
 KILLS, SEED = int(sys.argv[5]), int(sys.argv[6]) if len(sys.argv) > 6 else 1
 RATE, AUDIO_BLOCK, DISK_BLOCK, HEADER = 96000, 3840, 512, 48
-DOCUMENTS = pathlib.Path(os.environ["MARLUX_WINE"], "prefix/drive_c/users", os.environ.get("USER") or "root",
-                         "Documents")
+DOCUMENTS = pathlib.Path(os.environ["MARLUX_WINE"], "prefix/drive_c/users", os.environ.get("USER") or pwd.getpwuid(os.getuid()).pw_name, "Documents")
 DATA = DOCUMENTS / "Corvane/Marlux3"
 WEB = pathlib.Path(os.environ["WEB_FOLDER"])
 CSV, TASKS, SCHEDULE = DOCUMENTS / "mx_export.csv", DATA / "tasks.mxt", DATA / "eibi.txt"
