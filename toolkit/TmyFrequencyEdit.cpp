@@ -21,6 +21,13 @@ TmyString TmyFrequencyEdit::TextOf(int64_t value) const {
   return FormatKhz(value);
 }
 
+// Only one of the numbers on a page is meant, and letters of other words are no unit.
+bool TmyFrequencyEdit::PasteText(const TmyString& text) {
+  const TmyString frequency = FindFrequency(text.View());
+  if (!frequency.IsEmpty()) ReplaceSelection(frequency);
+  return true;
+}
+
 bool TmyFrequencyEdit::Accepts(char character) const noexcept {
   constexpr std::string_view kAccepted = "0123456789.,kKmMhHzZ";
   return kAccepted.find(character) != std::string_view::npos;

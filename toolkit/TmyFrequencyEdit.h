@@ -15,4 +15,5 @@ class TmyFrequencyEdit : public TmyIntEdit {
   [[nodiscard]] std::optional<int64_t> ValueOf(std::string_view text) const override;
   [[nodiscard]] TmyString TextOf(int64_t value) const override;
   [[nodiscard]] bool Accepts(char character) const noexcept override;
+  bool PasteText(const TmyString& text) override;
 };

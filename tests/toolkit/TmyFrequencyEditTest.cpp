@@ -22,9 +22,14 @@ TEST_F(TmyFrequencyEditTest, TypedAndPastedTextsAndWhatCommittingMakesOfThem) {
     Input::Key(*edit_, VK_RETURN);
     EXPECT_EQ(edit_->Text(), committed);
   }
-  for (const char* text : {" 60 05\r\n", "words"}) {
+  const std::pair<const char*, int64_t> pasted[] = {
+      {" 6005\r\n", 6005000}, {"words", 6005000},     {"9420 AM", 9420000},        {"on 6.005 MHz, 49 m", 6005000},
+      {"9 420", 9420000},     {"6005-6010", 6005000}, {"9420 0500-0600", 9420000}, {"9420, 9425", 9420000},
+      {"25 m", 25000},        {"9420500Hz", 9420500}, {"1,000.5 kHz", 9420500},    {".5MHz", 500000}};
+  for (const auto& [text, value] : pasted) {
+    edit_->SelectAll();
     Paste(*edit_, text);
-    EXPECT_EQ(edit_->Value(), 6005000) << text;
+    EXPECT_EQ(edit_->Value(), value) << text;
   }
 }
 
