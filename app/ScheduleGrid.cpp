@@ -75,6 +75,7 @@ void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bo
     isFiltered_ = false;  // until all of it is done, or nothing would be the next time
     filter_ = filter;
     RunFilter(filter_, shown_);
+    grid_->RowsChanged();  // whatever fails behind it, no former row is seen
     marks_.KeepOnly(shown_);
   }
   // A pass leaves the order of the database behind, so it sorts again, whatever asked for it.

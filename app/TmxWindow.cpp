@@ -75,6 +75,8 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
   BindCommands();
   settings_.Load({*this, menu_, *panel_, *eibi_, *hfcc_, databases_, scheduler_, desk_, utc_, exportFolder_});
   isReady_ = true;
+  showsHfcc_ = panel_->ShowsHfcc();
+  shownZone_ = Zone();
   Shown().Control().Show(true);
   databases_.Load();
   ShowTexts();
@@ -165,12 +167,14 @@ void TmxWindow::SessionEnds(bool isAppOnly) {
   KillTimer(Handle(), kAutoTuningTimer);
   const uint32_t tasks = scheduler_.Tasks().Count();
   Try([this] { settings_.Save(); });
-  if (scheduler_.Tasks().Count() != tasks) desk_.TasksLoaded();
+  Try([&] {
+    if (scheduler_.Tasks().Count() != tasks) desk_.TasksLoaded();
+  });
   recorder_.Stop();  // last: the host is told inside
 }
 
 ScheduleGrid& TmxWindow::Shown() noexcept {
-  return panel_->ShowsHfcc() ? static_cast<ScheduleGrid&>(*hfcc_) : static_cast<ScheduleGrid&>(*eibi_);
+  return showsHfcc_ ? static_cast<ScheduleGrid&>(*hfcc_) : static_cast<ScheduleGrid&>(*eibi_);
 }
 
 void TmxWindow::ShowTexts() {
@@ -183,6 +187,7 @@ void TmxWindow::ShowTexts() {
 // those that are acted on. The keyboard must not stay in a grid that nobody sees, where Enter would tune.
 void TmxWindow::DatabaseChosen() {
   KillTimer(Handle(), kAutoTuningTimer);
+  showsHfcc_ = panel_->ShowsHfcc();
   ScheduleGrid& shown = Shown();
   ScheduleGrid& other = &shown == eibi_.get() ? static_cast<ScheduleGrid&>(*hfcc_) : *eibi_;
   TmyApplication& application = TmyApplication::Get();
@@ -195,7 +200,7 @@ void TmxWindow::DatabaseChosen() {
   ShowTexts();
   Refresh(false);
   Realign();
-  if (panel_->ShowsHfcc()) TellOfProblem();
+  if (showsHfcc_) TellOfProblem();
 }
 
 void TmxWindow::ArchiveChosen(TmyMenuItem& item) {
@@ -236,12 +241,12 @@ void TmxWindow::Download() {
   menuFcc_ = nullptr;
   ShowTexts();
   Refresh(false);
-  if (panel_->ShowsHfcc()) TellOfProblem();
+  if (showsHfcc_) TellOfProblem();
 }
 
 // The question is asked once, whatever the answer is.
 void TmxWindow::ShowChanged(bool visible) {
-  if (visible && panel_->ShowsHfcc()) TellOfProblem();
+  if (visible && showsHfcc_) TellOfProblem();
   if (!IsAlive()) return;
   if (!visible || isDatabaseQuestionAsked_ || !databases_.IsOneMissing()) return;
   isDatabaseQuestionAsked_ = true;
@@ -259,12 +264,21 @@ void TmxWindow::Timer(uintptr_t id) {
   if (!IsAlive()) return;
   desk_.Ticked();
   if (id == kTickTimer) {
-    // Rows that are to be exported stay as they are marked.
-    if (panel_->FollowsClock() && !IsClicking() && !isExporting_) Refresh(true);
+    FollowClock();
   } else if (id == kAutoTuningTimer) {
     KillTimer(Handle(), kAutoTuningTimer);
-    if (panel_->IsAutoTuning()) TuneTo(Shown().Control().CurrentRow());
+    // The right button has moved to a row whose menu is yet to come.
+    if (panel_->IsAutoTuning() && GetKeyState(VK_RBUTTON) >= 0) TuneTo(Shown().Control().CurrentRow());
   }
+}
+
+// Summer time begins and ends while the window is open. Rows that are to be exported stay as they are marked.
+void TmxWindow::FollowClock() {
+  const bool isOtherZone = !(shownZone_ == Zone());
+  if ((!isOtherZone && !panel_->FollowsClock()) || IsClicking() || isExporting_) return;
+  shownZone_ = Zone();
+  if (isOtherZone) desk_.ZoneChanged();
+  Refresh(true);
 }
 
 void TmxWindow::Realign() {
@@ -314,8 +328,9 @@ void TmxWindow::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
   if (source != &grid) grid.MouseWheel(keysAndNotches, &grid);  // what the grid cannot use comes back with it as source
 }
 
+// A click into the grid that takes the focus from an edit must not meet other rows: what was typed is applied already.
 void TmxWindow::FilterChanged(bool changedOnly) {
-  Refresh(changedOnly);
+  if (!changedOnly || !IsClicking()) Refresh(changedOnly);
 }
 void TmxWindow::SortChanged() {
   Refresh(true);
@@ -339,9 +354,11 @@ void TmxWindow::AutoTuningChanged() {
   KillTimer(Handle(), kAutoTuningTimer);
 }
 
-// Rows that moved between the two clicks of a double click would tune to another broadcast.
+// Rows that moved between the two clicks of a double click, or under a right button that is down, would tune to another
+// broadcast. A double click is counted from the first release on.
 bool TmxWindow::IsClicking() const {
-  return GetKeyState(VK_LBUTTON) < 0 || (hasClick_ && Clock::Ticks() - lastClick_ <= GetDoubleClickTime());
+  const bool isPressed = GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0;
+  return isPressed || (hasClick_ && Clock::Ticks() - lastClick_ <= 2 * GetDoubleClickTime());
 }
 
 void TmxWindow::RowClicked(uint32_t row) {
@@ -365,8 +382,8 @@ void TmxWindow::RowContext(uint32_t row, int x, int y) {
   KillTimer(Handle(), kAutoTuningTimer);
   if (!Shown().ShowsRecord(row)) return;
   menuTarget_ = Shown().TargetOf(row);
-  menuEibi_ = panel_->ShowsHfcc() ? nullptr : eibi_->ItemOf(row);
-  menuFcc_ = panel_->ShowsHfcc() ? hfcc_->ItemOf(row) : nullptr;
+  menuEibi_ = showsHfcc_ ? nullptr : eibi_->ItemOf(row);
+  menuFcc_ = showsHfcc_ ? hfcc_->ItemOf(row) : nullptr;
   contextMenu_.Popup(*this, x, y);
 }
 
@@ -420,7 +437,7 @@ void TmxWindow::ChooseColumns(TmyMenuItem&) {
   std::vector<uint32_t> selected = hfcc_->Fields();
   if (!TmxOptionsDialog::Choose(*this, fields, selected) || !IsAlive()) return;
   hfcc_->SetFields(selected.data(), static_cast<uint32_t>(selected.size()));
-  if (panel_->ShowsHfcc()) Refresh(false);
+  if (showsHfcc_) Refresh(false);
 }
 
 // Posted: the menu's message is over when the window goes.

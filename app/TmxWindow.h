@@ -58,6 +58,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void TellOfProblem();
   [[nodiscard]] ScheduleGrid& Shown() noexcept;  // the grid of the database chosen
   [[nodiscard]] ShownZone Zone() const;
+  void FollowClock();
 
   // Commands
   void Exit(TmyMenuItem& item);
@@ -116,8 +117,10 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   TmyString exportFolder_;  // last used for a CSV file
   uint32_t lastClick_ = 0;  // ticks
   bool hasClick_ = false;
-  bool utc_ = false;      // times are shown in UTC
-  bool isReady_ = false;  // all children exist
+  bool utc_ = false;        // times are shown in UTC
+  bool isReady_ = false;    // all children exist
+  bool showsHfcc_ = false;  // the grid that is seen, and acted on; the panel's choice may be a step ahead
+  ShownZone shownZone_;     // of all times
   bool isExporting_ = false;
   bool isDatabaseQuestionAsked_ = false;
   bool isDownloading_ = false;  // the download window is open

@@ -85,10 +85,15 @@ TEST_F(TmxWindowTest, TheCurrentTimeFilterFollowsTheClockByItself) {
 
 TEST_F(TmxWindowTest, RangesAreInTheZoneShown) {
   SetTime(14, 0, 0, 3600);
+  Timer(1);
   Click("Time");
   Nth<TmyTimeEdit>(*panel_, 1).SetValue(7 * 3600 + 1800);
   Click("From");
   EXPECT_EQ(Counts(), "2 of 5 broadcasts") << "what either side of midnight UTC passes";
+  SetTime(14, 0, 0, 0);
+  Timer(1);
+  EXPECT_EQ(Counts(), "1 of 5 broadcasts") << "the end of summer time";
+  SetTime(14, 0, 0, 3600);
   Choose(GetSubMenu(GetMenu(window_->Handle()), 1), 0);
   EXPECT_EQ(Counts(), "1 of 5 broadcasts") << "in UTC as entered";
 }
