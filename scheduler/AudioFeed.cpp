@@ -72,6 +72,7 @@ bool AudioFeed::FitSize(const AudioBlock& block) {
 
 // The host runs inside and may end the recording, start another one, send audio of a third format, close the plug-in.
 bool AudioFeed::GoOnInNextFile(const AudioBlock& block, const TmyString& next) {
+  if (next.Length() <= recorder_.FileName().Length()) return false;  // no memory: it could be the file itself
   bool hasMemory = true;
   isChangingFile_ = true;
   try {
@@ -84,9 +85,10 @@ bool AudioFeed::GoOnInNextFile(const AudioBlock& block, const TmyString& next) {
   const TmyWaveFilePCM* const file = recorder_.File();
   const bool begun = recorder_.StateCode() == TmyMediaPlayer::kRecording && file && recorder_.FileName() == next;
   const bool goesOn = begun && file->IsOpen() && HasFormatOf(block);
-  if (!hasMemory || (begun && !file->IsOpen())) TellFailure(next);
+  const bool failed = !hasMemory || (begun && !file->IsOpen());
   fileChanged();
-  return goesOn;
+  if (failed && recorder_.IsAlive()) TellFailure(next);
+  return goesOn && recorder_.IsAlive();
 }
 
 void AudioFeed::BeginFile(const TmyString& next, const AudioBlock& block) {

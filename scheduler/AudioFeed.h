@@ -21,8 +21,8 @@ class AudioFeed {
       : recorder_(recorder), largestData_(largestData) {}
 
   TmyEvent<const TmyString&> fileFull;    // the recording goes on in this file
-  TmyEvent<const TmyString&> fileFailed;  // this next file cannot be made: nothing is recorded any more
   TmyEvent<> fileChanged;                 // a change is over, well or not: the recorder's state is the real one again
+  TmyEvent<const TmyString&> fileFailed;  // after that: this next file cannot be made, nothing is recorded any more
 
   // `kind` is the notification's sub-code. The recorder's events run the host inside, when a new file begins: the panel
   // may be gone afterwards, its object must be held.

@@ -76,5 +76,8 @@ void RecordingSession::MediaStateChanged(int32_t state) {
 
 RecordingParameters RecordingSession::ButtonParameters() {
   const int64_t frequency = owner_.CurrentFrequency();
-  return {PathOf(kFromGrid, std::to_string(frequency), owner_.IsUtc()), kButtonSampleRate, kChannels, kBits};
+  const uint32_t lost = LostTexts();
+  const TmyString path = PathOf(kFromGrid, std::to_string(frequency), owner_.IsUtc());
+  if (LostTexts() != lost) throw std::bad_alloc();
+  return {path, kButtonSampleRate, kChannels, kBits};
 }

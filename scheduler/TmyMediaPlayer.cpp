@@ -174,7 +174,9 @@ void TmyMediaPlayer::Clicked(Tmy_Btn& button) {
       &TmyMediaPlayer::Forward, &TmyMediaPlayer::Record, &TmyMediaPlayer::OpenFile};
   const Hold hold;
   for (uint32_t i = 0; i < kButtonCount; ++i) {
-    if (&buttons_[i] == &button && Does(static_cast<Button>(i))) return (this->*kActions[i])();
+    if (&buttons_[i] != &button || !Does(static_cast<Button>(i))) continue;
+    const ScopedFlag pressing(isPressing_);
+    return (this->*kActions[i])();
   }
 }
 
@@ -216,6 +218,7 @@ void TmyMediaPlayer::SeekTo(int64_t milliseconds) {
 void TmyMediaPlayer::Play() {
   const bool isOpen = device_.Open(fileName_);
   const std::optional<uint32_t> length = device_.Length();
+  if (state_ != kIdle) return device_.Close();  // as above
   if (!isOpen || !length) {
     device_.Close();
     return SetState(kIdle);
@@ -234,7 +237,8 @@ void TmyMediaPlayer::Pause() {
   switch (state_) {
     case kPlaying:
       device_.Pause();
-      return SetState(kPlaybackPaused);
+      if (state_ == kPlaying) SetState(kPlaybackPaused);  // the device may let timers run, and a task begin
+      return;
     case kPlaybackPaused:
       if (device_.Resume() || device_.Play()) return SetState(kPlaying);  // a seek in between ends a pause
       StopPlayback();
@@ -322,10 +326,12 @@ void TmyMediaPlayer::UpdateButtons() {
   if (hadFocus && !device_.IsOpen()) TakeFocus();  // a disabled window would swallow the keys
 }
 
-// The keyboard must not stay on a button that does nothing any more: it goes to what one wants next.
+// The keyboard must not stay on a button that does nothing any more: it goes to what one wants next. Where a recording
+// begins by itself that is nothing, least of all Stop: a press that is meant for another button would end it.
 void TmyMediaPlayer::KeepFocus() {
   const TmyControl* focused = FocusedControl();
   if (!focused || focused->IsEnabled() || !IsEnabled()) return;
+  if (IsRecordingState() && !isPressing_) return FocusDrawn(nullptr);
   for (const Button next : {IsRecordingState() ? kStop : kPause, kPlay, kOpen}) {
     if (buttons_[next].IsEnabled()) return FocusDrawn(&buttons_[next]);
   }

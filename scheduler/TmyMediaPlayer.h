@@ -110,5 +110,6 @@ class TmyMediaPlayer : public TmyPanel {
   int64_t shownFirst_ = 0;   // seconds that the label shows
   int64_t shownSecond_ = 0;  // negative: not shown
   uint32_t stops_ = 0;       // times in a row that a device that should play was found not to
+  bool isPressing_ = false;  // a button
   bool choosing_ = false;    // the open dialog is up
 };

