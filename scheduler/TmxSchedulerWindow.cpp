@@ -62,15 +62,23 @@ class DisabledWindow {
   bool wasDisabled_;
 };
 
-// What a disabled window waits for, most likely: of those that it owns, but for one, the enabled one in front. Null
-// when there is none.
+struct DialogSearch {
+  HWND owner, other, found;
+};
+
+BOOL CALLBACK LookAt(HWND window, LPARAM parameter) {
+  DialogSearch& search = *reinterpret_cast<DialogSearch*>(parameter);
+  const bool isOpen = IsWindowVisible(window) && IsWindowEnabled(window);
+  if (isOpen && window != search.other && GetWindow(window, GW_OWNER) == search.owner) search.found = window;
+  return !search.found;
+}
+
+// What a disabled window waits for, most likely: of those that it owns, but for one, an enabled one. Null when there is
+// none.
 HWND DialogOn(HWND window, HWND other) noexcept {
-  HWND dialog = nullptr;
-  while ((dialog = FindWindowExA(nullptr, dialog, nullptr, nullptr)) != nullptr) {
-    const bool isOpen = IsWindowVisible(dialog) && IsWindowEnabled(dialog);
-    if (isOpen && dialog != other && GetWindow(dialog, GW_OWNER) == window) break;
-  }
-  return dialog;
+  DialogSearch search = {window, other, nullptr};
+  EnumThreadWindows(GetCurrentThreadId(), LookAt, reinterpret_cast<LPARAM>(&search));
+  return search.found;
 }
 
 }  // namespace
@@ -315,7 +323,20 @@ void TmxSchedulerWindow::Open() {
 }
 
 void TmxSchedulerWindow::PostNewTask(std::unique_ptr<TmxTask> task) {
-  if (PostMessageA(Handle(), kMsgNewTask, 0, reinterpret_cast<LPARAM>(task.get()))) static_cast<void>(task.release());
+  posted_.push_back(std::move(task));
+  if (!PostMessageA(Handle(), kMsgNewTask, 0, reinterpret_cast<LPARAM>(posted_.back().get()))) posted_.pop_back();
+}
+
+// Anybody can post the message: an address that is not one of ours is not followed. None at all means a task for now.
+void TmxSchedulerWindow::NewTaskPosted(const void* address) {
+  const auto at = std::ranges::find_if(posted_, [=](const auto& task) { return task.get() == address; });
+  if (at == posted_.end()) {
+    if (!address) NewTaskWanted(nullptr);
+    return;
+  }
+  std::unique_ptr<TmxTask> task = std::move(*at);
+  posted_.erase(at);
+  NewTaskWanted(std::move(task));
 }
 
 void TmxSchedulerWindow::PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) {
@@ -346,10 +367,6 @@ void TmxSchedulerWindow::Destroying() {
   ending();
   question_ = nullptr;  // goes with this window; when the module goes nobody comes back to say so
   if (editor_) std::exchange(editor_, nullptr)->Destroy();
-  MSG message;  // tasks that nobody would free any more
-  while (PeekMessageA(&message, Handle(), kMsgNewTask, kMsgNewTask, PM_REMOVE)) {
-    delete reinterpret_cast<TmxTask*>(message.lParam);
-  }
 }
 
 void TmxSchedulerWindow::FocusChanged(bool focused) {
@@ -359,7 +376,7 @@ void TmxSchedulerWindow::FocusChanged(bool focused) {
 
 LRESULT TmxSchedulerWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == kMsgNewTask) {
-    NewTaskWanted(std::unique_ptr<TmxTask>(reinterpret_cast<TmxTask*>(lParam)));
+    NewTaskPosted(reinterpret_cast<const void*>(lParam));
     return 0;
   }
   if (message == WM_GETMINMAXINFO && fittedHeight_ > 0) {

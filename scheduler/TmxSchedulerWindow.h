@@ -9,6 +9,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "scheduler/SchedulerOwner.h"
 #include "toolkit/TmyStringGrid.h"
@@ -77,6 +78,7 @@ class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
   [[nodiscard]] bool IsConfirmed();             // the question before deleting
   [[nodiscard]] TmyComponent* OpenDialog() const noexcept;
   [[nodiscard]] bool IsDialogOpen() const;
+  void NewTaskPosted(const void* address);
 
   SchedulerOwner& owner_;
   // In the order in which Tab walks through them.
@@ -85,7 +87,8 @@ class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
   Tmy_Btn deleteTask_;
   Tmy_Btn editTask_;
   Tmy_Btn close_;
-  TmxTaskWindow* editor_ = nullptr;  // while it is open; both belong to their windows
+  std::vector<std::unique_ptr<TmxTask>> posted_;  // to itself, and not arrived yet
+  TmxTaskWindow* editor_ = nullptr;               // while it is open; both belong to their windows
   TmyMsgBox* question_ = nullptr;
   RECT unplaced_ = {};    // where it is until it opens: who finds it elsewhere has placed it
   int fittedHeight_ = 0;  // of the theme's text for which the columns' widths are meant

@@ -108,6 +108,14 @@ void TmxTaskWindow::AddModes() {
   for (const int32_t mode : owner_.Host().ModeNumbers()) {
     mode_->Add(ModeName(mode), static_cast<uintptr_t>(static_cast<intptr_t>(mode)));
   }
+  MeasureModes();
+}
+
+// Once: a host may have very many.
+void TmxTaskWindow::MeasureModes() {
+  int widest = 0;
+  for (int32_t i = 0; i < mode_->Count(); ++i) widest = std::max(widest, Theme().TextWidth(mode_->ItemText(i).View()));
+  modeWidth_ = DropField::WidthFor(widest);
 }
 
 bool TmxTaskWindow::Edit(TmxTask& task) {
@@ -168,14 +176,8 @@ uint32_t TmxTaskWindow::TimeIn(const TmyTimeEdit& field, uint32_t before) const 
 
 // One width for the whole column.
 int TmxTaskWindow::FieldWidth() const {
-  return std::max({ModeWidth(), from_->PreferredWidth(), start_->PreferredWidth("00:00:00"),
+  return std::max({modeWidth_, from_->PreferredWidth(), start_->PreferredWidth("00:00:00"),
                    frequency_->PreferredWidth("00000000.000") + TmyUpDown::PreferredWidth()});
-}
-
-int TmxTaskWindow::ModeWidth() const {
-  int widest = 0;
-  for (int32_t i = 0; i < mode_->Count(); ++i) widest = std::max(widest, Theme().TextWidth(mode_->ItemText(i).View()));
-  return DropField::WidthFor(widest);
 }
 
 int TmxTaskWindow::DaysWidth() const {
@@ -238,6 +240,7 @@ void TmxTaskWindow::Paint(HDC dc) {
 }
 
 void TmxTaskWindow::ThemeChanged() {
+  MeasureModes();
   TmyComponent::ThemeChanged();
   if (fittedHeight_ != Theme().TextHeight()) FitSize(*this);
 }

@@ -47,7 +47,7 @@ class TmxTaskWindow : public TmyComponent {
   [[nodiscard]] TmxTask Entered() const;
   [[nodiscard]] uint32_t TimeIn(const TmyTimeEdit& field, uint32_t before) const;
   void SelectMode(int32_t mode);
-  [[nodiscard]] int ModeWidth() const;
+  void MeasureModes();
   [[nodiscard]] int DaysWidth() const;
   void FitSize(const TmyComponent& around);
   [[nodiscard]] int FieldWidth() const;
@@ -74,5 +74,6 @@ class TmxTaskWindow : public TmyComponent {
   bool isConfirmed_ = false;
   bool isUtc_ = false;
   int32_t offset_ = 0;    // seconds to add to UTC for the times shown: the zone may change while they are
+  int modeWidth_ = 0;     // of the field that holds the widest mode
   int fittedHeight_ = 0;  // of the theme's text when the dialog was sized
 };
