@@ -132,8 +132,18 @@ void TmxDownloadWindow::Escape() {
   SendMessageA(Handle(), WM_CLOSE, 0, 0);
 }
 
+// Without memory nothing more would come of the request: its end is told already, or it was never made.
+template <class Step>
+void TmxDownloadWindow::OrGiveUp(Step step) {
+  try {
+    step();
+  } catch (const std::bad_alloc&) {
+    PostMessageA(Handle(), kRequestFailed, 0, 0);
+  }
+}
+
 void TmxDownloadWindow::Connected(TmyHttpSocket&) {
-  run_->Connected();
+  OrGiveUp([this] { run_->Connected(); });
 }
 
 void TmxDownloadWindow::Progress(TmyHttpSocket& socket) {
@@ -141,15 +151,15 @@ void TmxDownloadWindow::Progress(TmyHttpSocket& socket) {
 }
 
 void TmxDownloadWindow::Finished(TmyHttpSocket& socket) {
-  run_->Finished({socket.HeaderLines().Get(0), socket.Body().Data(), socket.Body().Size()});
+  OrGiveUp([&] { run_->Finished({socket.HeaderLines().Get(0), socket.Body().Data(), socket.Body().Size()}); });
 }
 
 void TmxDownloadWindow::TimedOut(TmyHttpSocket&) {
-  run_->TimedOut();
+  OrGiveUp([this] { run_->TimedOut(); });
 }
 
 void TmxDownloadWindow::Closed(TmySocket&, int) {
-  run_->Closed();
+  OrGiveUp([this] { run_->Closed(); });
 }
 
 // Painted at once, before a look-up that holds the thread. Messages are not pumped here: the user might close the
@@ -189,11 +199,7 @@ void TmxDownloadWindow::ShowWorking(bool working) {
 
 // Called inside events of the request before: what cannot be asked for is given up when they are over.
 void TmxDownloadWindow::Request(DownloadSite site, const TmyString& path) {
-  try {
-    MakeRequest(site, path);
-  } catch (const std::bad_alloc&) {
-    PostMessageA(Handle(), kRequestFailed, 0, 0);
-  }
+  OrGiveUp([&] { MakeRequest(site, path); });
 }
 
 void TmxDownloadWindow::MakeRequest(DownloadSite site, const TmyString& path) {

@@ -47,6 +47,8 @@ class TmxDownloadWindow : public TmyComponent, private DownloadDesk {
   void ShowWorking(bool working) override;
   void Request(DownloadSite site, const TmyString& path) override;
   void DropRequest() override;
+  template <class Step>
+  void OrGiveUp(Step step);
   void MakeRequest(DownloadSite site, const TmyString& path);
 
   // From the sockets
