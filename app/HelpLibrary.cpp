@@ -1,5 +1,7 @@
 #include "app/HelpLibrary.h"
 
+#include "foundation/ScopedFlag.h"
+
 namespace {
 constexpr UINT kDisplayTopic = 0x0000;
 }  // namespace
@@ -11,17 +13,28 @@ HelpLibrary::HelpLibrary() noexcept : module_(LoadLibraryA("hhctrl.ocx")) {
 
 void HelpLibrary::Show(HWND owner, const TmyString& file) noexcept {
   if (!show_) return;
+  const ScopedFlag showing(isShowing_);
   owner_ = owner;
   window_ = show_(owner, file.Chars(), kDisplayTopic, 0);
 }
 
+// It runs a loop, a box of its own, say, or its window is being moved: the host may close us from there.
+bool HelpLibrary::IsAtWork() const noexcept {
+  GUITHREADINFO about = {};
+  about.cbSize = sizeof about;
+  constexpr DWORD kLoops = GUI_INMOVESIZE | GUI_INMENUMODE | GUI_POPUPMENUMODE | GUI_SYSTEMMENUMODE;
+  const bool isHeld = GetGUIThreadInfo(GetCurrentThreadId(), &about) && (about.flags & kLoops) != 0;
+  return isShowing_ || (window_ && isHeld);
+}
+
 void HelpLibrary::Unload() noexcept {
+  const bool stays = IsAtWork();  // its code is yet to be returned to
   if (window_ && IsWindow(window_)) {
     const HWND owner = GetWindow(window_, GW_OWNER);
     if (!owner || owner == owner_) DestroyWindow(window_);
   }
   window_ = nullptr;
   show_ = nullptr;
-  if (module_) FreeLibrary(module_);
+  if (module_ && !stays) FreeLibrary(module_);
   module_ = nullptr;
 }

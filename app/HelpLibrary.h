@@ -17,10 +17,13 @@ class HelpLibrary {
   void Unload() noexcept;  // closes our help window first, unless the host has taken it over for help of its own
 
  private:
+  [[nodiscard]] bool IsAtWork() const noexcept;
+
   using ShowFunction = HWND(WINAPI*)(HWND owner, LPCSTR file, UINT command, DWORD_PTR data);
 
   HMODULE module_ = nullptr;
   ShowFunction show_ = nullptr;
   HWND window_ = nullptr;  // the help window of the last Show; may be closed already
   HWND owner_ = nullptr;   // for which that was
+  bool isShowing_ = false;
 };

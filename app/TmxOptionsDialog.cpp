@@ -39,7 +39,6 @@ bool TmxOptionsDialog::Choose(TmyComponent& owner, const std::vector<ColumnField
   const Hold hold;
   auto* dialog = new TmxOptionsDialog(owner, fields, selected);
   const int result = dialog->ShowModal(&owner);
-  if (result == 0) return false;  // it is gone, and perhaps the caller
   if (result == kConfirmed) selected = dialog->choice_.SelectedIndices();
   dialog->Destroy();
   return result == kConfirmed;

@@ -35,6 +35,7 @@ void TmyComponent::PaintBuffered() {
   IntersectClipRect(memory, dirty.left, dirty.top, dirty.right, dirty.bottom);
   SendMessageA(Handle(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), 0);
   SendMessageA(Handle(), WM_PAINT, reinterpret_cast<WPARAM>(memory), 0);
+  if (!backBuffer_) return;
   BitBlt(screen.Get(), 0, 0, clientWidth_, clientHeight_, memory, 0, 0, SRCCOPY);
 }
 

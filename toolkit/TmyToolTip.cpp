@@ -31,7 +31,8 @@ TmyToolTip::~TmyToolTip() {
 }
 
 bool TmyToolTip::Create() noexcept {
-  if (handle_) return true;
+  if (handle_ && IsWindow(handle_)) return true;  // a program that ends others may have closed it
+  shown_ = false;
   INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_BAR_CLASSES};
   InitCommonControlsEx(&classes);
   handle_ = CreateWindowExA(WS_EX_TOPMOST | WS_EX_NOACTIVATE, TOOLTIPS_CLASSA, nullptr,

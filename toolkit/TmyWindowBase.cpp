@@ -108,7 +108,7 @@ LRESULT CALLBACK TmyWindowBase::StaticWndProc(HWND handle, UINT message, WPARAM 
   if (!TmyApplication::Exists()) return DefWindowProcA(handle, message, wParam, lParam);
   TmyApplication::Get().SetLastMessageTime(Clock::Ticks());
   auto* object = StoredObject(handle);
-  if (message == WM_NCCREATE || message == WM_CREATE) {
+  if ((message == WM_NCCREATE || message == WM_CREATE) && !object) {  // else somebody sends it
     object = Attach(handle, *reinterpret_cast<const CREATESTRUCTA*>(lParam));
     if (StoredObject(handle) != object) return message == WM_CREATE ? -1 : FALSE;  // it would never hear of its end
   }

@@ -74,6 +74,7 @@ TmyComponent::Outcome TmyComponent::WindowMessage(UINT message, WPARAM wParam, L
     case WM_DESTROY:
       Destroying();
       DestroyChildren();
+      backBuffer_.reset();  // the object may have to wait for its end
       break;
     default:
       break;
