@@ -16,6 +16,9 @@ cd "$(dirname "$0")"
 . scripts/common.sh
 ./build.sh
 
+# Where the plug-in looks for its help file.
+export ZQN_PLUGIN_PATH=Z:${BUILD_DIR//\//\\}\\bin
+
 # A display that is named but does not answer is none.
 has_display() { [ -n "${DISPLAY:-}" ] && xprop -root _NET_SUPPORTED >/dev/null 2>&1; }
 
