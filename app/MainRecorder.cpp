@@ -105,8 +105,6 @@ void MainRecorder::FileFull(const TmyString& next) {
   status_.SetNote(TmyString("4 GB reached: recording goes on in ") + next.FileName());
 }
 
-// A task gives up what it has and begins anew, under a name that is short again.
 void MainRecorder::FileFailed(const TmyString& next) {
   status_.SetNote(TmyString("Recording ended: ") + next.FileName() + " cannot be made");
-  if (session_.CurrentTask()) session_.Stop();  // last: the host is told inside
 }

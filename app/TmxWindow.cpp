@@ -276,9 +276,9 @@ void TmxWindow::Timer(uintptr_t id) {
 void TmxWindow::FollowClock() {
   const bool isOtherZone = !(shownZone_ == Zone());
   if ((!isOtherZone && !panel_->FollowsClock()) || IsClicking() || isExporting_) return;
-  shownZone_ = Zone();
   if (isOtherZone) desk_.ZoneChanged();
   Refresh(true);
+  shownZone_ = Zone();
 }
 
 void TmxWindow::Realign() {
@@ -357,7 +357,9 @@ void TmxWindow::AutoTuningChanged() {
 // Rows that moved between the two clicks of a double click, or under a right button that is down, would tune to another
 // broadcast. A double click is counted from the first release on.
 bool TmxWindow::IsClicking() const {
-  const bool isPressed = GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0;
+  // Nobody captures the right button: its release may never come to this thread.
+  const bool isRightPressed = GetKeyState(VK_RBUTTON) < 0 && GetAsyncKeyState(VK_RBUTTON) < 0;
+  const bool isPressed = GetKeyState(VK_LBUTTON) < 0 || isRightPressed;
   return isPressed || (hasClick_ && Clock::Ticks() - lastClick_ <= 2 * GetDoubleClickTime());
 }
 
@@ -450,6 +452,7 @@ void TmxWindow::ToggleUtc(TmyMenuItem& item) {
   item.Check(utc_);
   desk_.ZoneChanged();
   Refresh(false);
+  shownZone_ = Zone();
 }
 
 int TmxWindow::RunBox(TmyMsgBox& box) {

@@ -173,6 +173,10 @@ void DownloadRun::TimedOut() {
   if (wasEibi) StartHfcc();
 }
 
+void DownloadRun::RequestFailed() {
+  site_ == DownloadSite::kEibi&& hasEibi_ ? StartHfcc() : TimedOut();  // what was saved counts
+}
+
 // What is whole was told before, and another request took its place: an HFCC document that ends here never comes.
 void DownloadRun::Closed() {
   if (site_ == DownloadSite::kHfcc) {

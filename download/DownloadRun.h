@@ -32,6 +32,7 @@ class DownloadRun {
   void Connected();
   void Progress(uint32_t received, uint32_t stillExpected, bool isWholeKnown);
   void Finished(const DownloadedDocument& document);
+  void RequestFailed();  // for want of memory
   void TimedOut();
   void Closed();
 

@@ -5,6 +5,7 @@
 
 #include "download/ServerNames.h"
 #include "foundation/Clock.h"
+#include "foundation/Trace.h"
 #include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
@@ -116,7 +117,12 @@ void TmxDownloadWindow::FocusChanged(bool focused) {
 
 LRESULT TmxDownloadWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != kRequestFailed) return TmyComponent::WndProc(message, wParam, lParam);
-  if (run_) run_->TimedOut();
+  try {
+    if (run_) run_->RequestFailed();
+  } catch (const std::bad_alloc&) {
+    DropRequest();
+    ShowWorking(false);
+  }
   return 0;
 }
 
@@ -142,8 +148,13 @@ void TmxDownloadWindow::OrGiveUp(Step step) {
   }
 }
 
+// A status that cannot be shown is no reason to give anything up.
 void TmxDownloadWindow::Connected(TmyHttpSocket&) {
-  OrGiveUp([this] { run_->Connected(); });
+  try {
+    run_->Connected();
+  } catch (const std::bad_alloc&) {
+    Trace::Line("No memory for the status");
+  }
 }
 
 void TmxDownloadWindow::Progress(TmyHttpSocket& socket) {

@@ -8,8 +8,8 @@ namespace {
 
 constexpr int kKiloDecimals = 3;
 constexpr int kMegaDecimals = 6;
-constexpr size_t kGroup = 3;  // digits, as in "9 420"
-constexpr std::string_view kBlanks = " \t";
+constexpr size_t kGroup = 3;                     // digits, as in "9 420"
+constexpr std::string_view kBlanks = " \t\xA0";  // web pages have the last one between numbers and units
 
 bool IsDigit(char c) noexcept {
   return c >= '0' && c <= '9';
@@ -28,6 +28,9 @@ std::string LowerOf(std::string_view text) {
   std::string lower(text);
   std::ranges::transform(lower, lower.begin(), Lower);
   return lower;
+}
+bool IsBlank(char c) noexcept {
+  return kBlanks.find(c) != std::string_view::npos;
 }
 // How many characters at the beginning are of a kind.
 template <class Kind>
@@ -52,6 +55,24 @@ int TakeUnit(std::string_view& text) noexcept {
   if (hasPrefix) rest.remove_suffix(1);
   text = Trimmed(rest);
   return prefix == 'm' ? kMegaDecimals : prefix == 'k' ? kKiloDecimals : 0;
+}
+
+// Digits, further ones in groups of three, a mark and decimals; removed from the text.
+std::string TakeNumber(std::string_view& text) {
+  const auto take = [&](size_t count) {
+    const std::string_view taken = text.substr(0, count);
+    text.remove_prefix(count);
+    return taken;
+  };
+  std::string number(take(CountOf(text, IsDigit)));
+  const bool mayHaveGroups = !number.empty() && number.size() <= kGroup;
+  while (mayHaveGroups && !text.empty() && IsBlank(text.front()) && CountOf(text.substr(1), IsDigit) == kGroup) {
+    take(1);
+    number += take(kGroup);
+  }
+  while (!text.empty() && IsMark(text.front())) number += take(1 + CountOf(text.substr(1), IsDigit));
+  while (!number.empty() && IsMark(number.back())) number.pop_back();
+  return number;
 }
 
 bool AppendDigit(int64_t& value, int digit) noexcept {
@@ -95,16 +116,9 @@ std::optional<int64_t> ParseFrequency(std::string_view text) noexcept {
 TmyString FindFrequency(std::string_view text) {
   const size_t first = text.find_first_of("0123456789");
   if (first == std::string_view::npos) return {};
-  std::string_view rest = text.substr(first > 0 && IsMark(text[first - 1]) ? first - 1 : first);
-  std::string number(rest.substr(0, CountOf(rest, [](char c) { return IsDigit(c) || IsMark(c); })));
-  rest.remove_prefix(number.size());
-  const auto hasGroup = [&] { return rest.starts_with(' ') && CountOf(rest.substr(1), IsDigit) == kGroup; };
-  for (bool isGrouped = CountOf(number, IsDigit) == number.size() && number.size() <= kGroup;
-       isGrouped && hasGroup();) {
-    number += rest.substr(1, kGroup);
-    rest.remove_prefix(1 + kGroup);
-  }
-  while (IsMark(number.back())) number.pop_back();
+  const bool hasMark = first > 0 && IsMark(text[first - 1]) && (first == 1 || !IsLetter(text[first - 2]));
+  std::string_view rest = text.substr(hasMark ? first - 1 : first);
+  std::string number = TakeNumber(rest);
   const std::string_view word = Trimmed(rest);
   const std::string unit = LowerOf(word.substr(0, CountOf(word, IsLetter)));
   const bool isApart = word.data() != rest.data();

@@ -67,7 +67,8 @@ bool SwapFile::Exchange() const {
 SwapFile::Copied SwapFile::CopyOver() const {
   TmyFile from(aside_, GENERIC_READ, OPEN_EXISTING);
   if (!from.IsOpen()) return Copied::kNothing;
-  const bool isNew = GetFileAttributesA(name_.Chars()) == INVALID_FILE_ATTRIBUTES;
+  const bool isNew =
+      GetFileAttributesA(name_.Chars()) == INVALID_FILE_ATTRIBUTES && GetLastError() == ERROR_FILE_NOT_FOUND;
   const Copied copied = CopyInto(from);
   if (isNew && copied != Copied::kWhole) DeleteFileA(name_.Chars());
   return copied;

@@ -174,9 +174,7 @@ void TmyMediaPlayer::Clicked(Tmy_Btn& button) {
       &TmyMediaPlayer::Forward, &TmyMediaPlayer::Record, &TmyMediaPlayer::OpenFile};
   const Hold hold;
   for (uint32_t i = 0; i < kButtonCount; ++i) {
-    if (&buttons_[i] != &button || !Does(static_cast<Button>(i))) continue;
-    const ScopedFlag pressing(isPressing_);
-    return (this->*kActions[i])();
+    if (&buttons_[i] == &button && Does(static_cast<Button>(i))) return (this->*kActions[i])();
   }
 }
 
@@ -215,17 +213,20 @@ void TmyMediaPlayer::SeekTo(int64_t milliseconds) {
   if (state_ == kPlaying && !device_.Play()) StopPlayback();
 }
 
+// The device may let timers run inside its calls, and a task begin.
 void TmyMediaPlayer::Play() {
   const bool isOpen = device_.Open(fileName_);
   const std::optional<uint32_t> length = device_.Length();
-  if (state_ != kIdle) return device_.Close();  // as above
+  if (state_ != kIdle) return device_.Close();
   if (!isOpen || !length) {
     device_.Close();
     return SetState(kIdle);
   }
   slider_->SetRange(*length);
   ShowPlayback(0);
-  if (device_.Play()) return SetState(kPlaying);
+  const bool plays = device_.Play();
+  if (state_ != kIdle) return;
+  if (plays) return SetState(kPlaying);
   StopPlayback();
 }
 
@@ -237,12 +238,15 @@ void TmyMediaPlayer::Pause() {
   switch (state_) {
     case kPlaying:
       device_.Pause();
-      if (state_ == kPlaying) SetState(kPlaybackPaused);  // the device may let timers run, and a task begin
+      if (state_ == kPlaying) SetState(kPlaybackPaused);  // else as in Play
       return;
-    case kPlaybackPaused:
-      if (device_.Resume() || device_.Play()) return SetState(kPlaying);  // a seek in between ends a pause
+    case kPlaybackPaused: {
+      const bool plays = device_.Resume() || device_.Play();  // a seek in between ends a pause
+      if (state_ != kPlaybackPaused) return;
+      if (plays) return SetState(kPlaying);
       StopPlayback();
       return;
+    }
     case kRecording:
       return SetState(kRecordingPaused);
     default:
@@ -255,6 +259,7 @@ void TmyMediaPlayer::Record() {
   parametersWanted(parameters);
   // The owner may have gone, or have begun something itself.
   if (!IsAlive() || state_ != kIdle) return;
+  const ScopedFlag beginning(isRecordPressed_);
   StartRecording(parameters.fileName, parameters.sampleRate, parameters.channels, parameters.bits);
 }
 
@@ -331,7 +336,7 @@ void TmyMediaPlayer::UpdateButtons() {
 void TmyMediaPlayer::KeepFocus() {
   const TmyControl* focused = FocusedControl();
   if (!focused || focused->IsEnabled() || !IsEnabled()) return;
-  if (IsRecordingState() && !isPressing_) return FocusDrawn(nullptr);
+  if (IsRecordingState() && !isRecordPressed_) return FocusDrawn(nullptr);
   for (const Button next : {IsRecordingState() ? kStop : kPause, kPlay, kOpen}) {
     if (buttons_[next].IsEnabled()) return FocusDrawn(&buttons_[next]);
   }
@@ -341,7 +346,7 @@ void TmyMediaPlayer::MoveFocus(int direction) {
   constexpr int kCount = kButtonCount;
   int at = 0;
   while (at < kCount && &buttons_[static_cast<uint32_t>(at)] != FocusedControl()) ++at;
-  if (at == kCount) return;
+  if (at == kCount && direction > 0) at = -1;  // none has the focus: from the outside
   for (at += direction; at >= 0 && at < kCount; at += direction) {
     Tmy_Btn2& button = buttons_[static_cast<uint32_t>(at)];
     if (button.IsEnabled()) return FocusDrawn(&button);

@@ -107,9 +107,9 @@ class TmyMediaPlayer : public TmyPanel {
   std::unique_ptr<TmyWaveFilePCM> file_;
   TmyString fileName_;
   State state_ = kIdle;
-  int64_t shownFirst_ = 0;   // seconds that the label shows
-  int64_t shownSecond_ = 0;  // negative: not shown
-  uint32_t stops_ = 0;       // times in a row that a device that should play was found not to
-  bool isPressing_ = false;  // a button
-  bool choosing_ = false;    // the open dialog is up
+  int64_t shownFirst_ = 0;        // seconds that the label shows
+  int64_t shownSecond_ = 0;       // negative: not shown
+  uint32_t stops_ = 0;            // times in a row that a device that should play was found not to
+  bool isRecordPressed_ = false;  // while its recording begins
+  bool choosing_ = false;         // the open dialog is up
 };

@@ -41,10 +41,20 @@ apt_get_unprivileged() { apt-get -q -y "$@" >>"$SETUP_LOG" 2>&1; }
 # A stale index of one source makes this fail while all others are fresh: the installs decide.
 apt_update() { apt_get update || say "apt-get update reported a problem; going on (see $SETUP_LOG)"; }
 
+# The tests start a sound server by themselves: the one that came for them begins with nobody's session.
+keep_sound_server_off() {
+  if [ -z "$(missing_of pulseaudio)" ] && command -v systemctl >/dev/null; then
+    as_root systemctl --global disable pulseaudio.service pulseaudio.socket >>"$SETUP_LOG" 2>&1 || true
+  fi
+  rm -f "$1"
+}
+
 install_packages() {
   local native wine
+  local mark=$BUILD_DIR/setup/sound-server-is-ours
   mapfile -t native < <(missing_of "${PACKAGES[@]}")
   mapfile -t wine < <(missing_of "${WINE_PACKAGES[@]}")
+  [ ! -e "$mark" ] || keep_sound_server_off "$mark"
   [ $((${#native[@]} + ${#wine[@]})) -gt 0 ] || return 0
   say "installing ${native[*]} ${wine[*]}"
   if ! dpkg --print-foreign-architectures | grep -qx i386; then as_root dpkg --add-architecture i386; fi
@@ -53,14 +63,12 @@ install_packages() {
     apt_get install --no-install-recommends "${native[@]}" || fail "packages did not install, see $SETUP_LOG"
   fi
   if [ ${#wine[@]} -gt 0 ]; then
+    [ -z "$(missing_of pulseaudio)" ] || touch "$mark"
     . /etc/os-release
     apt_get install --no-install-recommends --allow-downgrades -t "$VERSION_CODENAME" "${WINE_PACKAGES[@]}" ||
       fail "Wine did not install, see $SETUP_LOG"
   fi
-  # The tests start a sound server by themselves: none is to begin with every user's session.
-  if [[ " ${wine[*]} " == *" pulseaudio "* ]] && command -v systemctl >/dev/null; then
-    as_root systemctl --global disable pulseaudio.service pulseaudio.socket >>"$SETUP_LOG" 2>&1 || true
-  fi
+  [ ! -e "$mark" ] || keep_sound_server_off "$mark"
 }
 
 # Packages of servers start them when they are installed, unless the machine's policy says no: it does meanwhile, in
@@ -92,13 +100,18 @@ install_web_server() (
   mapfile -t packages < <(missing_of "${WEB_SERVER[@]}")
   [ ${#packages[@]} -gt 0 ] || [ -e "$mark" ] || return 0
   [ -z "$(missing_of nginx)" ] || touch "$mark"
+  [ ! -e "$mark" ] || packages=("${WEB_SERVER[@]}")
   say "installing ${packages[*]}"
   trap restore_policy EXIT
   trap 'exit 1' HUP INT TERM
   forbid_services
-  apt_get install --no-install-recommends "${WEB_SERVER[@]}" ||
-    { apt_update && apt_get install --no-install-recommends "${WEB_SERVER[@]}"; } ||
-    fail "the web server did not install, see $SETUP_LOG"
+  if ! apt_get install --no-install-recommends "${packages[@]}"; then
+    apt_update
+    if ! apt_get install --no-install-recommends "${packages[@]}"; then
+      [ -z "$(missing_of nginx)" ] || rm -f "$mark"
+      fail "the web server did not install, see $SETUP_LOG"
+    fi
+  fi
   if [ -e "$mark" ] && [ -d /run/systemd/system ]; then as_root systemctl disable --quiet nginx || true; fi
   rm -f "$mark"
 )
@@ -142,16 +155,18 @@ unpack_minizip() {
 # The prefix: a plain desktop with smooth text in a font that every screenshot machine has. One that is whole is never
 # made again: recordings and tasks of whoever runs the host lie in it. Only the desktop's settings are.
 make_wine_prefix() {
-  local made
+  local made wait=(wineserver --wait)
   made=$(sha256sum <scripts/wine-desktop.reg)
   [ "$(cat "$WINEPREFIX/.ready" 2>/dev/null)" = "$made" ] && return 0
   say "making the Wine prefix"
-  if [ ! -e "$WINEPREFIX/.ready" ]; then
+  if [ -e "$WINEPREFIX/.ready" ]; then
+    wait=(timeout 60 wineserver --wait)  # a host that is open in it stays open
+  else
     rm -rf "$WINEPREFIX" && mkdir -p "$WINEPREFIX" "$HOME"
     wine wineboot --init >>"$SETUP_LOG" 2>&1 </dev/null || fail "Wine did not start, see $SETUP_LOG"
   fi
   wine regedit /S scripts/wine-desktop.reg >>"$SETUP_LOG" 2>&1 </dev/null || fail "the prefix was not set up, see $SETUP_LOG"
-  timeout 60 wineserver --wait || true  # a host that is open in it stays open
+  "${wait[@]}" || true
   # A documents folder inside the prefix, so that a prefix can be copied and each copy has its own.
   [ ! -L "$(documents_folder)" ] || rm "$(documents_folder)"
   mkdir -p "$(documents_folder)"

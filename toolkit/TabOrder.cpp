@@ -1,5 +1,7 @@
 #include "toolkit/TabOrder.h"
 
+#include <algorithm>
+
 #include "toolkit/TmyApplication.h"
 
 void TabOrder::Collect(TmyComponent& window) {
@@ -22,11 +24,18 @@ void TabOrder::Collect(TmyComponent& window) {
 void TabOrder::Move(TmyComponent& from, bool forward) const {
   const size_t count = stops_.size();
   if (count == 0) return;
-  size_t at = forward ? count - 1 : 0;
-  for (size_t i = 0; i < count; ++i) {
-    if (stops_[i].window == &from && stops_[i].drawn == from.FocusedControl()) at = i;
+  const auto isOn = [&](const Stop& stop) { return stop.window == &from && stop.drawn == from.FocusedControl(); };
+  const auto isInside = [&](const Stop& stop) { return stop.window == &from; };
+  const auto at = std::ranges::find_if(stops_, isOn);
+  if (at != stops_.end()) {
+    const auto index = static_cast<size_t>(at - stops_.begin());
+    return Go(stops_[(index + (forward ? 1 : count - 1)) % count]);
   }
-  Go(stops_[forward ? (at + 1) % count : (at + count - 1) % count]);
+  // A window whose focused control is one no more: to its first or last one.
+  const auto first = std::ranges::find_if(stops_, isInside);
+  const auto last = std::find_if(stops_.rbegin(), stops_.rend(), isInside);
+  if (first == stops_.end()) return Go(forward ? stops_.front() : stops_.back());
+  Go(forward ? *first : *last);
 }
 
 void TabOrder::First() const {

@@ -22,10 +22,24 @@ TEST_F(TmyFrequencyEditTest, TypedAndPastedTextsAndWhatCommittingMakesOfThem) {
     Input::Key(*edit_, VK_RETURN);
     EXPECT_EQ(edit_->Text(), committed);
   }
-  const std::pair<const char*, int64_t> pasted[] = {
-      {" 6005\r\n", 6005000}, {"words", 6005000},     {"9420 AM", 9420000},        {"on 6.005 MHz, 49 m", 6005000},
-      {"9 420", 9420000},     {"6005-6010", 6005000}, {"9420 0500-0600", 9420000}, {"9420, 9425", 9420000},
-      {"25 m", 25000},        {"9420500Hz", 9420500}, {"1,000.5 kHz", 9420500},    {".5MHz", 500000}};
+  const std::pair<const char*, int64_t> pasted[] = {{" 6005\r\n", 6005000},
+                                                    {"words", 6005000},
+                                                    {"9420 AM", 9420000},
+                                                    {"on 6.005 MHz, 49 m", 6005000},
+                                                    {"9 420", 9420000},
+                                                    {"6005-6010", 6005000},
+                                                    {"9420 0500-0600", 9420000},
+                                                    {"9420, 9425", 9420000},
+                                                    {"25 m", 25000},
+                                                    {"9420500Hz", 9420500},
+                                                    {"1,000.5 kHz", 9420500},
+                                                    {".5MHz", 500000},
+                                                    {"6.005\xA0MHz", 6005000},
+                                                    {"9\xA0"
+                                                     "420,5 kHz",
+                                                     9420500},
+                                                    {"1 296.2 MHz", 1296200000},
+                                                    {"ca.7325", 7325000}};
   for (const auto& [text, value] : pasted) {
     edit_->SelectAll();
     Paste(*edit_, text);
