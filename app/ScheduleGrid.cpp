@@ -90,7 +90,7 @@ void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bo
 
 // The record that was current stays so, wherever it is now.
 void ScheduleGrid::ShowList(const void* current) {
-  grid_->RowsChanged();
+  grid_->RepaintRows();
   const int32_t at = current ? shown_.IndexOf(current) : -1;
   grid_->SetCurrentRow(at >= 0 ? TmyStringGrid::RowOf(static_cast<uint32_t>(at)) : TmyStringGrid::kNoRow, at >= 0);
 }

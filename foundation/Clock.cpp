@@ -7,6 +7,7 @@ constexpr int64_t kFileTimePerSecond = 10'000'000;
 bool held = false;
 SYSTEMTIME heldUtc;
 int32_t heldOffset = 0;
+uint32_t ticksAhead = 0;
 
 int64_t ToTicks(const FILETIME& time) noexcept {
   return static_cast<int64_t>(uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime);
@@ -49,7 +50,7 @@ int32_t Clock::LocalOffsetSeconds() noexcept {
 }
 
 uint32_t Clock::Ticks() noexcept {
-  return GetTickCount();
+  return GetTickCount() + ticksAhead;
 }
 
 void Clock::Hold(const SYSTEMTIME& utc, int32_t localOffsetSeconds) noexcept {
@@ -60,4 +61,8 @@ void Clock::Hold(const SYSTEMTIME& utc, int32_t localOffsetSeconds) noexcept {
 
 void Clock::Release() noexcept {
   held = false;
+}
+
+void Clock::AdvanceTicks(uint32_t milliseconds) noexcept {
+  ticksAhead += milliseconds;
 }

@@ -17,6 +17,7 @@ namespace Clock {
 // Stops the clock at a moment and an offset, until Release. For tests.
 void Hold(const SYSTEMTIME& utc, int32_t localOffsetSeconds) noexcept;
 void Release() noexcept;
+void AdvanceTicks(uint32_t milliseconds) noexcept;  // for good; for tests, too
 
 }  // namespace Clock
 

@@ -79,6 +79,7 @@ class TmyFileDirect : public TmyFile {
   [[nodiscard]] bool IsAligned(uint64_t offset, const void* buffer, uint32_t length) const noexcept;
   bool TransferStarted(BOOL taken) noexcept;
   int32_t CountWritten(uint32_t bytes, uint32_t staged);
+  [[nodiscard]] bool IsGivenUp() const noexcept;  // the device hangs, and it is not yet time for another try
   [[nodiscard]] uint64_t LogicalEnd() const noexcept { return base_ + tailUsed_; }
   [[nodiscard]] uint8_t* Tail() noexcept { return memory_.get(); }
 
@@ -94,8 +95,6 @@ class TmyFileDirect : public TmyFile {
   OVERLAPPED overlapped_ = {};
   bool transferring_ = false;
   bool writtenTo_ = false;
-  [[nodiscard]] bool IsGivenUp() const noexcept;  // the device hangs, and it is not yet time for another try
-
   bool hangs_ = false;
   uint32_t hungAt_ = 0;  // ticks
   const bool readOnly_;
