@@ -48,10 +48,11 @@ bool Copy(const TmyString& from, const TmyString& to) {
   bool isWritten = source.IsOpen();
   char piece[0x4000];
   for (uint32_t count = 1; isWritten && count > 0;) {
-    count = source.ReadSome(piece, sizeof piece);
-    isWritten = target.Write(piece, count);
+    const std::optional<uint32_t> got = source.ReadSome(piece, sizeof piece);
+    count = got.value_or(0);
+    isWritten = got && target.Write(piece, count);
   }
-  return isWritten && source.Position() == source.Size() && target.Commit();
+  return isWritten && target.Commit();
 }
 
 // The disk does not tell a short name from its long one: the name leads to another's file.
@@ -174,7 +175,8 @@ void DownloadRun::TimedOut() {
 }
 
 void DownloadRun::RequestFailed() {
-  site_ == DownloadSite::kEibi&& hasEibi_ ? StartHfcc() : TimedOut();  // what was saved counts
+  if (site_ == DownloadSite::kEibi && hasEibi_) return StartHfcc();  // what was saved counts
+  TimedOut();
 }
 
 // What is whole was told before, and another request took its place: an HFCC document that ends here never comes.

@@ -21,9 +21,10 @@ void AdvanceTicks(uint32_t milliseconds) noexcept;  // for good; for tests, too
 
 }  // namespace Clock
 
+inline constexpr int32_t kSecondsPerDay = 86400;
+
 // A time of day in seconds moved by an offset and brought back into 0 to 86399.
 [[nodiscard]] constexpr int32_t ShiftTimeOfDay(int32_t seconds, int32_t offset) noexcept {
-  constexpr int32_t kDay = 86400;
-  const int32_t moved = (seconds % kDay + offset % kDay) % kDay;
-  return moved < 0 ? moved + kDay : moved;
+  const int32_t moved = (seconds % kSecondsPerDay + offset % kSecondsPerDay) % kSecondsPerDay;
+  return moved < 0 ? moved + kSecondsPerDay : moved;
 }

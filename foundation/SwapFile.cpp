@@ -84,10 +84,11 @@ SwapFile::Copied SwapFile::CopyInto(TmyFile& from) const {
     return Copied::kNothing;
   }
   uint8_t piece[kPiece];
-  while (const uint32_t got = from.ReadSome(piece, sizeof piece)) {
-    if (!to.Write(piece, got)) return Copied::kPart;
+  std::optional<uint32_t> got;
+  while ((got = from.ReadSome(piece, sizeof piece)).value_or(0) != 0) {
+    if (!to.Write(piece, *got)) return Copied::kPart;
   }
-  return to.Position() == from.Size() && to.Flush() ? Copied::kWhole : Copied::kPart;
+  return got && to.Flush() ? Copied::kWhole : Copied::kPart;
 }
 
 // Then the position is the beginning.

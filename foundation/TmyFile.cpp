@@ -12,28 +12,18 @@ TmyFile::TmyFile(const TmyString& name, DWORD access, DWORD disposition, DWORD s
   Open(access, disposition, share, flags);
 }
 
-TmyFile::~TmyFile() {
-  Close();
-}
-
 bool TmyFile::Open(DWORD access, DWORD disposition, DWORD share, DWORD flags) {
   Close();
   constexpr DWORD kWriteRights = GENERIC_WRITE | GENERIC_ALL | FILE_WRITE_DATA | FILE_APPEND_DATA;
   if (disposition == OPEN_ALWAYS && (access & kWriteRights) == 0) disposition = OPEN_EXISTING;
-  const HANDLE handle = CreateFileA(name_.Chars(), access, share, nullptr, disposition, flags, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) {
-    openError_ = GetLastError();
-    Trace::Line("File not opened, err=%d", static_cast<int>(openError_));
-    return false;
-  }
-  handle_ = handle;
-  openError_ = 0;
-  return true;
+  handle_.reset(HandleOrNull(CreateFileA(name_.Chars(), access, share, nullptr, disposition, flags, nullptr)));
+  openError_ = handle_ ? 0 : GetLastError();
+  if (!handle_) Trace::Line("File not opened, err=%d", static_cast<int>(openError_));
+  return IsOpen();
 }
 
 void TmyFile::Close() noexcept {
-  if (handle_) CloseHandle(handle_);
-  handle_ = nullptr;
+  handle_.reset();
 }
 
 bool TmyFile::IsRawDisk() const noexcept {
@@ -46,30 +36,31 @@ uint64_t TmyFile::Size() const {
     GET_LENGTH_INFORMATION length = {};
     DWORD got = 0;
     const BOOL told =
-        DeviceIoControl(handle_, IOCTL_DISK_GET_LENGTH_INFO, nullptr, 0, &length, sizeof length, &got, nullptr);
+        DeviceIoControl(Handle(), IOCTL_DISK_GET_LENGTH_INFO, nullptr, 0, &length, sizeof length, &got, nullptr);
     return told ? static_cast<uint64_t>(length.Length.QuadPart) : 0;
   }
   LARGE_INTEGER size = {};
-  return GetFileSizeEx(handle_, &size) ? static_cast<uint64_t>(size.QuadPart) : 0;
+  return GetFileSizeEx(Handle(), &size) ? static_cast<uint64_t>(size.QuadPart) : 0;
 }
 
 uint64_t TmyFile::Position() const {
   LARGE_INTEGER position = {};
-  if (!handle_ || !SetFilePointerEx(handle_, {}, &position, FILE_CURRENT)) return 0;
+  if (!handle_ || !SetFilePointerEx(Handle(), {}, &position, FILE_CURRENT)) return 0;
   return static_cast<uint64_t>(position.QuadPart);
 }
 
 bool TmyFile::Write(const void* data, uint32_t length) {
   DWORD written = 0;
-  return handle_ && WriteFile(handle_, data, length, &written, nullptr) && written == length;
+  return handle_ && WriteFile(Handle(), data, length, &written, nullptr) && written == length;
 }
 
 bool TmyFile::Read(void* data, uint32_t length) {
   DWORD got = 0;
-  return handle_ && ReadFile(handle_, data, length, &got, nullptr);
+  return handle_ && ReadFile(Handle(), data, length, &got, nullptr);
 }
 
-uint32_t TmyFile::ReadSome(void* data, uint32_t length) {
+std::optional<uint32_t> TmyFile::ReadSome(void* data, uint32_t length) {
   DWORD got = 0;
-  return handle_ && ReadFile(handle_, data, length, &got, nullptr) ? got : 0;
+  if (!handle_ || !ReadFile(Handle(), data, length, &got, nullptr)) return std::nullopt;
+  return got;
 }

@@ -10,17 +10,6 @@ namespace {
 // A foreign file may be large: it is cut piece by piece, and one call to the system brings many records.
 constexpr uint32_t kRecordsAtOnce = 64;
 
-// Tells a failure from the end of the file, behind which nothing comes either.
-class ReadableFile : public TmyFile {
- public:
-  using TmyFile::TmyFile;
-  std::optional<uint32_t> Next(void* data, uint32_t length) {
-    DWORD got = 0;
-    if (!ReadFile(Handle(), data, length, &got, nullptr)) return std::nullopt;
-    return got;
-  }
-};
-
 bool AddAll(std::span<const uint8_t> bytes, TmyTypeList<TmxTask>& tasks, TaskDate localNow) {
   for (size_t at = 0; at < bytes.size(); at += sizeof(TmxTask)) {
     std::unique_ptr<TmxTask> task(new (std::nothrow) TmxTask(TaskFile::TaskOf(bytes.subspan(at), localNow)));
@@ -39,12 +28,12 @@ TmxTask TaskFile::TaskOf(std::span<const uint8_t> bytes, TaskDate localNow) noex
 }
 
 bool TaskFile::Load(const TmyString& path, TmyTypeList<TmxTask>& tasks, TaskDate localNow) {
-  ReadableFile file(path, GENERIC_READ, OPEN_EXISTING);
+  TmyFile file(path, GENERIC_READ, OPEN_EXISTING);
   if (!file.IsOpen()) return file.OpenError() == ERROR_FILE_NOT_FOUND;
   const uint32_t before = tasks.Count();
   uint8_t bytes[kRecordsAtOnce * sizeof(TmxTask)];
   std::optional<uint32_t> got;
-  while ((got = file.Next(bytes, sizeof bytes)).value_or(0) > 0) {
+  while ((got = file.ReadSome(bytes, sizeof bytes)).value_or(0) > 0) {
     if (!AddAll({bytes, *got}, tasks, localNow)) got.reset();
     if (!got) break;
   }

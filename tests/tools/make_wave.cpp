@@ -6,7 +6,7 @@ int main(int, char** argv) {
   TmyWaveFilePCM wave(argv[2], 16000, 2, 16, 0x100000);
   char block[30011];
   uint32_t length = 1;
-  while (const uint32_t got = bytes.ReadSome(block, length = length * 7 % sizeof block)) {
+  while (const uint32_t got = bytes.ReadSome(block, length = length * 7 % sizeof block).value_or(0)) {
     if (!wave.Write(block, got)) return 1;
   }
 }
