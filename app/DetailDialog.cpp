@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "toolkit/CentredPlace.h"
 #include "toolkit/ClipboardText.h"
-#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -17,21 +17,10 @@ constexpr int kCascade = 24;           // from one open dialog to the next
 constexpr uint32_t kSmallestRows = 3;  // that stay in view however small the window is made
 constexpr TmyGridColumn kColumns[] = {{"Field"}, {"Value"}};
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 SIZE WithFrame(int width, int height) {
   RECT frame = {0, 0, width, height};
   AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
   return {frame.right - frame.left, frame.bottom - frame.top};
-}
-
-RECT WorkArea(const TmyComponent& owner) {
-  MONITORINFO monitor = {};
-  monitor.cbSize = sizeof(monitor);
-  if (GetMonitorInfoA(MonitorFromWindow(owner.Handle(), MONITOR_DEFAULTTONEAREST), &monitor)) return monitor.rcWork;
-  return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }
 
 int OpenDialogs() {
@@ -48,10 +37,9 @@ int OpenDialogs() {
 }  // namespace
 
 DetailDialog::DetailDialog(TmyComponent& owner)
-    : TmyComponent("Item details", kStyle, kExtendedStyle, 0, 0, 100, 100, &owner),
+    : TmyDialog("Item details", kStyle, kExtendedStyle, 100, 100, &owner),
       grid_(new TmyStringGrid(*this)),
       close_(*this, "Close") {
-  SetDoubleBuffered(true);
   SetKeyPreview(true);
   grid_->SetColumns(kColumns, 2);
   grid_->columnResized.Bind<&DetailDialog::ColumnResized>(this);
@@ -71,18 +59,7 @@ void DetailDialog::AddRange(const char* label, std::string_view from, std::strin
 void DetailDialog::RowsAdded(const TmyComponent& owner) {
   grid_->SetModel(this);
   MeasureColumns();
-  const RECT work = WorkArea(owner);
-  const SIZE wanted = FittingSize();
-  const int width = std::min<int>(wanted.cx, work.right - work.left);
-  const int height = std::min<int>(wanted.cy, work.bottom - work.top);
-  RECT around = work;
-  if (owner.IsVisible() && !IsIconic(owner.Handle())) GetWindowRect(owner.Handle(), &around);
-  const int shift = OpenDialogs() % 10 * Theme().Scaled(kCascade);
-  const int left = (around.left + around.right - width) / 2 + shift;
-  const int top = (around.top + around.bottom - height) / 2 + shift;
-  SetBounds(std::clamp<int>(left, work.left, work.right - width), std::clamp<int>(top, work.top, work.bottom - height),
-            width, height);
-  Realign();
+  PlaceCentred(owner, FittingSize(), OpenDialogs() % 10 * Theme().Scaled(kCascade));
   grid_->Show(true);
 }
 
@@ -143,11 +120,11 @@ void DetailDialog::ColumnResized(int column) {
 }
 
 void DetailDialog::ThemeChanged() {
-  TmyComponent::ThemeChanged();
+  TmyDialog::ThemeChanged();
   if (measuredHeight_ == Theme().TextHeight()) return;
   MeasureColumns();
   const SIZE wanted = FittingSize();
-  const RECT work = WorkArea(*this);
+  const RECT work = WorkAreaAt(Bounds());
   SetBounds(Bounds().left, Bounds().top, std::min<int>(wanted.cx, work.right - work.left),
             std::min<int>(wanted.cy, work.bottom - work.top));
   Realign();
@@ -172,11 +149,6 @@ void DetailDialog::PreviewKey(TmyComponent&, uint32_t& key, LPARAM) {
   key = 0;
 }
 
-void DetailDialog::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) TabOrder(*this).First();
-  TmyComponent::FocusChanged(focused);
-}
-
 void DetailDialog::Escape() {
   Destroy();
 }
@@ -191,5 +163,5 @@ LRESULT DetailDialog::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
     reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
     return 0;
   }
-  return TmyComponent::WndProc(message, wParam, lParam);
+  return TmyDialog::WndProc(message, wParam, lParam);
 }

@@ -12,10 +12,11 @@
 #include <string_view>
 #include <vector>
 
+#include "toolkit/TmyDialog.h"
 #include "toolkit/TmyStringGrid.h"
 #include "toolkit/Tmy_Btn.h"
 
-class DetailDialog : public TmyComponent, private TmyGridModel {
+class DetailDialog : public TmyDialog, private TmyGridModel {
  public:
   [[nodiscard]] TmyStringGrid& Grid() noexcept { return *grid_; }
   [[nodiscard]] std::string TextToCopy() const;
@@ -23,7 +24,6 @@ class DetailDialog : public TmyComponent, private TmyGridModel {
   void Realign() override;
   void ThemeChanged() override;
   void Escape() override;
-  void FocusChanged(bool focused) override;
   void PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) override;
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 

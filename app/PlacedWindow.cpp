@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "toolkit/CentredPlace.h"
+
 namespace {
 
 // A registry may hold any 32 bits: coordinates beyond these are cut, so that no sum of two overflows.
@@ -71,7 +73,7 @@ void PlacedWindow::Restore(const TmyWindowBase& window, const Settings::Place& s
   stored_ = stored;
   Settings::Place place = Cut(stored);
   const RECT caption = {place.left, place.top, place.left + std::max(place.width, 1), place.top + 1};
-  const RECT area = MonitorOf(caption).rcWork;
+  const RECT area = WorkAreaAt(caption);
   const bool isReachable = IsReachable(place, area);
   if (!isReachable) place = Inside(place, area);
   Move(window, place);

@@ -1,6 +1,7 @@
 // Marlux 3. Where a window stands, between the store and the screen. A stored place that no monitor shows any more is
 // brought into view; as long as the user does not move the window, the store gets its own numbers back, so that they
-// still hold when the monitor returns.
+// still hold when the monitor returns. A monitor that goes while the window is on it counts as a move: the system moves
+// the window then.
 #pragma once
 
 #include <optional>

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "toolkit/ListKeys.h"
-#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -15,9 +14,6 @@ constexpr int kListRows = 14;
 constexpr int kLeastListWidth = 100;
 constexpr int kLeastListRows = 4;
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
 int Margin() {
   return 2 * Theme().Step();
 }
@@ -46,7 +42,7 @@ bool TmxOptionsDialog::Choose(TmyComponent& owner, const std::vector<ColumnField
 
 TmxOptionsDialog::TmxOptionsDialog(TmyComponent& owner, const std::vector<ColumnField>& fields,
                                    const std::vector<uint32_t>& selected)
-    : TmyComponent("HFCC options", kStyle, kExtendedStyle, 0, 0, 100, 100, &owner),
+    : TmyDialog("HFCC options", kStyle, kExtendedStyle, 100, 100, &owner),
       choice_(fields, selected),
       text_(*this, "Select columns to display in the HFCC table"),
       availableLabel_(*this, "Available columns"),
@@ -62,7 +58,6 @@ TmxOptionsDialog::TmxOptionsDialog(TmyComponent& owner, const std::vector<Column
       down_(*selectedSide_, "Down"),
       ok_(*this, "OK"),
       cancel_(*this, "Cancel") {
-  SetDoubleBuffered(true);
   SetKeyPreview(true);
   ok_.SetDefault(true);
   add_.SetToolTip("Show the column");
@@ -102,12 +97,7 @@ SIZE TmxOptionsDialog::SizeFor(int listWidth, int rows) const {
 
 void TmxOptionsDialog::FitSize(const TmyComponent& around) {
   fittedHeight_ = Theme().TextHeight();
-  const SIZE size = SizeFor(Theme().Scaled(kListWidth), kListRows);
-  RECT place = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  if (around.IsVisible()) GetWindowRect(around.Handle(), &place);
-  SetBounds(std::max(0L, (place.left + place.right - size.cx) / 2),
-            std::max(0L, (place.top + place.bottom - size.cy) / 2), size.cx, size.cy);
-  Realign();
+  PlaceCentred(around, SizeFor(Theme().Scaled(kListWidth), kListRows));
 }
 
 void TmxOptionsDialog::Realign() {
@@ -156,7 +146,7 @@ void TmxOptionsDialog::PlaceButtons(int left, int top, TmyInvisiblePanel& side, 
 }
 
 void TmxOptionsDialog::ThemeChanged() {
-  TmyComponent::ThemeChanged();
+  TmyDialog::ThemeChanged();
   if (fittedHeight_ != Theme().TextHeight()) FitSize(*this);
 }
 
@@ -237,16 +227,11 @@ void TmxOptionsDialog::Escape() {
   EndModal(kCancelled);
 }
 
-void TmxOptionsDialog::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) TabOrder(*this).First();
-  TmyComponent::FocusChanged(focused);
-}
-
 LRESULT TmxOptionsDialog::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_GETMINMAXINFO && fittedHeight_ > 0) {
     const SIZE least = SizeFor(Theme().Scaled(kLeastListWidth), kLeastListRows);
     reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
     return 0;
   }
-  return TmyComponent::WndProc(message, wParam, lParam);
+  return TmyDialog::WndProc(message, wParam, lParam);
 }

@@ -9,21 +9,20 @@
 #include <vector>
 
 #include "app/ColumnChoice.h"
+#include "toolkit/TmyDialog.h"
 #include "toolkit/TmyInvisiblePanel.h"
 #include "toolkit/TmyListBox.h"
 #include "toolkit/TmySplitter.h"
 #include "toolkit/Tmy_Btn.h"
 #include "toolkit/Tmy_Label.h"
 
-class TmxOptionsDialog : public TmyComponent {
+class TmxOptionsDialog : public TmyDialog {
  public:
   // Shows the dialog and waits. True: the user confirmed, `selected` holds the field indices in their new order, at
   // least one. False: `selected` is as it was; the owner may be gone.
   [[nodiscard]] static bool Choose(TmyComponent& owner, const std::vector<ColumnField>& fields,
                                    std::vector<uint32_t>& selected);
 
-  static constexpr int kConfirmed = 1;  // what ShowModal returns
-  static constexpr int kCancelled = 2;
   TmxOptionsDialog(TmyComponent& owner, const std::vector<ColumnField>& fields, const std::vector<uint32_t>& selected);
   [[nodiscard]] const ColumnChoice& Columns() const noexcept { return choice_; }
 
@@ -31,7 +30,6 @@ class TmxOptionsDialog : public TmyComponent {
   void ThemeChanged() override;
   void Confirm() override;
   void Escape() override;
-  void FocusChanged(bool focused) override;
   void PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) override;
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 

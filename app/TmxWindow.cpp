@@ -52,13 +52,20 @@ bool FileExists(const TmyString& path) noexcept {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+// Of the two states that the system keeps of a mouse button one is the thread's, which never learns of a release that
+// goes to another program; the other one is the device's, where the buttons may be swapped.
+bool IsHeld(int button) noexcept {
+  const bool isSwapped = GetSystemMetrics(SM_SWAPBUTTON) != 0;
+  const int ofDevice = isSwapped == (button == VK_LBUTTON) ? VK_RBUTTON : VK_LBUTTON;
+  return GetKeyState(button) < 0 && GetAsyncKeyState(ofDevice) < 0;
+}
+
 }  // namespace
 
 TmxWindow::TmxWindow(HostInfo hostInfo)
     : TmyComponent(kProductCaption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_APPWINDOW, 0, 0, kFirstWidth,
                    kFirstHeight, nullptr),
       hostInfo_(std::move(hostInfo)),
-      receiverDefault_(hostInfo_.ReceiverDefault()),
       gridMenu_(contextMenu_.Menu()),
       panel_(new FilterPanel(*this)),
       eibi_(std::make_unique<EibiGrid>(*this)),
@@ -213,7 +220,7 @@ void TmxWindow::ArchiveChosen(TmyMenuItem& item) {
 // What the last load of an archive had to say, once, when its grid is looked at.
 void TmxWindow::TellOfProblem() {
   const HfccLoad problem = databases_.TakeProblem();
-  if (problem != HfccLoad::kRead) RunBox(*new TmyMsgBox(this, kProductCaption, HfccLoadText(problem), {"OK"}));
+  if (problem != HfccLoad::kRead) RunBox(*new TmyMsgBox(*this, kProductCaption, HfccLoadText(problem), {"OK"}));
 }
 
 LRESULT TmxWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -251,7 +258,7 @@ void TmxWindow::ShowChanged(bool visible) {
   if (!visible || isDatabaseQuestionAsked_ || !databases_.IsOneMissing()) return;
   isDatabaseQuestionAsked_ = true;
   const int answer = RunBox(
-      *new TmyMsgBox(this, "Database files initialization needed",
+      *new TmyMsgBox(*this, "Database files initialization needed",
                      "The frequency database files are missing and need to be installed.\r\nDo you wish to download "
                      "these files from EiBi and HFCC websites?",
                      {"Yes", "No"}));
@@ -268,17 +275,18 @@ void TmxWindow::Timer(uintptr_t id) {
   } else if (id == kAutoTuningTimer) {
     KillTimer(Handle(), kAutoTuningTimer);
     // The right button has moved to a row whose menu is yet to come.
-    if (panel_->IsAutoTuning() && GetKeyState(VK_RBUTTON) >= 0) TuneTo(Shown().Control().CurrentRow());
+    if (panel_->IsAutoTuning() && !IsHeld(VK_RBUTTON)) TuneTo(Shown().Control().CurrentRow());
   }
 }
 
 // Summer time begins and ends while the window is open. Rows that are to be exported stay as they are marked.
 void TmxWindow::FollowClock() {
-  const bool isOtherZone = !(shownZone_ == Zone());
+  const ShownZone zone = Zone();
+  const bool isOtherZone = !(shownZone_ == zone);
   if ((!isOtherZone && !panel_->FollowsClock()) || IsClicking() || isExporting_) return;
   if (isOtherZone) desk_.ZoneChanged();
+  shownZone_ = zone;  // from before: what changes meanwhile is seen the next time
   Refresh(true);
-  shownZone_ = Zone();
 }
 
 void TmxWindow::Realign() {
@@ -357,10 +365,8 @@ void TmxWindow::AutoTuningChanged() {
 // Rows that moved between the two clicks of a double click, or under a right button that is down, would tune to another
 // broadcast. A double click is counted from the first release on.
 bool TmxWindow::IsClicking() const {
-  // Nobody captures the right button: its release may never come to this thread.
-  const bool isRightPressed = GetKeyState(VK_RBUTTON) < 0 && GetAsyncKeyState(VK_RBUTTON) < 0;
-  const bool isPressed = GetKeyState(VK_LBUTTON) < 0 || isRightPressed;
-  return isPressed || (hasClick_ && Clock::Ticks() - lastClick_ <= 2 * GetDoubleClickTime());
+  return IsHeld(VK_LBUTTON) || IsHeld(VK_RBUTTON) ||
+         (hasClick_ && Clock::Ticks() - lastClick_ <= 2 * GetDoubleClickTime());
 }
 
 void TmxWindow::RowClicked(uint32_t row) {
@@ -430,7 +436,7 @@ void TmxWindow::ExportCsv(TmyMenuItem&) {
   }
   if (error == ERROR_SUCCESS) return;
   const TmyString text = path + "\ncould not be written: " + SystemErrorText(error);
-  RunBox(*new TmyMsgBox(this, kProductCaption, text, {"OK"}));
+  RunBox(*new TmyMsgBox(*this, kProductCaption, text, {"OK"}));
 }
 
 void TmxWindow::ChooseColumns(TmyMenuItem&) {
@@ -450,9 +456,9 @@ void TmxWindow::Exit(TmyMenuItem&) {
 void TmxWindow::ToggleUtc(TmyMenuItem& item) {
   utc_ = !utc_;
   item.Check(utc_);
+  shownZone_ = Zone();
   desk_.ZoneChanged();
   Refresh(false);
-  shownZone_ = Zone();
 }
 
 int TmxWindow::RunBox(TmyMsgBox& box) {
@@ -468,13 +474,13 @@ void TmxWindow::ShowHelp(TmyMenuItem&) {
     help_.Show(Handle(), file);
     return;
   }
-  RunBox(*new TmyMsgBox(this, kProductCaption, "The Help file is missing.\nThere will be no help facilities available",
+  RunBox(*new TmyMsgBox(*this, kProductCaption, "The Help file is missing.\nThere will be no help facilities available",
                         {"OK"}));
 }
 
 void TmxWindow::ShowAbout(TmyMenuItem&) {
   if (about_) return;
-  about_ = new TmyMsgBox(this, "About", "Marlux " MARLUX_VERSION, {"OK"});
+  about_ = new TmyMsgBox(*this, "About", "Marlux " MARLUX_VERSION, {"OK"});
   about_->ResizeCentred(about_->Width() * 5 / 4, about_->Height() * 3 / 2);
   RunBox(*about_);
   about_ = nullptr;

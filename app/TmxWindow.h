@@ -95,7 +95,6 @@ class TmxWindow : public TmyComponent, public PluginInstance {
 
   HostInfo hostInfo_;
   HostLink link_;
-  uint32_t receiverDefault_;
   HelpLibrary help_;
   MainMenu menu_;
   TmyPopupMenu contextMenu_;

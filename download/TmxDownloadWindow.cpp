@@ -6,7 +6,6 @@
 #include "download/ServerNames.h"
 #include "foundation/Clock.h"
 #include "foundation/Trace.h"
-#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
@@ -19,10 +18,6 @@ constexpr int kHeight = 100;
 constexpr int kButtonPressed = 1;        // what ShowModal returns
 constexpr uint32_t kPaintInterval = 50;  // ms
 constexpr UINT kRequestFailed = WM_USER;
-
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
 
 }  // namespace
 
@@ -42,16 +37,15 @@ DownloadResult TmxDownloadWindow::Run(TmyComponent& owner, const TmyString& data
 }
 
 TmxDownloadWindow::TmxDownloadWindow(TmyComponent& owner)
-    : TmyComponent("Download", kStyle, kExtendedStyle, -1, -1, kWidth, kHeight, &owner),
+    : TmyDialog("Download", kStyle, kExtendedStyle, kWidth, kHeight, &owner),
       line1_(*this),
       line2_(*this),
       bar_(new ProgressBar(*this)),
       button_(*this, "Cancel") {
-  SetDoubleBuffered(true);
   button_.SetDefault(true);
   button_.clicked.Bind<&TmxDownloadWindow::ButtonClicked>(this);
   TakeIconOf(owner);
-  PlaceOver(owner);
+  PlaceCentred(owner, {Theme().Scaled(kWidth), Theme().Scaled(kHeight)});
 }
 
 // The window is seen before the first name is looked up, which may take the thread for seconds.
@@ -77,16 +71,6 @@ void TmxDownloadWindow::TakeIconOf(const TmyComponent& owner) {
   SendMessageA(Handle(), WM_SETICON, ICON_BIG, icon);
 }
 
-void TmxDownloadWindow::PlaceOver(const TmyComponent& owner) {
-  const int width = Theme().Scaled(kWidth);
-  const int height = Theme().Scaled(kHeight);
-  RECT around = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  if (owner.IsVisible() && !IsIconic(owner.Handle())) GetWindowRect(owner.Handle(), &around);
-  SetBounds(std::max(0L, (around.left + around.right - width) / 2),
-            std::max(0L, (around.top + around.bottom - height) / 2), width, height);
-  Realign();
-}
-
 // The upper line has the whole width. The button stands in the lower right corner, the bar beside it while the run
 // works. The lower line is two lines when the run ends badly: the second has the bar's place.
 void TmxDownloadWindow::Realign() {
@@ -107,16 +91,11 @@ void TmxDownloadWindow::ThemeChanged() {
   RECT place;
   GetWindowRect(Handle(), &place);
   SetBounds(place.left, place.top, Theme().Scaled(kWidth), Theme().Scaled(kHeight));
-  TmyComponent::ThemeChanged();
-}
-
-void TmxDownloadWindow::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) TabOrder(*this).First();
-  TmyComponent::FocusChanged(focused);
+  TmyDialog::ThemeChanged();
 }
 
 LRESULT TmxDownloadWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != kRequestFailed) return TmyComponent::WndProc(message, wParam, lParam);
+  if (message != kRequestFailed) return TmyDialog::WndProc(message, wParam, lParam);
   try {
     if (run_) run_->RequestFailed();
   } catch (const std::bad_alloc&) {

@@ -12,16 +12,16 @@
 #include "download/DownloadRun.h"
 #include "download/TmyHttpSocket.h"
 #include "toolkit/ProgressBar.h"
+#include "toolkit/TmyDialog.h"
 #include "toolkit/Tmy_Btn.h"
 #include "toolkit/Tmy_Label.h"
-#include "toolkit/myComponents.h"
 
 struct DownloadResult {
   bool hasEibi = false;  // a new eibi.txt
   uint32_t archives = 0;
 };
 
-class TmxDownloadWindow : public TmyComponent, private DownloadDesk {
+class TmxDownloadWindow : public TmyDialog, private DownloadDesk {
  public:
   // Opens the window over its owner and returns when the user has closed it, whether the run had ended or not. What was
   // saved until then counts. The owner may be gone afterwards.
@@ -35,7 +35,6 @@ class TmxDownloadWindow : public TmyComponent, private DownloadDesk {
   void ThemeChanged() override;
   void Confirm() override;
   void Escape() override;
-  void FocusChanged(bool focused) override;
 
  protected:
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -60,7 +59,6 @@ class TmxDownloadWindow : public TmyComponent, private DownloadDesk {
 
   void TellLines();
   void PaintNow();
-  void PlaceOver(const TmyComponent& owner);
   void TakeIconOf(const TmyComponent& owner);
   void ButtonClicked(Tmy_Btn& button);
 

@@ -22,10 +22,6 @@ constexpr int kOpenedCellWidth = 170;
 constexpr int kOpenedHeight = 360;
 constexpr int kOpenedColumns = 3;
 
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 int Margin() {
   return 2 * Theme().Step();
 }

@@ -13,10 +13,6 @@ namespace {
 constexpr uintptr_t kLoopTimer = 1;
 constexpr UINT kOpenMilliseconds = 300;  // for what opens with a loop of its own, until it is painted
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 // What drops down has the mouse. The cursor is over the part at these per cent of it.
 Picture TakeDrop(TmyDropPanel& field, POINT hot) {
   field.DropDown(true);
@@ -74,7 +70,7 @@ Picture TakeBox(SampleCell& cell) {
     amid.box->EndModal(1);
   });
   loop->box =
-      new TmyMsgBox(cell.TopLevel(), "Delete task", "Are you sure you want to delete this task?", {"Yes", "No"});
+      new TmyMsgBox(*cell.TopLevel(), "Delete task", "Are you sure you want to delete this task?", {"Yes", "No"});
   // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the loop belongs to its window
   if (loop->box->ShowModal(cell.TopLevel()) == 0) return {};
   loop->box->Destroy();

@@ -23,10 +23,6 @@
 
 namespace {
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 void Fill(const SampleCell& cell, TmyControl& control) {
   control.SetBounds(0, 0, cell.ClientWidth(), cell.ClientHeight());
   control.Show(true);
@@ -196,6 +192,7 @@ TmyStringGrid* NewGrid(SampleCell& cell, const TmyGridModel* model) {
   auto* grid = new TmyStringGrid(cell);
   const TmyGridColumn columns[] = {{"Freq", Theme().Scaled(56), true}, {"Station", Theme().Scaled(100)}};
   grid->SetColumns(columns, 2);
+  grid->SetColumnsMovable(true);
   grid->SetModel(model);
   return grid;
 }

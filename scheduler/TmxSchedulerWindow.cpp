@@ -12,7 +12,6 @@
 #include "scheduler/TmxTaskWindow.h"
 #include "toolkit/CentredPlace.h"
 #include "toolkit/ListKeys.h"
-#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyMsgBox.h"
 
@@ -33,9 +32,6 @@ constexpr TmyGridColumn kColumns[] = {{"Active"},         {"Frequency", 0, true}
                                       {"Start", 0, true}, {"Stop", 0, true},      {"Mode"}, {"Days"}};
 static_assert(std::size(kColumns) == kTaskColumnCount);
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
 int StripHeight() {  // of the buttons
   return Theme().FieldHeight() + 3 * Theme().Step();
 }
@@ -84,14 +80,13 @@ HWND DialogOn(HWND window, HWND other) noexcept {
 }  // namespace
 
 TmxSchedulerWindow::TmxSchedulerWindow(SchedulerOwner& owner)
-    : TmyComponent("Scheduler", kStyle, kExtendedStyle, 0, 0, kLeastWidth, kLeastHeight, &owner.Window()),
+    : TmyDialog("Scheduler", kStyle, kExtendedStyle, kLeastWidth, kLeastHeight, &owner.Window()),
       owner_(owner),
       grid_(new TmyStringGrid(*this)),
       newTask_(*this, "New task"),
       deleteTask_(*this, "Delete task"),
       editTask_(*this, "Edit task"),
       close_(*this, "Close") {
-  SetDoubleBuffered(true);
   SetKeyPreview(true);
   newTask_.SetToolTip("Insert");
   deleteTask_.SetToolTip("Delete");
@@ -106,10 +101,8 @@ TmxSchedulerWindow::TmxSchedulerWindow(SchedulerOwner& owner)
   grid_->rowClicked.Bind<&TmxSchedulerWindow::RowClicked>(this);
   grid_->rowActivated.Bind<&TmxSchedulerWindow::RowActivated>(this);
   grid_->columnResized.Bind<&TmxSchedulerWindow::ColumnResized>(this);
-  const RECT place = FirstPlace();
-  SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
+  PlaceCentred(owner.Window(), FirstSize());
   unplaced_ = Bounds();
-  Realign();
   grid_->Show(true);
   TasksChanged();
 }
@@ -128,12 +121,12 @@ void TmxSchedulerWindow::SetFirstWidths() {
   fittedHeight_ = Theme().TextHeight();
 }
 
-RECT TmxSchedulerWindow::FirstPlace() const {
+SIZE TmxSchedulerWindow::FirstSize() const {
   const GridGeometry::Layout& grid = grid_->Layout();
   const SIZE frame = FrameSize();
   const int width = grid_->ColumnsRight() + TmyScrollBar::Thickness() + static_cast<int>(frame.cx) + 2;
   const int height = static_cast<int>(frame.cy) + grid.titleHeight + kFirstRows * grid.rowHeight + 2 + StripHeight();
-  return CentredPlace(owner_.Window(), {width, height});
+  return {width, height};
 }
 
 // All columns in view beside the frame, as far as screens go; the buttons side by side, some rows.
@@ -158,8 +151,13 @@ void TmxSchedulerWindow::ConstrainBounds(int&, int&, int& width, int& height) {
   height = std::max<int>(height, least.cy);
 }
 
+// Where it has to become wider it stays on its screen, with its buttons.
 void TmxSchedulerWindow::ColumnResized(int) {
-  SetBounds(Bounds().left, Bounds().top, std::max<int>(Width(), LeastSize().cx), Height());
+  const int width = LeastSize().cx;
+  if (width <= Width()) return;
+  const RECT work = WorkAreaAt(Bounds());
+  const int left = std::max<int>(work.left, std::min<int>(Bounds().left, work.right - width));
+  SetBounds(left, Bounds().top, width, Height());
 }
 
 void TmxSchedulerWindow::Realign() {
@@ -179,7 +177,7 @@ void TmxSchedulerWindow::Realign() {
 
 void TmxSchedulerWindow::ThemeChanged() {
   grid_->ScaleWidths(Theme().TextHeight(), std::exchange(fittedHeight_, Theme().TextHeight()));
-  TmyComponent::ThemeChanged();
+  TmyDialog::ThemeChanged();
   ColumnResized(0);
 }
 
@@ -300,7 +298,7 @@ bool TmxSchedulerWindow::RunEditor(TmxTask& task) {
 }
 
 bool TmxSchedulerWindow::IsConfirmed() {
-  auto* question = new TmyMsgBox(this, "Delete task", "Are you sure?", {"Yes", "No"});
+  auto* question = new TmyMsgBox(*this, "Delete task", "Are you sure?", {"Yes", "No"});
   question_ = question;
   const DisabledWindow disabled(owner_.Window());
   const int result = question->ShowModal(this);
@@ -313,8 +311,7 @@ bool TmxSchedulerWindow::IsConfirmed() {
 void TmxSchedulerWindow::Open() {
   if (!IsIconic(Handle()) && !IsZoomed(Handle())) opening();
   if (!IsVisible()) {
-    const RECT place = FirstPlace();
-    if (EqualRect(&unplaced_, &Bounds())) SetBounds(place.left, place.top, Width(), Height());
+    if (EqualRect(&unplaced_, &Bounds())) PlaceCentred(owner_.Window(), {Width(), Height()});
     unplaced_ = {};
     return Show(true);
   }
@@ -369,11 +366,6 @@ void TmxSchedulerWindow::Destroying() {
   if (editor_) std::exchange(editor_, nullptr)->Destroy();
 }
 
-void TmxSchedulerWindow::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) TabOrder(*this).First();
-  TmyComponent::FocusChanged(focused);
-}
-
 LRESULT TmxSchedulerWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == kMsgNewTask) {
     NewTaskPosted(reinterpret_cast<const void*>(lParam));
@@ -383,5 +375,5 @@ LRESULT TmxSchedulerWindow::WndProc(UINT message, WPARAM wParam, LPARAM lParam) 
     const SIZE least = LeastSize();
     reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
   }
-  return TmyComponent::WndProc(message, wParam, lParam);
+  return TmyDialog::WndProc(message, wParam, lParam);
 }

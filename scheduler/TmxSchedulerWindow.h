@@ -12,13 +12,14 @@
 #include <vector>
 
 #include "scheduler/SchedulerOwner.h"
+#include "toolkit/TmyDialog.h"
 #include "toolkit/TmyStringGrid.h"
 #include "toolkit/Tmy_Btn.h"
 
 class TmxTaskWindow;
 class TmyMsgBox;
 
-class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
+class TmxSchedulerWindow : public TmyDialog, private TmyGridModel {
  public:
   // Opens the editor on a new task: lParam is a TmxTask made with new, which is the window's from then on, or 0 for the
   // defaults. While something is open already that comes to the front instead.
@@ -43,7 +44,6 @@ class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
   void Realign() override;
   void ThemeChanged() override;
   void Escape() override;
-  void FocusChanged(bool focused) override;
   void ConstrainBounds(int& x, int& y, int& width, int& height) override;
   void PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) override;
   bool Closing() override;
@@ -61,7 +61,7 @@ class TmxSchedulerWindow : public TmyComponent, private TmyGridModel {
   [[nodiscard]] const char* EmptyText() const override { return "No scheduled recordings"; }
 
   void SetFirstWidths();
-  [[nodiscard]] RECT FirstPlace() const;
+  [[nodiscard]] SIZE FirstSize() const;
   [[nodiscard]] SIZE LeastSize() const;
   void EnableButtons();
   void CurrentMoved(uint32_t row);

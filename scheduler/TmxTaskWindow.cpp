@@ -10,10 +10,8 @@
 #include "schedule/DayTime.h"
 #include "scheduler/TaskTime.h"
 #include "scheduler/ZoneTime.h"
-#include "toolkit/CentredPlace.h"
 #include "toolkit/DropField.h"
 #include "toolkit/ListKeys.h"
-#include "toolkit/TabOrder.h"
 #include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
@@ -30,9 +28,6 @@ constexpr int kFrequencyRow = 4;
 constexpr int kDaysRow = kRows - 1;
 constexpr std::string_view kUnit = "kHz";
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
 int Margin() {
   return 2 * Theme().Step();
 }
@@ -69,7 +64,7 @@ TmyString DayCaption(uint32_t bit) {
 }  // namespace
 
 TmxTaskWindow::TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent)
-    : TmyComponent("New Task", kStyle, kExtendedStyle, 0, 0, 100, 100, &parent),
+    : TmyDialog("New Task", kStyle, kExtendedStyle, 100, 100, &parent),
       owner_(owner),
       lostTexts_(LostTexts()),
       enabled_(*this, "Enable task"),
@@ -89,7 +84,6 @@ TmxTaskWindow::TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent)
              {*this, DayCaption(6)}}},
       ok_(*this, "OK"),
       cancel_(*this, "Cancel") {
-  SetDoubleBuffered(true);
   SetKeyPreview(true);
   ok_.SetDefault(true);
   ok_.clicked.Bind<&TmxTaskWindow::Clicked>(this);
@@ -192,9 +186,7 @@ void TmxTaskWindow::FitSize(const TmyComponent& around) {
   RECT frame = {0, 0, FieldLeft() + fields + Margin(),
                 LineTop(kRows) + Theme().Step() + Theme().FieldHeight() + Margin()};
   AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
-  const RECT place = CentredPlace(around, {frame.right - frame.left, frame.bottom - frame.top});
-  SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
-  Realign();
+  PlaceCentred(around, {frame.right - frame.left, frame.bottom - frame.top});
 }
 
 void TmxTaskWindow::Realign() {
@@ -206,13 +198,14 @@ void TmxTaskWindow::Realign() {
 }
 
 void TmxTaskWindow::PlaceFields() {
+  const int left = FieldLeft(), width = FieldWidth();
   int row = 0;
   for (TmyComponent* field : std::initializer_list<TmyComponent*>{from_, to_, start_, stop_, frequency_, mode_}) {
-    field->SetBounds(FieldLeft(), LineTop(row++), FieldWidth(), Theme().FieldHeight());
+    field->SetBounds(left, LineTop(row++), width, Theme().FieldHeight());
   }
-  const int narrower = FieldWidth() - TmyUpDown::PreferredWidth(), top = LineTop(kFrequencyRow);
-  frequency_->SetBounds(FieldLeft(), top, narrower, Theme().FieldHeight());
-  frequencyUpDown_->SetBounds(FieldLeft() + narrower, top, TmyUpDown::PreferredWidth(), Theme().FieldHeight());
+  const int narrower = width - TmyUpDown::PreferredWidth(), top = LineTop(kFrequencyRow);
+  frequency_->SetBounds(left, top, narrower, Theme().FieldHeight());
+  frequencyUpDown_->SetBounds(left + narrower, top, TmyUpDown::PreferredWidth(), Theme().FieldHeight());
 }
 
 void TmxTaskWindow::PlaceDays() {
@@ -236,12 +229,12 @@ void TmxTaskWindow::Paint(HDC dc) {
     ThemeDraw::Text(dc, place, words, Theme().Color().text, Font());
   };
   for (int row = 0; row < kRows; ++row) text(row, Margin(), kLabels[row]);
-  text(kFrequencyRow, FieldLeft() + FieldWidth() + Theme().Step(), kUnit);
+  text(kFrequencyRow, frequencyUpDown_->Bounds().right + Theme().Step(), kUnit);
 }
 
 void TmxTaskWindow::ThemeChanged() {
   MeasureModes();
-  TmyComponent::ThemeChanged();
+  TmyDialog::ThemeChanged();
   if (fittedHeight_ != Theme().TextHeight()) FitSize(*this);
 }
 
@@ -279,9 +272,4 @@ void TmxTaskWindow::Clicked(Tmy_Btn& button) {
   // confirmed.
   isConfirmed_ = true;
   EndModal(kConfirmed);
-}
-
-void TmxTaskWindow::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) TabOrder(*this).First();
-  TmyComponent::FocusChanged(focused);
 }

@@ -14,17 +14,15 @@
 #include "scheduler/SchedulerOwner.h"
 #include "toolkit/TmyCalendar.h"
 #include "toolkit/TmyComboBox2.h"
+#include "toolkit/TmyDialog.h"
 #include "toolkit/TmyFrequencyEdit.h"
 #include "toolkit/TmyTimeEdit.h"
 #include "toolkit/TmyUpDown.h"
 #include "toolkit/Tmy_Btn.h"
 #include "toolkit/Tmy_CheckBox.h"
 
-class TmxTaskWindow : public TmyComponent {
+class TmxTaskWindow : public TmyDialog {
  public:
-  static constexpr int kConfirmed = 1;  // what ShowModal returns
-  static constexpr int kCancelled = 2;
-
   // `parent` is the window that waits; both outlive the editor.
   TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent);
 
@@ -38,7 +36,6 @@ class TmxTaskWindow : public TmyComponent {
   void ThemeChanged() override;
   void Confirm() override;
   void Escape() override;
-  void FocusChanged(bool focused) override;
   void PreviewKey(TmyComponent& sender, uint32_t& key, LPARAM flags) override;
 
  private:

@@ -4,14 +4,19 @@
 
 #include "toolkit/myComponents.h"
 
-RECT CentredPlace(const TmyComponent& around, SIZE size) {
-  RECT place = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  if (around.IsVisible() && !IsIconic(around.Handle())) GetWindowRect(around.Handle(), &place);
+RECT WorkAreaAt(const RECT& place) {
   MONITORINFO monitor = {};
   monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  const LONG left = std::max(std::min((place.left + place.right - size.cx) / 2, work.right - size.cx), work.left);
-  const LONG top = std::max(std::min((place.top + place.bottom - size.cy) / 2, work.bottom - size.cy), work.top);
-  return {left, top, left + size.cx, top + size.cy};
+  if (GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor)) return monitor.rcWork;
+  return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+}
+
+RECT CentredPlace(const TmyComponent& around, SIZE size, int shift) {
+  RECT place = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  if (around.IsVisible() && !IsIconic(around.Handle())) GetWindowRect(around.Handle(), &place);
+  const RECT work = WorkAreaAt(place);
+  const LONG width = std::min(size.cx, work.right - work.left), height = std::min(size.cy, work.bottom - work.top);
+  const LONG left = std::clamp((place.left + place.right - width) / 2 + shift, work.left, work.right - width);
+  const LONG top = std::clamp((place.top + place.bottom - height) / 2 + shift, work.top, work.bottom - height);
+  return {left, top, left + width, top + height};
 }

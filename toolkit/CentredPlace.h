@@ -5,6 +5,10 @@
 
 class TmyComponent;
 
-// Centred on another window, or on the screen while that one is not to be seen; inside the work area of the monitor
-// there, its left upper corner at the least. Screen coordinates.
-[[nodiscard]] RECT CentredPlace(const TmyComponent& around, SIZE size);
+// The part of a screen that windows may cover, without the task bar: of the monitor that has the most of `place`, or is
+// nearest to it. Screen coordinates, as everything here.
+[[nodiscard]] RECT WorkAreaAt(const RECT& place);
+
+// Centred on another window, or on the screen while that one is not to be seen, and moved from there by `shift` pixels
+// to the right and down. Inside the work area there, and no larger than it.
+[[nodiscard]] RECT CentredPlace(const TmyComponent& around, SIZE size, int shift = 0);

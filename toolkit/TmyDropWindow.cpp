@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include "toolkit/CentredPlace.h"
+
 namespace {
 
 constexpr uintptr_t kWatchTimer = 1;
@@ -52,10 +54,7 @@ void TmyDropWindow::OpenAt(const RECT& place) {
 }
 
 RECT TmyDropWindow::WorkArea() const {
-  MONITORINFO monitor = {};
-  monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoA(MonitorFromRect(&fieldAt_, MONITOR_DEFAULTTONEAREST), &monitor);
-  return monitor.rcWork;
+  return WorkAreaAt(fieldAt_);
 }
 
 bool TmyDropWindow::IsUnderCursor() const {

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr UINT kFormat = DT_LEFT | DT_WORDBREAK | DT_NOPREFIX;
+constexpr UINT kFormat = DT_LEFT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX;  // long words are broken, too
 
 }  // namespace
 
@@ -30,10 +30,6 @@ SIZE TmyLabel::SizeFor(int most) const {
   RECT area = {0, 0, most, 0};
   DrawTextA(screen.Get(), text_.Chars(), -1, &area, kFormat | DT_CALCRECT);
   return {area.right, area.bottom};
-}
-
-int TmyLabel::HeightFor(int width) const {
-  return SizeFor(width).cy;
 }
 
 void TmyLabel::Paint(HDC dc) {

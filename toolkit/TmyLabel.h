@@ -12,8 +12,7 @@ class TmyLabel : public TmyPanel {
   void SetText(const TmyString& text);
   void SetSecondary(bool secondary);  // in the colour of what matters less
 
-  [[nodiscard]] int HeightFor(int width) const;  // pixels, all lines
-  [[nodiscard]] SIZE SizeFor(int most) const;    // the same, no wider than the longest line needs
+  [[nodiscard]] SIZE SizeFor(int most) const;  // the same, no wider than the longest line needs
 
   void Paint(HDC dc) override;
   void EnabledChanged() override;

@@ -2,17 +2,15 @@
 
 #include <algorithm>
 
-#include "toolkit/TabOrder.h"
 #include "toolkit/TmyApplication.h"
 
 namespace {
 
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_TABSTOP;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+constexpr int kMostTextWidth = 420;  // at 96 dpi
+constexpr int kLeastTextWidth = 180;
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
 int Margin() {
   return 2 * Theme().Step();
 }
@@ -22,16 +20,15 @@ int ButtonHeight() {
 
 }  // namespace
 
-TmyMsgBox::TmyMsgBox(TmyComponent* owner, const TmyString& title, const TmyString& text,
+TmyMsgBox::TmyMsgBox(TmyComponent& owner, const TmyString& title, const TmyString& text,
                      std::initializer_list<const char*> buttons)
-    : TmyComponent(title.Chars(), kStyle, kExtendedStyle, -1, -1, 100, 100, owner), text_(new TmyLabel(*this, text)) {
-  SetDoubleBuffered(true);
+    : TmyDialog(title.Chars(), kStyle, kExtendedStyle, 100, 100, &owner), text_(new TmyLabel(*this, text)) {
   for (const char* caption : buttons) {
     auto& button = buttons_.emplace_back(std::make_unique<Tmy_Btn>(*this, caption));
     button->clicked.Bind<&TmyMsgBox::Clicked>(this);
   }
   if (!buttons_.empty()) buttons_.front()->SetDefault(true);
-  LayOut(owner);
+  FitSize(owner);
 }
 
 int TmyMsgBox::ButtonsWidth() const {
@@ -40,18 +37,18 @@ int TmyMsgBox::ButtonsWidth() const {
   return width;
 }
 
-void TmyMsgBox::LayOut(const TmyComponent* owner) {
-  const SIZE text = text_->SizeFor(Theme().Scaled(420));
-  const int inner = std::max({static_cast<int>(text.cx), ButtonsWidth(), Theme().Scaled(180)});
+void TmyMsgBox::FitSize(const TmyComponent& around) {
+  fittedHeight_ = Theme().TextHeight();
+  const SIZE text = text_->SizeFor(Theme().Scaled(kMostTextWidth));
+  const int inner = std::max({static_cast<int>(text.cx), ButtonsWidth(), Theme().Scaled(kLeastTextWidth)});
   RECT frame = {0, 0, inner + 2 * Margin(), static_cast<int>(text.cy) + ButtonHeight() + 3 * Margin()};
   AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
-  const int width = frame.right - frame.left;
-  const int height = frame.bottom - frame.top;
-  RECT around = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  if (owner && owner->IsVisible()) GetWindowRect(owner->Handle(), &around);
-  SetBounds(std::max(0L, (around.left + around.right - width) / 2),
-            std::max(0L, (around.top + around.bottom - height) / 2), width, height);
-  Realign();
+  PlaceCentred(around, {frame.right - frame.left, frame.bottom - frame.top});
+}
+
+void TmyMsgBox::ThemeChanged() {
+  TmyDialog::ThemeChanged();
+  if (fittedHeight_ != Theme().TextHeight()) FitSize(*this);
 }
 
 void TmyMsgBox::ResizeCentred(int width, int height) {
@@ -69,11 +66,6 @@ void TmyMsgBox::Realign() {
     (*button)->SetBounds(right - width, top, width, ButtonHeight());
     right -= width + Theme().Step();
   }
-}
-
-void TmyMsgBox::FocusChanged(bool focused) {
-  if (focused && !FocusedControl()) TabOrder(*this).First();
-  TmyComponent::FocusChanged(focused);
 }
 
 void TmyMsgBox::Clicked(Tmy_Btn& button) {

@@ -1,6 +1,7 @@
 #include "scheduler/TmxSchedulerWindow.h"
 
 #include "tests/scheduler/SchedulerFixture.h"
+#include "toolkit/CentredPlace.h"
 #include "toolkit/TmyMsgBox.h"
 
 struct TmxSchedulerWindowTest : SchedulerFixture {
@@ -20,7 +21,7 @@ struct TmxSchedulerWindowTest : SchedulerFixture {
 
 TEST_F(TmxSchedulerWindowTest, OnlyAConfirmedEditorChangesTheList) {
   ByKey(VK_INSERT, [&](TmyComponent& dialog) {  // confirmed below another box, which keeps its loop from ending
-    auto* box = new TmyMsgBox(window_, "About", "", {"OK"});
+    auto* box = new TmyMsgBox(*window_, "About", "", {"OK"});
     for (const UINT message : {kMsgConfirm, UINT{WM_CLOSE}}) PostMessageA(dialog.Handle(), message, 0, 0);
     PostMessageA(box->Handle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(box->ShowModal(window_), -1);
@@ -59,6 +60,14 @@ TEST_F(TmxSchedulerWindowTest, DeletesWhatIsSelectedOnYes) {
   SetFocus(scheduler_->Handle());
   EXPECT_EQ(GetFocus(), scheduler_->Grid().Handle());
   Key(VK_DELETE);
+}
+
+TEST_F(TmxSchedulerWindowTest, AWiderColumnDoesNotPushItsButtonsOffTheScreen) {
+  const int edge = WorkAreaAt(scheduler_->Bounds()).right;
+  scheduler_->SetBounds(edge - scheduler_->Width(), 50, scheduler_->Width(), 300);
+  scheduler_->Grid().SetColumnWidth(0, 300);
+  scheduler_->Grid().columnResized(0);
+  EXPECT_EQ(scheduler_->Bounds().right, edge);
 }
 
 TEST_F(TmxSchedulerWindowTest, ClosingGoesFromTheDialogOutwards) {
