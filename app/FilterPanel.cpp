@@ -17,11 +17,6 @@ constexpr Widths kEibiWidths = {186, 82, 82, 82};
 constexpr Widths kHfccWidths = {120, 112, 112, 66};  // names of countries and places
 constexpr int64_t kFirstCentre = 6000000;            // Hz
 constexpr int64_t kFirstSpan = 200000;
-constexpr int32_t kLastSecond = 86399;
-
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
 
 }  // namespace
 
@@ -61,7 +56,7 @@ void FilterPanel::SetInitialValues() {
   second_->SetValue(kFirstSpan);
   utcTime_.SetChecked(true);
   from_->SetValue(0);
-  to_->SetValue(kLastSecond);
+  to_->SetValue(TimeText::kLast);
   autoTuning_.SetToolTip("Tune the receiver to each broadcast that is selected");
   utcTime_.SetToolTip("Broadcasts that are on the air now");
 }

@@ -21,8 +21,8 @@ void SetFrequencies(FilterRecord& record, const FilterChoices& choices) noexcept
 // it comes.
 void SetLocalRange(FilterRecord& record, const FilterChoices& choices) noexcept {
   // The whole day, up to the last second that can be entered, is the whole day everywhere.
-  if (choices.to - choices.from >= kSecondsOfDay - 1) {
-    record.to = kSecondsOfDay;
+  if (choices.to - choices.from >= kSecondsPerDay - 1) {
+    record.to = kSecondsPerDay;
     return;
   }
   record.from = static_cast<uint32_t>(ShiftTimeOfDay(choices.from, -choices.localOffset));

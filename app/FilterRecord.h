@@ -25,8 +25,6 @@ inline constexpr uint32_t kTimeWraps = 64;
 
 }  // namespace FilterFlag
 
-inline constexpr int32_t kSecondsOfDay = 86400;
-
 struct FilterRecord {
   uint32_t lowest = 0;   // Hz, inclusive
   uint32_t highest = 0;  // Hz, inclusive
@@ -71,7 +69,7 @@ struct FilterChoices {
 
   bool timeOn = false;
   bool useCurrentTime = false;  // else the two edits
-  int32_t from = 0;             // seconds of the day as shown: 0 to 86400, UTC or local
+  int32_t from = 0;             // seconds of the day as shown, UTC or local
   int32_t to = 0;
   bool utcShown = true;
   int32_t localOffset = 0;  // seconds that local time is ahead of UTC

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "app/FilterRecord.h"
+#include "foundation/Clock.h"
 #include "foundation/TmyTypeList.h"
 
 // A filter made ready for many records.
@@ -24,7 +25,7 @@ class FilterTest {
     const auto from = static_cast<int32_t>(filter_.from);
     const auto to = static_cast<int32_t>(filter_.to);
     const auto meets = [=](int32_t first, int32_t last) { return end >= first && start <= last; };
-    return Has(FilterFlag::kTimeWraps) ? meets(from, kSecondsOfDay) || meets(0, to) : meets(from, to);
+    return Has(FilterFlag::kTimeWraps) ? meets(from, kSecondsPerDay) || meets(0, to) : meets(from, to);
   }
 
   // A whole text; it ends with a zero unless it is as long as the filter's.

@@ -64,9 +64,10 @@ void MainRecorder::LayOut(const RECT& strip) {
   const int note = status_.HasNote() ? std::min(height, status_.PreferredHeight()) : 0;
   media_.SetBounds(strip.left, strip.top, media, height - note);
   if (note > 0) {
-    status_.SetBounds(strip.left, strip.bottom - note, width, note);
+    status_.Place({strip.left, strip.bottom - note, strip.right, strip.bottom}, 1, note);
   } else {
-    status_.SetBounds(strip.left + media, strip.top, width - media, height);
+    const RECT& time = media_.TimeBounds();
+    status_.Place({strip.left + media, strip.top, strip.right, strip.bottom}, time.top, time.bottom);
   }
 }
 

@@ -2,9 +2,16 @@
 
 #include <algorithm>
 
+#include "app/ColumnChoice.h"
 #include "plugin/DataFolders.h"
+#include "scheduler/TaskTexts.h"
 
 namespace {
+
+// The store keeps its own sizes, those of the installations out there.
+static_assert(Settings::kFccSlots == kFccFields && ColumnChoice::kMostSelected == kFccFields);
+static_assert(Settings::kEibiColumns == kEibiColumns && Settings::kTaskColumns == kTaskColumnCount);
+static_assert(Settings::kFccSlots <= TmyStringGrid::kMaxColumns);
 
 template <class Array>
 void TakeWidths(const TmyStringGrid& grid, Array& widths) {

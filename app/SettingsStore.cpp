@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "app/FccColumns.h"
+
 namespace {
 
 // The value names as installations out there have them; two are misspelt for good.
@@ -19,7 +21,6 @@ constexpr PlaceNames kWindow = {"Left", "Top", "Width", "Height"};
 constexpr PlaceNames kScheduler = {"SchedulerPosX", "SchedulerPosY", "SchedulerWidth", "SchedulerHeight"};
 
 constexpr int32_t kFirstWidth = 100;
-constexpr uint32_t kFirstFields[] = {0, 1, 2, 3, 4, 9, 13, 14, 15, 16};
 
 int32_t ReadInt(const TmyRegistry& key, const char* name, int32_t otherwise) {
   return static_cast<int32_t>(key.ReadDword(name, static_cast<uint32_t>(otherwise)));
@@ -58,8 +59,8 @@ void ReadFields(const TmyRegistry& key, Settings& settings) {
     ReadArray(key, kFccSlots, settings.fccSlots);
     return;
   }
-  settings.fccCount = std::size(kFirstFields);
-  std::ranges::copy(kFirstFields, settings.fccSlots.begin());
+  settings.fccCount = std::size(kFirstFccFields);
+  std::ranges::copy(kFirstFccFields, settings.fccSlots.begin());
 }
 
 // The second fallback also sets widths of the HFCC grid, and the EiBi grid keeps its own: that is how a first start

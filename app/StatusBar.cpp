@@ -5,7 +5,7 @@
 
 namespace {
 TmyString CountsText(uint32_t shown, uint32_t all) {
-  return Formatted("%u of %u broadcasts", shown, all);
+  return Formatted(all == 1 ? "%u of %u broadcast" : "%u of %u broadcasts", shown, all);
 }
 }  // namespace
 
@@ -31,6 +31,13 @@ void StatusBar::SetNote(const TmyString& note) {
   if (TmyComponent* const parent = GetParent()) parent->Realign();
 }
 
+void StatusBar::Place(const RECT& bounds, int lineTop, int lineBottom) {
+  lineTop_ = lineTop;
+  lineBottom_ = lineBottom;
+  SetBounds(bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top);
+  Repaint();
+}
+
 int StatusBar::PreferredWidth() const {
   const TmyTheme& theme = TmyApplication::Get().Theme();
   return theme.TextWidth(widest_.View()) + 2 * theme.Step();
@@ -45,7 +52,7 @@ void StatusBar::Paint(HDC dc) {
   const TmyTheme& theme = TmyApplication::Get().Theme();
   const COLORREF color = theme.Color().secondary;
   ThemeDraw::Fill(dc, {0, 0, ClientWidth(), 1}, theme.Color().line);
-  RECT area = {theme.Step(), 1, ClientWidth() - theme.Step(), ClientHeight()};
+  RECT area = {theme.Step(), lineTop_, ClientWidth() - theme.Step(), lineBottom_};
   ThemeDraw::Text(dc, area, text_.View(), color, Font(), DT_RIGHT | DT_NOCLIP);
   area.right -= theme.TextWidth(text_.View()) + 2 * theme.Step();
   if (HasNote()) ThemeDraw::Text(dc, area, note_.View(), color, Font());

@@ -13,10 +13,14 @@ class StatusBar : public TmyPanel {
   // Of the counts alone. The owner is asked to lay itself out anew when this changes, or when a note comes or goes.
   [[nodiscard]] int PreferredWidth() const;
   [[nodiscard]] int PreferredHeight() const;
+  // The texts stand in the middle between two heights inside, beside what is on the line there.
+  void Place(const RECT& bounds, int lineTop, int lineBottom);
   void Paint(HDC dc) override;
 
  private:
   TmyString text_;
   TmyString widest_;  // the counts while all broadcasts are shown
   TmyString note_;
+  int lineTop_ = 0;
+  int lineBottom_ = 0;
 };

@@ -157,7 +157,7 @@ void Soak::Click(uint32_t handle, int x, int y) {
 
 std::string Soak::Counts(uint32_t handle) const {
   for (HWND child = GetWindow(host_.WindowOf(handle), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (TextOf(child).ends_with(" broadcasts")) return TextOf(child);
+    if (TextOf(child).find(" broadcast") != std::string::npos) return TextOf(child);
   }
   return "";
 }

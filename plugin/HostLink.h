@@ -60,7 +60,6 @@ class HostLink {
   // `instance` is the value that zqnPluginStart returns. A null callback leaves the link disconnected.
   void Connect(HostCallback callback, uint32_t instance) noexcept;
   void Disconnect() noexcept;
-  [[nodiscard]] bool IsConnected() const noexcept { return callback_ != nullptr; }
 
   void TellStarted() noexcept;
   // Tells that the instance is gone, with the product caption, and disconnects: the host may unload us inside the last

@@ -21,9 +21,6 @@ inline constexpr std::array<std::string_view, kDaysOfWeek> kShortDayNames = {"Mo
                                                                              "Fri", "Sat", "Sun"};
 inline constexpr std::array<std::string_view, kDaysOfWeek> kFullDayNames = {
     "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"};
-// What the day filters of the HFCC side offer, in the order of its day digits.
-inline constexpr std::array<std::string_view, 10> kHfccDayChoices = {
-    "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "All days", "Workdays", "Weekend"};
 
 // The index of a two-letter code, or -1. Case counts.
 [[nodiscard]] int32_t DayIndex(std::string_view code) noexcept;

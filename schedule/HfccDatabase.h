@@ -42,9 +42,6 @@ class HfccDatabase {
   // All with the code in column 0 and sorted by it. Names stand in column 1; sites have their administration, latitude
   // and longitude in 2 to 4, administrations French and Spanish names in 2 and 3.
   [[nodiscard]] const ColumnTable& Administrations() const noexcept { return administrations_; }
-  [[nodiscard]] const ColumnTable& Broadcasters() const noexcept { return broadcasters_; }
-  [[nodiscard]] const ColumnTable& Organisations() const noexcept { return organisations_; }
-  [[nodiscard]] const ColumnTable& Sites() const noexcept { return sites_; }
   [[nodiscard]] const ColumnTable& Schedule() const noexcept { return schedule_; }
 
   // The name that the table has for a record's code, the code itself when it has none; never null.

@@ -75,12 +75,14 @@ bool AudioFeed::GoOnInNextFile(const AudioBlock& block, const TmyString& next) {
   if (next.Length() <= recorder_.FileName().Length()) return false;  // no memory: it could be the file itself
   bool hasMemory = true;
   isChangingFile_ = true;
+  recorder_.HoldFocus(true);
   try {
     BeginFile(next, block);
   } catch (const std::bad_alloc&) {
     hasMemory = false;
   }
   isChangingFile_ = false;
+  recorder_.HoldFocus(false);
   if (!recorder_.IsAlive()) return false;
   const TmyWaveFilePCM* const file = recorder_.File();
   const bool begun = recorder_.StateCode() == TmyMediaPlayer::kRecording && file && recorder_.FileName() == next;

@@ -4,14 +4,18 @@
 #include "foundation/ScopedFlag.h"
 #include "scheduler/TaskTime.h"
 
-// What was started is looked at once more: the host may have deleted or changed the task inside. A running task that is
-// not in the list is gone; its address is not followed.
+namespace {
+TaskMoment Now() noexcept {
+  return MomentOf(DateOfTime(Clock::Utc()));
+}
+}  // namespace
+
+// What was started is looked at once more, at the time that it is then: the host may have deleted or changed the task
+// inside, or have kept us for hours. A running task that is not in the list is gone; its address is not followed.
 void SchedulerEngine::Tick() {
-  if (isStarting_) return;
-  const TaskMoment now = MomentOf(DateOfTime(Clock::Utc()));
-  if (!session_.CurrentTask() && !StartFirstDue(now)) return;
+  if (isStarting_ || (!session_.CurrentTask() && !StartFirstDue(Now()))) return;
   const TmxTask* const task = session_.CurrentTask();
-  if (task && (tasks_.IndexOf(task) < 0 || !IsDue(*task, now))) session_.Stop();
+  if (task && (tasks_.IndexOf(task) < 0 || !IsDue(*task, Now()))) session_.Stop();
 }
 
 // While the host tunes, a loop of its own may let timers run.

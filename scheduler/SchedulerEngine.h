@@ -5,8 +5,7 @@
 //
 // The list's order is the order of preference: a later task waits until the running one ends. A recording that somebody
 // else ended begins again, in another file, for as long as its task is due: a task takes the receiver back. What the
-// user records from the grid does not keep a task from starting. A tick asks the clock once, and allocates nothing but
-// to start a recording.
+// user records from the grid does not keep a task from starting. A tick allocates nothing but to start a recording.
 #pragma once
 
 #include "foundation/TmyTypeList.h"

@@ -11,9 +11,6 @@ struct TaskDate {
   uint32_t low;
   uint32_t high;
 
-  [[nodiscard]] static constexpr TaskDate FromTicks(uint64_t ticks) noexcept {
-    return {static_cast<uint32_t>(ticks), static_cast<uint32_t>(ticks >> 32)};
-  }
   [[nodiscard]] constexpr uint64_t Ticks() const noexcept { return uint64_t{high} << 32 | low; }
 
   bool operator==(const TaskDate&) const = default;

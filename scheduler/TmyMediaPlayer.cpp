@@ -30,10 +30,6 @@ constexpr int kMinimumSlider = 80;
 constexpr int kDot = 10;       // the sign that something is being recorded
 constexpr int kDotInset = 16;  // sixteenths of a pixel
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 struct Time {
   int hours, minutes, seconds;
   explicit Time(int64_t all) noexcept
@@ -335,11 +331,16 @@ void TmyMediaPlayer::UpdateButtons() {
 // begins by itself that is nothing, least of all Stop: a press that is meant for another button would end it.
 void TmyMediaPlayer::KeepFocus() {
   const TmyControl* focused = FocusedControl();
-  if (!focused || focused->IsEnabled() || !IsEnabled()) return;
+  if (holdsFocus_ || !focused || focused->IsEnabled() || !IsEnabled()) return;
   if (IsRecordingState() && !isRecordPressed_) return FocusDrawn(nullptr);
   for (const Button next : {IsRecordingState() ? kStop : kPause, kPlay, kOpen}) {
     if (buttons_[next].IsEnabled()) return FocusDrawn(&buttons_[next]);
   }
+}
+
+void TmyMediaPlayer::HoldFocus(bool held) {
+  holdsFocus_ = held;
+  if (!held) KeepFocus();
 }
 
 void TmyMediaPlayer::MoveFocus(int direction) {

@@ -57,8 +57,12 @@ class TmyMediaPlayer : public TmyPanel {
   [[nodiscard]] TmySlider& Slider() noexcept { return *slider_; }
   [[nodiscard]] const TmyString& TimeText() const noexcept { return time_.Text(); }
 
+  // Meanwhile buttons may be disabled for a moment: the one with the keyboard keeps it, if it is enabled at the end.
+  void HoldFocus(bool held);
+
   // Pixels for a width: the slider and the label get a row of their own when there is no room beside the buttons.
   [[nodiscard]] int PreferredHeight(int width) const;
+  [[nodiscard]] const RECT& TimeBounds() const noexcept { return time_.Bounds(); }  // the label, in the panel
   [[nodiscard]] int TwoRowHeight() const;  // with that row; the panel uses it when it is that high
 
   void Realign() override;
@@ -111,5 +115,6 @@ class TmyMediaPlayer : public TmyPanel {
   int64_t shownSecond_ = 0;       // negative: not shown
   uint32_t stops_ = 0;            // times in a row that a device that should play was found not to
   bool isRecordPressed_ = false;  // while its recording begins
+  bool holdsFocus_ = false;
   bool choosing_ = false;         // the open dialog is up
 };

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kSub = 16;            // units of a pixel in ThemeDraw::Polygon
+constexpr int kSub = ThemeDraw::kUnits;
 constexpr int kGrid = 14;           // the shapes below are drawn on a square of 14 by 14
 constexpr int kRecordInset = kSub;  // the dot's distance from the square
 

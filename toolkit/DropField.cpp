@@ -10,16 +10,12 @@ constexpr int kArrowWidth = 9;  // at 96 dpi
 constexpr int kArrowHeight = 5;
 constexpr int kArrowMargin = 8;
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 int ArrowRoom() {
   return Theme().Scaled(kArrowWidth + kArrowMargin / 2);
 }
 
 void PaintArrow(HDC dc, int right, int centre, COLORREF color) {
-  constexpr int kUnits = 16;  // a pixel, in the polygon's units
+  constexpr int kUnits = ThemeDraw::kUnits;
   const int width = Theme().Scaled(kArrowWidth);
   const int height = Theme().Scaled(kArrowHeight);
   const int left = right - width;

@@ -40,7 +40,7 @@ void TmyStringGrid::MouseDown(uint32_t keys, int x, int y) {
   if (press_.part == Part::kBorder) {
     dragging_ = true;
     widthBefore_ = widths_[press_.column];
-  } else if (press_.part == Part::kTitle) {
+  } else if (press_.part == Part::kTitle && HasLiveTitles()) {
     state_.pressedTitle = state_.hotTitle = press_.column;
     grip_ = x - static_cast<int>(GridGeometry::ColumnStrip(layout_, static_cast<uint32_t>(press_.column)).left);
     RepaintTitles();
@@ -67,7 +67,7 @@ void TmyStringGrid::MouseMove(uint32_t keys, int x, int y) {
   }
   if (moving_) return DragTitle(x);
   const Hit hit = HitAt(x, y);
-  const int title = hit.part == Part::kTitle ? hit.column : GridGeometry::kNoColumn;
+  const int title = hit.part == Part::kTitle && HasLiveTitles() ? hit.column : GridGeometry::kNoColumn;
   const bool other = state_.pressedTitle != GridGeometry::kNoColumn && title != state_.pressedTitle;
   SetHotTitle(other ? GridGeometry::kNoColumn : title);
 }
@@ -119,7 +119,8 @@ void TmyStringGrid::Timer(uintptr_t id) {
   POINT at = {};
   GetCursorPos(&at);
   ScreenToClient(Handle(), &at);
-  moving_&& GetCapture() == Handle() ? DragTitle(at.x) : EndPress();
+  if (moving_ && GetCapture() == Handle()) return DragTitle(at.x);
+  EndPress();
 }
 
 void TmyStringGrid::DropTitle(int x) {
@@ -229,6 +230,11 @@ bool TmyStringGrid::KeyDown(uint32_t key, LPARAM flags) {
   if (key == VK_LEFT || key == VK_RIGHT) {
     const int64_t step = int64_t{GridGeometry::kMinWidth} * 3;
     horizontal_->ScrollBy(key == VK_LEFT ? -step : step);
+    return true;
+  }
+  if (key >= '1' && key <= '9' && IsDown(VK_CONTROL) && titleClicked.IsBound()) {
+    const auto column = static_cast<int>(key - '1');
+    if (static_cast<uint32_t>(column) < layout_.columns && !ListKeys::IsRepeated(flags)) titleClicked(column);
     return true;
   }
   // A key held down activates once.

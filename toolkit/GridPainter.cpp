@@ -6,12 +6,6 @@
 
 namespace {
 
-// `percent` of a, the rest of b.
-COLORREF Mixed(COLORREF a, COLORREF b, int percent) {
-  const auto mix = [percent](int x, int y) { return static_cast<BYTE>((x * percent + y * (100 - percent)) / 100); };
-  return RGB(mix(GetRValue(a), GetRValue(b)), mix(GetGValue(a), GetGValue(b)), mix(GetBValue(a), GetBValue(b)));
-}
-
 bool Touches(const RECT& a, const RECT& b) {
   RECT common;
   return IntersectRect(&common, &a, &b) != FALSE;
@@ -96,7 +90,7 @@ void GridPainter::PaintTitle(uint32_t column) {
 
 // Behind the title's text; `text` is narrowed by the arrow's room.
 void GridPainter::PaintArrow(RECT& text, uint32_t column) {
-  constexpr int kUnits = 16;  // a pixel, in the polygon's units
+  constexpr int kUnits = ThemeDraw::kUnits;
   const int width = theme_.Scaled(kArrowWidth), height = theme_.Scaled(kArrowHeight), gap = theme_.Scaled(5);
   const GridColumn& title = state_.columns[column];
   const int textWidth = theme_.TextWidth(title.title.View(), TmyTheme::Font::kBold);
@@ -132,7 +126,7 @@ GridPainter::RowLook GridPainter::LookOf(uint32_t record) const {
     look.font = theme_.Get(TmyTheme::Font::kBold);
     look.text = look.secondary = color_.record;
   }
-  look.line = Mixed(color_.line, look.back, 55);
+  look.line = ThemeDraw::Mixed(color_.line, look.back, 55);
   if (record == state_.current) look = LookOfCurrent(look);
   if (!state_.enabled) look.text = look.secondary = color_.disabled;
   return look;
@@ -145,10 +139,10 @@ GridPainter::RowLook GridPainter::LookOfCurrent(RowLook look) const {
     look.back = color_.accent;
     look.text = look.secondary = color_.accentText;
   } else {
-    look.back = Mixed(color_.accent, color_.field, 40);
+    look.back = ThemeDraw::Mixed(color_.accent, color_.field, 40);
     if (look.text == color_.text) look.secondary = color_.text;
   }
-  look.line = Mixed(color_.accentText, look.back, 25);
+  look.line = ThemeDraw::Mixed(color_.accentText, look.back, 25);
   return look;
 }
 

@@ -9,17 +9,12 @@
 
 namespace {
 
-constexpr int kSub = 16;         // units of a pixel
+constexpr int kSub = ThemeDraw::kUnits;
 constexpr size_t kCorners = 32;  // enough for a circle of some 30 pixels
 constexpr int kMarkGrid = 208;   // the check mark's square: 13 pixels of 16 units
 
 // Two strokes of 1.9 pixels at 45 degrees.
 constexpr POINT kCheckMark[] = {{36, 111}, {57, 90}, {86, 119}, {155, 50}, {176, 71}, {86, 162}};
-
-COLORREF Mix(COLORREF a, COLORREF b) noexcept {
-  const auto half = [](int x, int y) { return static_cast<BYTE>((x + y) / 2); };
-  return RGB(half(GetRValue(a), GetRValue(b)), half(GetGValue(a), GetGValue(b)), half(GetBValue(a), GetBValue(b)));
-}
 
 }  // namespace
 
@@ -56,7 +51,7 @@ void Box(HDC dc, const RECT& area, COLORREF fill, COLORREF frame, int thickness)
   ThemeDraw::Frame(dc, area, frame, thickness);
   for (size_t i = 0; i < std::size(corners); ++i) {
     if (below[i] == CLR_INVALID) continue;  // outside of what is being painted
-    SetPixelV(dc, corners[i].x, corners[i].y, Mix(Mix(frame, below[i]), below[i]));
+    SetPixelV(dc, corners[i].x, corners[i].y, ThemeDraw::Mixed(frame, below[i], 25));
   }
 }
 

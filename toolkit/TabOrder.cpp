@@ -14,7 +14,7 @@ void TabOrder::Collect(TmyComponent& window) {
     if (!child) {
       if (control->CanFocus() && control->IsEnabled()) stops_.push_back({&window, control});
     } else {
-      const bool isChildWindow = child->IsAlive() && (GetWindowLongA(child->Handle(), GWL_STYLE) & WS_CHILD) != 0;
+      const bool isChildWindow = child->IsAlive() && child->HasStyle(WS_CHILD);
       if (isChildWindow && child->IsEnabled()) Collect(*child);
     }
   }

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kSub = 16;  // sub-pixels in each direction
+constexpr int kSub = ThemeDraw::kUnits;
 constexpr int kSamples = 4;
 
 // How much of a pixel lies inside the polygon, 0 to kSamples * kSamples.
@@ -38,6 +38,10 @@ COLORREF Blend(COLORREF below, COLORREF above, int share, int whole) noexcept {
 }  // namespace
 
 namespace ThemeDraw {
+
+COLORREF Mixed(COLORREF a, COLORREF b, int percent) noexcept {
+  return Blend(b, a, percent, 100);
+}
 
 void Fill(HDC dc, const RECT& area, COLORREF color) {
   const auto brush = static_cast<HBRUSH>(GetStockObject(DC_BRUSH));

@@ -1,7 +1,6 @@
 #include "toolkit/TimeText.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace TimeText {
 
@@ -60,7 +59,7 @@ int AfterColon(int caret) noexcept {
 }  // namespace
 
 // time := h [ ":" m [ ":" s ] ]  |  one to six digits: h, hh, hmm, hhmm, hmmss, hhmmss      (blanks around)
-std::optional<int32_t> ParseTime(std::string_view text, int32_t maximum) noexcept {
+std::optional<int32_t> ParseTime(std::string_view text) noexcept {
   std::string_view fields[kFields];
   if (!Split(Trimmed(text), fields)) return std::nullopt;
   int32_t seconds = 0;
@@ -69,7 +68,7 @@ std::optional<int32_t> ParseTime(std::string_view text, int32_t maximum) noexcep
     if (!number || (i > 0 && *number > 59)) return std::nullopt;
     seconds += *number * kUnits[i];
   }
-  if (seconds > maximum) return std::nullopt;
+  if (seconds > kLast) return std::nullopt;
   return seconds;
 }
 
@@ -79,7 +78,7 @@ TmyString FormatTime(int32_t seconds) {
 
 Line LineOf(int32_t seconds, int caret) noexcept {
   Line line = {"00:00:00", std::clamp(caret, 0, kLength)};
-  seconds = std::clamp(seconds, 0, kDay);
+  seconds = std::clamp(seconds, 0, kLast);
   for (int i = 0; i < kFields; ++i) {
     const int32_t number = seconds / kUnits[i];
     line.text[i * kFieldWidth] = static_cast<char>('0' + number / 10);
@@ -93,7 +92,7 @@ int FieldAt(int caret) noexcept {
   return std::clamp(caret / kFieldWidth, 0, kFields - 1);
 }
 
-bool TypeDigit(Line& line, char digit, int32_t maximum) noexcept {
+bool TypeDigit(Line& line, char digit) noexcept {
   Line next = line;
   next.caret = AfterColon(next.caret);
   if (!IsDigit(digit) || next.caret >= kLength) return false;
@@ -109,9 +108,7 @@ bool TypeDigit(Line& line, char digit, int32_t maximum) noexcept {
     if (isHours && isTens && digit == '2' && field[1] > '3') field[1] = '0';
     next.caret += 1;
   }
-  const bool isMidnight = isHours && maximum >= kDay && std::strncmp(field, "24", 2) == 0;
-  if (isMidnight) std::memcpy(next.text, "24:00:00", kLength);
-  if (!ParseTime(next.text, maximum)) return false;
+  if (!ParseTime(next.text)) return false;
   next.caret = AfterColon(next.caret);
   line = next;
   return true;
@@ -147,10 +144,9 @@ void ClearAhead(Line& line) noexcept {
   line.caret = AfterColon(at + 1);
 }
 
-int32_t Stepped(int32_t seconds, int field, int direction, int32_t maximum) noexcept {
-  const int32_t next = seconds + kUnits[std::clamp(field, 0, kFields - 1)] * direction;
-  if (next > maximum) return next - kDay;
-  return next < 0 ? next + kDay : next;
+int32_t Stepped(int32_t seconds, int field, int steps) noexcept {
+  const int32_t next = seconds + kUnits[std::clamp(field, 0, kFields - 1)] * steps;
+  return ShiftTimeOfDay(next, 0);
 }
 
 }  // namespace TimeText

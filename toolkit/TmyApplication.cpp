@@ -125,7 +125,7 @@ void TmyApplication::DestroyWindows() noexcept {
       auto* window = static_cast<TmyWindowBase*>(windows_.Get(i));
       if (!window->AsComponent() || !window->IsAlive()) continue;
       const HWND handle = window->Handle();
-      const bool isChild = (GetWindowLongA(handle, GWL_STYLE) & WS_CHILD) != 0;
+      const bool isChild = window->HasStyle(WS_CHILD);
       if (isChild != children || DestroyWindow(handle) || !IsWindow(handle)) continue;
       SetWindowLongPtrA(handle, GWLP_USERDATA, 0);
       SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcA));
@@ -196,8 +196,8 @@ TmyWindowBase* TmyApplication::WindowOf(HWND handle) const noexcept {
   return nullptr;
 }
 
-void TmyApplication::SystemLookChanged() {
-  if (!theme_.Reload()) return;
+void TmyApplication::SystemLookChanged(bool hasOtherForms) {
+  if (!theme_.Reload() && !hasOtherForms) return;
   for (uint32_t i = 0; i < windows_.Count(); ++i) {
     TmyComponent* component = static_cast<TmyWindowBase*>(windows_.Get(i))->AsComponent();
     if (component && !component->GetParent()) component->ThemeChanged();

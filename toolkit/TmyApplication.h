@@ -40,7 +40,6 @@ class TmyApplication {
   TmyApplication& operator=(const TmyApplication&) = delete;
 
   [[nodiscard]] const char* ClassName() const noexcept { return className_; }
-  [[nodiscard]] ATOM ClassAtom() const noexcept { return atom_; }  // 0 when registering failed
   [[nodiscard]] HINSTANCE Module() const noexcept { return module_; }
   [[nodiscard]] TmyTheme& Theme() noexcept { return theme_; }
   [[nodiscard]] TmyHoveringMonitor& HoveringMonitor() noexcept { return *hoveringMonitor_; }
@@ -62,7 +61,8 @@ class TmyApplication {
   void Forget(const TmyWindowBase& window) noexcept;                                 // the object is going
   void ForgetControl(const TmyControl& control) noexcept;  // by the helpers: it neither hovers nor ticks any more
   [[nodiscard]] TmyWindowBase* WindowOf(HWND handle) const noexcept;  // null: not one of this module's
-  void SystemLookChanged();  // tells every top-level window when the theme is another one now
+  // Tells every top-level window when the theme is another one now, or the user's form of dates and times.
+  void SystemLookChanged(bool hasOtherForms);
 
   void WindowCreated(TmyWindowBase& window);
   [[nodiscard]] const TmyList& Windows() const noexcept { return windows_; }  // live window objects, oldest first
@@ -101,3 +101,8 @@ class TmyApplication {
   std::unique_ptr<TmyPublicTimer> publicTimer_;
   std::unique_ptr<TmyToolTip> toolTip_;
 };
+
+// What every control asks for its measures, fonts and colours.
+[[nodiscard]] inline const TmyTheme& Theme() noexcept {
+  return TmyApplication::Get().Theme();
+}

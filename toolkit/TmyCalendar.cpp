@@ -17,10 +17,6 @@ constexpr int kThisCentury = 2000;  // what a year of two typed digits means
 // Wide digits and a day of two of them; names of months are measured, all of them.
 constexpr SYSTEMTIME kWideDate = {2028, 1, 0, 28, 0, 0, 0, 0};
 
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 }  // namespace
 
 TmyCalendar::TmyCalendar(TmyComponent& parent, DWORD style) : TmyDropPanel(parent, style) {

@@ -10,14 +10,6 @@
 #include "toolkit/TmyApplication.h"
 #include "toolkit/TmyDropDown.h"
 
-namespace {
-
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
-}  // namespace
-
 TmyComboBox2::TmyComboBox2(TmyComponent& parent, DWORD style) : TmyDropPanel(parent, style) {}
 
 TmyComboBox2::~TmyComboBox2() {
@@ -100,6 +92,7 @@ int TmyComboBox2::TextWidth() {
 }
 
 TmyDropWindow* TmyComboBox2::MakeDrop() {
+  if (Count() == 0) return nullptr;  // a list of nothing is a riddle
   search_.Reset();
   return new TmyDropDown(*this, items_, selection_, TextWidth());
 }

@@ -89,7 +89,7 @@ void TmyComponent::ForgetControl(const TmyControl* control) noexcept {
 
 TmyComponent* TmyComponent::TopLevel() noexcept {
   TmyComponent* top = this;
-  while (top->parent_ && (GetWindowLongA(top->Handle(), GWL_STYLE) & WS_CHILD) != 0) top = top->parent_;
+  while (top->parent_ && top->HasStyle(WS_CHILD)) top = top->parent_;
   return top;
 }
 
@@ -101,7 +101,7 @@ void TmyComponent::UpdateBounds() {
   clientHeight_ = client.bottom;
   RECT place = {};
   GetWindowRect(Handle(), &place);
-  if (parent_ && (GetWindowLongA(Handle(), GWL_STYLE) & WS_CHILD) != 0) {
+  if (parent_ && HasStyle(WS_CHILD)) {
     MapWindowPoints(nullptr, ::GetParent(Handle()), reinterpret_cast<POINT*>(&place), 2);
   }
   bounds_ = place;
@@ -128,7 +128,7 @@ bool TmyComponent::IsEnabled() const {
   return IsAlive() && IsWindowEnabled(Handle());
 }
 bool TmyComponent::IsVisible() const {
-  return IsAlive() && (GetWindowLongA(Handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  return IsAlive() && HasStyle(WS_VISIBLE);
 }
 
 void TmyComponent::Repaint() {
@@ -142,8 +142,7 @@ void TmyComponent::GetScreenOrigin(POINT& origin) const {
 }
 
 bool TmyComponent::CanFocus() const {
-  return IsAlive() && (GetWindowLongA(Handle(), GWL_STYLE) & WS_TABSTOP) != 0 && IsEnabled() &&
-         IsWindowVisible(Handle());
+  return IsAlive() && HasStyle(WS_TABSTOP) && IsEnabled() && IsWindowVisible(Handle());
 }
 
 void TmyComponent::TakeFocus() {

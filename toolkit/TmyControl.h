@@ -61,7 +61,6 @@ class TmyControl : public TmyObject {
   void SetCursor(HCURSOR cursor) noexcept { cursor_ = cursor; }  // shared cursors only: it is not destroyed
   // Shown when the cursor rests on the control; empty: none.
   void SetToolTip(const TmyString& text) { toolTip_ = text; }
-  [[nodiscard]] const TmyString& ToolTip() const noexcept { return toolTip_; }
   // A drawn control: has the keyboard focus, that is, its window has it and passes it on.
   [[nodiscard]] bool HasFocus() const;
 

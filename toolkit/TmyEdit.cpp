@@ -13,9 +13,6 @@ namespace {
 constexpr int kPadding = 7;  // between the outer edge and the text, at 96 dpi
 constexpr int kCaretRoom = 1;
 
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
 int Padding() {
   return Theme().Scaled(kPadding);
 }

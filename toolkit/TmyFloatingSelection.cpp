@@ -3,14 +3,6 @@
 #include "toolkit/ThemeDraw.h"
 #include "toolkit/TmyApplication.h"
 
-namespace {
-
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
-}  // namespace
-
 TmyFloatingSelection::TmyFloatingSelection(TmyComponent& parent)
     : TmyComponent("", WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, 0, &parent) {
   SetDoubleBuffered(true);

@@ -6,8 +6,7 @@
 
 namespace {
 constexpr UINT_PTR kTimerId = 1;
-constexpr uint32_t kOneHour = 3600000;  // a control that has been told is not told again while the cursor stays
-}  // namespace
+}
 
 TmyHoveringMonitor::TmyHoveringMonitor() : TmyWindowBase("", WS_POPUP, 0, 0, 0, 0, 0, nullptr) {
   SetTimer(Handle(), kTimerId, kTickMilliseconds, nullptr);
@@ -36,13 +35,12 @@ void TmyHoveringMonitor::Tick() {
   if (!control_) return;
   if (static_cast<int32_t>(Clock::Ticks() - since_) <= static_cast<int32_t>(kDelayMilliseconds)) return;
   TmyControl& control = *control_;
-  control_ = nullptr;
+  control_ = nullptr;  // told again when the cursor has moved and rests once more
   POINT origin = {};
   POINT cursor = {};
   control.GetScreenOrigin(origin);
   GetCursorPos(&cursor);
   const RECT area = {origin.x, origin.y, origin.x + control.Width(), origin.y + control.Height()};
   if (!PtInRect(&area, cursor)) return;
-  since_ = Clock::Ticks() + kOneHour;
   control.Hover();
 }

@@ -73,8 +73,8 @@ void TmyIntEdit::Normalize() {
   SetText(TextOf(value_));
 }
 
-void TmyIntEdit::Step(int direction, bool page) {
-  SetTextByUser(TextOf(Bounded(SaturatingSum(value_, direction * (page ? page_ : step_)))));
+void TmyIntEdit::Step(int steps, bool page) {
+  SetTextByUser(TextOf(Bounded(SaturatingSum(value_, steps * (page ? page_ : step_)))));
 }
 
 bool TmyIntEdit::KeyDown(uint32_t key, LPARAM flags) {

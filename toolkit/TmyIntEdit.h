@@ -20,7 +20,7 @@ class TmyIntEdit : public TmyEdit {
   [[nodiscard]] int64_t Minimum() const noexcept { return minimum_; }
   [[nodiscard]] int64_t Maximum() const noexcept { return maximum_; }
   void SetSteps(int64_t step, int64_t page) noexcept;  // of the arrow keys and of the Page keys
-  virtual void Step(int direction, bool page);         // by the user, 1 or -1; nothing of the field after it
+  virtual void Step(int steps, bool page);             // by the user, down when negative; nothing of the field after it
 
   bool KeyDown(uint32_t key, LPARAM flags) override;
   void Char(char& character, LPARAM flags) override;

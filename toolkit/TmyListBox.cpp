@@ -12,10 +12,6 @@ namespace {
 constexpr int kBorder = 1;
 constexpr int kTextInset = 7;  // at 96 dpi
 
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 }  // namespace
 
 TmyListBox::TmyListBox(TmyComponent& parent, DWORD style)

@@ -41,11 +41,10 @@ class TmyListBox : public TmyPanel {
   // button over a row activates it.
   void SetFollowsMouse(bool on) noexcept { followsMouse_ = on; }
 
-  [[nodiscard]] int32_t HotItem() const noexcept { return hot_; }  // under the mouse, -1: none
-  [[nodiscard]] int32_t ItemAt(int x, int y) const;                // client coordinates, -1: none
-  [[nodiscard]] int32_t TopItem() const noexcept;                  // the first one in view
-  [[nodiscard]] int32_t VisibleRows() const;                       // whole rows, at least 1
-  [[nodiscard]] RECT ItemRect(int32_t index) const;                // client coordinates, perhaps out of view
+  [[nodiscard]] int32_t ItemAt(int x, int y) const;  // client coordinates, -1: none
+  [[nodiscard]] int32_t TopItem() const noexcept;    // the first one in view
+  [[nodiscard]] int32_t VisibleRows() const;         // whole rows, at least 1
+  [[nodiscard]] RECT ItemRect(int32_t index) const;  // client coordinates, perhaps out of view
   [[nodiscard]] TmyScrollBar& ScrollBar() const noexcept { return *bar_; }
   [[nodiscard]] static int TextInset();  // from the outer edge to the text, on each side
 

@@ -21,7 +21,6 @@ class TmyMenuItem : public TmyObject {
   [[nodiscard]] bool IsEnabled() const noexcept;
   [[nodiscard]] bool IsChecked() const noexcept;
   [[nodiscard]] const TmyString& Text() const noexcept { return text_; }
-  [[nodiscard]] uint16_t Id() const noexcept { return id_; }
 
   // Raises the event of the enabled item that a WM_COMMAND names. False when there is none.
   [[nodiscard]] static bool RaiseById(uint16_t id);

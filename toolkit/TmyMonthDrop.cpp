@@ -17,12 +17,6 @@ constexpr int kBackward = kCells;
 constexpr int kForward = kCells + 1;
 constexpr int kNowhere = -1;
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-int CellWidth() {
-  return Theme().TextWidth("00") + Theme().Scaled(12);
-}
 int CellHeight() {
   return Theme().RowHeight() + Theme().Scaled(4);
 }
@@ -55,7 +49,7 @@ std::string MonthTitle(Date date) {
 }
 
 void PaintArrow(HDC dc, const RECT& area, bool forward, COLORREF color) {
-  constexpr int kUnits = 16;  // a pixel, in the polygon's units
+  constexpr int kUnits = ThemeDraw::kUnits;
   const int width = Theme().Scaled(5) * kUnits, height = Theme().Scaled(9) * kUnits;
   const int left = static_cast<int>(area.left + area.right) * kUnits / 2 - width / 2;
   const int top = static_cast<int>(area.top + area.bottom) * kUnits / 2 - height / 2;
@@ -77,8 +71,9 @@ TmyMonthDrop::TmyMonthDrop(TmyComponent& field, Date date)
 
 // A frame of one pixel, the header with the arrows, the names of the days, six weeks.
 void TmyMonthDrop::Open() {
+  cellWidth_ = Theme().TextWidth("00") + Theme().Scaled(12);
   const int margins = 2 * Theme().Step();
-  const SIZE size = {kDaysOfWeek * CellWidth() + margins, HeaderHeight() + (kWeeks + 1) * CellHeight() + margins};
+  const SIZE size = {kDaysOfWeek * cellWidth_ + margins, HeaderHeight() + (kWeeks + 1) * CellHeight() + margins};
   OpenAt(DropDownPlace::OfSize(FieldPlace(), WorkArea(), size));
 }
 
@@ -89,9 +84,9 @@ RECT TmyMonthDrop::AreaOf(int spot) const {
     const LONG left = spot == kBackward ? margin : ClientWidth() - margin - side;
     return {left, margin, left + side, margin + side};
   }
-  const LONG left = margin + spot % kDaysOfWeek * CellWidth();
+  const LONG left = margin + spot % kDaysOfWeek * cellWidth_;
   const LONG top = margin + HeaderHeight() + (1 + spot / kDaysOfWeek) * CellHeight();
-  return {left, top, left + CellWidth(), top + CellHeight()};
+  return {left, top, left + cellWidth_, top + CellHeight()};
 }
 
 int TmyMonthDrop::SpotAt(POINT screen) const {
@@ -170,7 +165,7 @@ void TmyMonthDrop::Paint(HDC dc) {
   const TmyTheme::Colors& color = Theme().Color();
   const RECT all = {0, 0, ClientWidth(), ClientHeight()};
   ThemeDraw::Fill(dc, all, color.field);
-  ThemeDraw::Frame(dc, all, color.line);
+  ThemeDraw::Frame(dc, all, color.disabled);  // an edge that stands out from windows as light as this one
   PaintHeader(dc);
   PaintWeekdays(dc);
   for (int cell = 0; cell < kCells; ++cell) PaintDay(dc, cell);

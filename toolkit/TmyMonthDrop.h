@@ -33,4 +33,5 @@ class TmyMonthDrop : public TmyDropWindow {
   CalendarMath::Date today_;
   unsigned firstWeekday_;  // 0 is Sunday
   int hot_;                // the spot under the cursor
+  int cellWidth_ = 0;
 };

@@ -15,17 +15,9 @@ constexpr UINT kFirstRepeatMilliseconds = 300;
 constexpr UINT kRepeatMilliseconds = 50;
 constexpr int kMinimumThumb = 28;  // at 96 dpi
 
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
-COLORREF Between(COLORREF a, COLORREF b) {
-  return RGB((GetRValue(a) + GetRValue(b)) / 2, (GetGValue(a) + GetGValue(b)) / 2, (GetBValue(a) + GetBValue(b)) / 2);
-}
-
 // A bar with half circles as ends, as wide as the rectangle's shorter side.
 void DrawRounded(HDC dc, const RECT& area, COLORREF color) {
-  constexpr int kUnits = 16;  // a pixel, in the polygon's units
+  constexpr int kUnits = ThemeDraw::kUnits;
   constexpr int kQuarter[][2] = {{0, 256}, {98, 237}, {181, 181}, {237, 98}, {256, 0}};  // sine and cosine times 256
   constexpr int kSteps = 5;
   const int left = area.left * kUnits, top = area.top * kUnits;
@@ -106,8 +98,8 @@ COLORREF TmyScrollBar::ThumbColor() const {
   const TmyTheme::Colors& color = Theme().Color();
   if (!IsEnabled()) return color.line;
   if (state_ == State::kDragging) return color.secondary;
-  if (hot_ || Theme().IsHighContrast()) return Between(color.disabled, color.secondary);
-  return Between(color.line, color.disabled);
+  if (hot_ || Theme().IsHighContrast()) return ThemeDraw::Mixed(color.disabled, color.secondary, 50);
+  return ThemeDraw::Mixed(color.line, color.disabled, 50);
 }
 
 void TmyScrollBar::Paint(HDC dc) {

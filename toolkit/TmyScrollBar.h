@@ -60,7 +60,6 @@ class TmyScrollBar : public TmyPanel {
   [[nodiscard]] COLORREF ThumbColor() const;
   [[nodiscard]] RECT ThumbArea() const;
   void MoveTo(int64_t position);
-  void PageTowards(int along);
   void End();
   void SetHot(bool hot);
 

@@ -27,7 +27,6 @@ class TmyScrollPanel : public TmyPanel {
 
  protected:
   virtual void PlaceContent(int width, int top) = 0;
-  [[nodiscard]] int ContentWidth() const noexcept { return contentWidth_; }
 
  private:
   void BarScrolled(TmyScrollBar& bar);

@@ -14,10 +14,6 @@ constexpr int kThumbHeight = 16;
 constexpr int kTrackHeight = 4;
 constexpr int kFocusGap = 2;  // pixels between the thumb and the focus frame
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 int ThumbWidth() {
   return Theme().Scaled(kThumbWidth);
 }

@@ -7,10 +7,6 @@ using SplitterGeometry::Keeps;
 
 namespace {
 
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 constexpr int kGripLength = 28;  // of the mark in the bar's middle, at 96 dpi
 
 }  // namespace

@@ -10,10 +10,6 @@ namespace {
 constexpr std::string_view kRowSample = "abiyqtlexW10";
 constexpr int kRowMargin = 4;
 
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 }  // namespace
 
 TmyStringGrid::TmyStringGrid(TmyComponent& parent)

@@ -47,7 +47,7 @@ class TmyStringGrid : public TmyComponent {
 
   explicit TmyStringGrid(TmyComponent& parent);  // invisible until Show(true)
 
-  TmyEvent<int> titleClicked;               // column; released on the title on which it was pressed
+  TmyEvent<int> titleClicked;               // column; released where it was pressed, or Ctrl and a digit from 1 on
   TmyEvent<const TmyRowClick&> rowClicked;  // mouse down, Space or Shift with a moving key; the row is current already
   TmyEvent<uint32_t> rowActivated;          // double click or Enter
   TmyEvent<uint32_t, int, int> rowContext;  // row, screen x and y for its menu; the row is current already
@@ -85,7 +85,6 @@ class TmyStringGrid : public TmyComponent {
   void SetTopRow(uint32_t row);
   void SetSort(int column, bool ascending);  // the arrow in the title; column -1: none
   [[nodiscard]] int SortColumn() const noexcept { return state_.sortColumn; }
-  [[nodiscard]] bool IsSortAscending() const noexcept { return state_.ascending; }
   [[nodiscard]] const GridGeometry::Layout& Layout() const noexcept { return layout_; }
 
   void Paint(HDC dc) override;
@@ -127,6 +126,7 @@ class TmyStringGrid : public TmyComponent {
   void MoveColumn(uint32_t from, uint32_t to);
   bool CancelDrag();  // false: nothing is dragged
   void SetHotTitle(int column);
+  [[nodiscard]] bool HasLiveTitles() const noexcept { return movable_ || titleClicked.IsBound(); }
 
   GridGeometry::Layout layout_;
   GridState state_;

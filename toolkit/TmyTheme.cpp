@@ -68,10 +68,11 @@ bool TmyTheme::LoadFonts() {
   NONCLIENTMETRICSA metrics = {};
   // Without the last field, which older systems do not know; they would refuse the whole call.
   metrics.cbSize = offsetof(NONCLIENTMETRICSA, iPaddedBorderWidth);
-  SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
+  const bool isTold = SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0) != FALSE;
+  if (!isTold && message_) return false;  // what is shown stays so
   LOGFONTA font = metrics.lfMessageFont;
   font.lfHeight = MulDiv(font.lfHeight, textPercent_, 100);
-  if (message_ && std::memcmp(&font, &logFont_, sizeof(font)) == 0) return false;
+  if (message_ && bold_ && std::memcmp(&font, &logFont_, sizeof(font)) == 0) return false;
   logFont_ = font;
   message_.reset(CreateFontIndirectA(&font));
   font.lfWeight = FW_BOLD;

@@ -11,20 +11,19 @@ namespace {
 constexpr int kFieldWidth = 3;  // two digits and a colon
 }
 
-TmyTimeEdit::TmyTimeEdit(TmyComponent& parent, Last last, Align align)
-    : TmyIntEdit(parent, 0, last == Last::kMidnight ? kDay : kLast, align) {
+TmyTimeEdit::TmyTimeEdit(TmyComponent& parent, Align align) : TmyIntEdit(parent, 0, kLast, align) {
   SetMaximumLength(kLength);
   SetValue(0);  // in our own form
 }
 
 std::optional<int64_t> TmyTimeEdit::ValueOf(std::string_view text) const {
-  const std::optional<int32_t> seconds = ParseTime(text, Latest());
+  const std::optional<int32_t> seconds = ParseTime(text);
   if (!seconds) return std::nullopt;
   return *seconds;
 }
 
 TmyString TmyTimeEdit::TextOf(int64_t value) const {
-  return FormatTime(static_cast<int32_t>(std::clamp<int64_t>(value, 0, kDay)));
+  return FormatTime(static_cast<int32_t>(std::clamp<int64_t>(value, 0, kLast)));
 }
 
 Line TmyTimeEdit::LineWithoutSelection() const {
@@ -57,9 +56,9 @@ void TmyTimeEdit::GoToField(int direction) {
   SelectField(first == last ? std::clamp(from + direction, 0, kFields - 1) : from);
 }
 
-void TmyTimeEdit::Step(int direction, bool page) {
+void TmyTimeEdit::Step(int steps, bool page) {
   const int field = page ? 0 : FieldAt(Selected().begin);
-  const TmyString next = FormatTime(Stepped(Seconds(), field, direction, Latest()));
+  const TmyString next = FormatTime(Stepped(Seconds(), field, steps));
   const bool changes = Text() != next;
   ExchangeText(next, {field * kFieldWidth, field * kFieldWidth + 2});
   if (changes) RaiseChanged();
@@ -108,14 +107,14 @@ void TmyTimeEdit::Char(char& character, LPARAM flags) {
   } else if (typed == ':') {
     line = LineOf(Seconds(), selection.end);
     TypeColon(line);
-  } else if (!TypeDigit(line, typed, Latest())) {
+  } else if (!TypeDigit(line, typed)) {
     return;
   }
   SetLine(line);
 }
 
 bool TmyTimeEdit::PasteText(const TmyString& text) {
-  const std::optional<int32_t> seconds = ParseTime(text.View(), Latest());
+  const std::optional<int32_t> seconds = ParseTime(text.View());
   if (seconds) SetLine(LineOf(*seconds, kLength));
   return true;
 }

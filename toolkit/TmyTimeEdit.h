@@ -8,9 +8,7 @@
 
 class TmyTimeEdit : public TmyIntEdit {
  public:
-  enum class Last { kBeforeMidnight, kMidnight };  // the latest time: "23:59:59" or "24:00:00"
-
-  explicit TmyTimeEdit(TmyComponent& parent, Last last = Last::kBeforeMidnight, Align align = Align::kLeft);
+  explicit TmyTimeEdit(TmyComponent& parent, Align align = Align::kLeft);
 
   LRESULT WndProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   bool KeyDown(uint32_t key, LPARAM flags) override;
@@ -19,12 +17,11 @@ class TmyTimeEdit : public TmyIntEdit {
  protected:
   [[nodiscard]] std::optional<int64_t> ValueOf(std::string_view text) const override;
   [[nodiscard]] TmyString TextOf(int64_t value) const override;
-  void Step(int direction, bool page) override;
+  void Step(int steps, bool page) override;
   bool PasteText(const TmyString& text) override;
 
  private:
   [[nodiscard]] int32_t Seconds() const noexcept { return static_cast<int32_t>(Value()); }
-  [[nodiscard]] int32_t Latest() const noexcept { return static_cast<int32_t>(Maximum()); }
   // The text with the selection cleared, as typing and deleting start from it.
   [[nodiscard]] TimeText::Line LineWithoutSelection() const;
   void SetLine(const TimeText::Line& line);  // by the user; nothing of ours after it

@@ -10,11 +10,7 @@ namespace {
 constexpr uintptr_t kRepeatTimer = 1;
 constexpr UINT kFirstRepeatMilliseconds = 400;
 constexpr UINT kRepeatMilliseconds = 60;
-constexpr int kUnits = 16;  // a pixel, in a polygon's units
-
-TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
+constexpr int kUnits = ThemeDraw::kUnits;
 
 }  // namespace
 
@@ -80,8 +76,7 @@ void TmyUpDown::MouseUp(uint32_t, int, int) {
 }
 
 void TmyUpDown::MouseWheel(WPARAM keysAndNotches, TmyComponent*) {
-  const int notches = static_cast<int16_t>(HIWORD(keysAndNotches));
-  if (notches != 0) Step(notches > 0 ? Half::kUp : Half::kDown);
+  if (const int notches = static_cast<int16_t>(HIWORD(keysAndNotches)); notches != 0) edit_->Step(notches, false);
 }
 
 void TmyUpDown::Timer(uintptr_t id) {

@@ -12,10 +12,6 @@ constexpr int kMargin = 16;        // beside the caption, at 96 dpi
 constexpr int kMinimumWidth = 64;  // at 96 dpi
 constexpr int kFocusInset = 3;
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 }  // namespace
 
 void Tmy_Btn::SetDefault(bool isDefault) {

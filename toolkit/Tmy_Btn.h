@@ -12,7 +12,6 @@ class Tmy_Btn : public Tmy_Clickable {
   // The look of the button that Enter presses anywhere in the window. The window does so itself: in its Confirm() it
   // calls Press().
   void SetDefault(bool isDefault);
-  [[nodiscard]] bool IsDefault() const noexcept { return default_; }
   void Press();  // as if the user had clicked; nothing while disabled or hidden
 
   bool KeyDown(uint32_t key, LPARAM flags) override;

@@ -13,10 +13,6 @@ constexpr int kHeight = 28;
 constexpr int kGlyph = 14;  // side of the picture's square
 constexpr int kFocusInset = 2;
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 }  // namespace
 
 void Tmy_Btn2::SetMeaning(const TmyString& caption) {

@@ -12,10 +12,6 @@ namespace {
 constexpr int kMarkGap = 6;   // between the mark and its caption, at 96 dpi
 constexpr int kFocusGap = 2;  // between the caption and its focus frame
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 }  // namespace
 
 void Tmy_Clickable::SetCaption(const TmyString& caption) {

@@ -8,10 +8,6 @@
 
 namespace {
 
-const TmyTheme& Theme() {
-  return TmyApplication::Get().Theme();
-}
-
 UINT FormatOf(Tmy_Label::Align align) noexcept {
   if (align == Tmy_Label::Align::kCenter) return DT_CENTER;
   return align == Tmy_Label::Align::kRight ? DT_RIGHT : DT_LEFT;
@@ -42,18 +38,8 @@ void Tmy_Label::Overwrite(std::string_view text) {
   Repaint();
 }
 
-void Tmy_Label::SetAlign(Align align) {
-  align_ = align;
-  Repaint();
-}
-
 void Tmy_Label::SetSecondary(bool secondary) {
   secondary_ = secondary;
-  Repaint();
-}
-
-void Tmy_Label::SetFont(TmyTheme::Font font) {
-  font_ = font;
   Repaint();
 }
 
@@ -61,7 +47,7 @@ SIZE Tmy_Label::PreferredSize() const {
   std::string_view text = text_.View();
   SIZE size = {};
   do {
-    size.cx = std::max<LONG>(size.cx, Theme().TextWidth(TakeLine(text), font_));
+    size.cx = std::max<LONG>(size.cx, Theme().TextWidth(TakeLine(text)));
     size.cy += Theme().TextHeight();
   } while (!text.empty());
   return size;
@@ -76,6 +62,6 @@ void Tmy_Label::Paint(HDC dc) {
   const int height = isSingle ? Height() : Theme().TextHeight();
   for (int top = 0; !text.empty(); top += height) {
     ThemeDraw::Text(dc, {0, top, Width(), top + height}, TakeLine(text), IsEnabled() ? enabled : color.disabled,
-                    Theme().Get(font_), FormatOf(align_));
+                    Theme().Get(TmyTheme::Font::kMessage), FormatOf(align_));
   }
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "toolkit/TmyControl.h"
-#include "toolkit/TmyTheme.h"
 
 class Tmy_Label : public TmyControl {
  public:
@@ -15,9 +14,7 @@ class Tmy_Label : public TmyControl {
   void SetText(const TmyString& text);
   // The same, but of a text as long as the former one no memory is taken: for labels that change all the time.
   void Overwrite(std::string_view text);
-  void SetAlign(Align align);
   void SetSecondary(bool secondary);  // in the colour of what matters less
-  void SetFont(TmyTheme::Font font);
 
   // For a text that is not cut, in pixels.
   [[nodiscard]] SIZE PreferredSize() const;
@@ -28,6 +25,5 @@ class Tmy_Label : public TmyControl {
  private:
   TmyString text_;
   Align align_;
-  TmyTheme::Font font_ = TmyTheme::Font::kMessage;
   bool secondary_ = false;
 };

@@ -9,7 +9,14 @@
 
 namespace {
 constexpr UINT kStateChanges = 0x8000;  // in WINDOWPOS: minimised, maximised or restored
+
+// A WM_SETTINGCHANGE names what has changed.
+bool IsAboutForms(LPARAM section) {
+  const auto* name = reinterpret_cast<const char*>(section);
+  return name && lstrcmpiA(name, "intl") == 0;
 }
+
+}  // namespace
 
 // The dispatcher: groups of messages, each in a function of its own. Whatever is not done there goes on to the window's
 // former procedure. A handler may have destroyed the window by then; TmyWindowBase::WndProc copes with that.
@@ -66,7 +73,7 @@ TmyComponent::Outcome TmyComponent::WindowMessage(UINT message, WPARAM wParam, L
       break;
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE:
-      if (!parent_) TmyApplication::Get().SystemLookChanged();
+      if (!parent_) TmyApplication::Get().SystemLookChanged(message == WM_SETTINGCHANGE && IsAboutForms(lParam));
       break;
     case WM_ENDSESSION:
       if (wParam != 0) SessionEnds((lParam & ENDSESSION_CLOSEAPP) != 0);
@@ -113,8 +120,7 @@ void TmyComponent::ActiveOrFocus(UINT message, WPARAM wParam) {
 
 void TmyComponent::EnableMessage(bool enabled) {
   EnabledChanged();
-  const bool isChild = (GetWindowLongA(Handle(), GWL_STYLE) & WS_CHILD) != 0;
-  if (!isChild || IsEnabled() != enabled) return;
+  if (!HasStyle(WS_CHILD) || IsEnabled() != enabled) return;
   for (TmyComponent* child = NextChild(nullptr); child; child = NextChild(child)) child->SetEnabled(enabled);
   for (TmyControl* control = controls_; control; control = control->NextControl()) control->SetEnabled(enabled);
   if (!enabled) {
@@ -179,8 +185,7 @@ TmyComponent::Outcome TmyComponent::KeyDownMessage(uint32_t key, LPARAM flags) {
 
 TmyComponent::Outcome TmyComponent::PassUp(UINT message, WPARAM wParam, LPARAM lParam) {
   const HWND parent = GetAncestor(Handle(), GA_PARENT);
-  const bool isChild = (GetWindowLongA(Handle(), GWL_STYLE) & WS_CHILD) != 0;
-  if (isChild && parent) return {true, SendMessageA(parent, message, wParam, lParam)};
+  if (HasStyle(WS_CHILD) && parent) return {true, SendMessageA(parent, message, wParam, lParam)};
   return {};
 }
 

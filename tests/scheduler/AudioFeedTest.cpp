@@ -30,7 +30,10 @@ struct AudioFeedTest : testing::Test {
 };
 
 TEST_F(AudioFeedTest, AFullFileIsClosedAndTheNextOneLosesNothing) {
+  TmyControl* const button = recorder_->ButtonAt(TmyMediaPlayer::kStop);
+  recorder_->FocusDrawn(button);
   for (const char byte : {'a', 'b', 'c'}) Send(48000, 2, 1000, byte);
+  EXPECT_EQ(recorder_->FocusedControl(), button) << "though it was disabled in between";
   recorder_->StopRecording();
   EXPECT_EQ(Data("a.wav", 9000), std::string("\x40\x1F\0\0", 4) + std::string(4000, 'a') + std::string(4000, 'b'));
   EXPECT_EQ(Data("a.wav_.wav", 4004), std::string("\xA0\x0F\0\0", 4) + std::string(4000, 'c'));

@@ -97,7 +97,7 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
     if (run.path) (run.path == kEibi ? eibi_ : hfcc_)->Answer(run.path, run.reply);
     EXPECT_EQ(Run(window), run.expected);
     EXPECT_EQ(File("eibi.txt"), hasEibi ? OneBroadcast() : ThreeBroadcasts());
-    EXPECT_EQ(Counts(window), "1 of 1 broadcasts");  // what the first run brought
+    EXPECT_EQ(Counts(window), "1 of 1 broadcast");  // what the first run brought
   }
   std::string archives;  // of the menu; the one chosen at the start stays
   for (const MenuEntry& entry : Entries(GetMenu(window))) {
@@ -158,7 +158,7 @@ TEST_F(Download, AFirstStartAsksOnceAndDownloadsOnYes) {
                  if (answer == VK_RETURN) host_.When(&IsDone, &Press);
                });
     const HWND window = StartPlugin();
-    EXPECT_EQ(Counts(window), answer == VK_RETURN ? "1 of 1 broadcasts" : "0 of 0 broadcasts");
+    EXPECT_EQ(Counts(window), answer == VK_RETURN ? "1 of 1 broadcast" : "0 of 0 broadcasts");
     for (const int command : {SW_HIDE, SW_SHOW}) ShowWindow(window, command);
     host_.PumpFor(50);
     EXPECT_FALSE(question() || Window());

@@ -27,7 +27,7 @@ HWND PluginFixture::Grid(HWND window) {
 
 std::string PluginFixture::Counts(HWND window) {
   for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (TextOf(child).ends_with(" broadcasts")) return TextOf(child);
+    if (TextOf(child).find(" broadcast") != std::string::npos) return TextOf(child);
   }
   return "";
 }

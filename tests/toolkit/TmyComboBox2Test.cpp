@@ -25,6 +25,7 @@ struct ComboBoxTest : ControlFixture {
     combo_->SetBounds(10, 10, 120, 25);
     other_->SetBounds(200, 10, 120, 25);
     for (const char* text : {"Alpha", "Bravo", "Charlie", "Delta", "Echo"}) combo_->Add(text);
+    other_->Add("Other");
     combo_->SetSelection(1);
     Listen(combo_->changed);
     combo_->TakeFocus();
@@ -81,6 +82,9 @@ TEST_F(ComboBoxTest, OpensAndClosesByKeys) {
     EXPECT_EQ(GetFocus(), close == VK_TAB ? other_->Handle() : combo_->Handle()) << close;
   }
   EXPECT_EQ(window_->escapes, 0);
+  combo_->Clear();
+  combo_->DropDown(true);
+  EXPECT_FALSE(combo_->IsDropped()) << "there is nothing in it";
 }
 
 TEST_F(ComboBoxTest, TheMouseOpensChoosesAndPassesOtherClicksOn) {

@@ -25,9 +25,9 @@ TEST_F(TmyUpDownTest, StepsAgainAndAgainWhileTheCursorIsOnTheHalfThatIsHeld) {
   Input::Tick(*upDown_);
   EXPECT_EQ(edit_->Value(), 3);
   Input::Click(*upDown_, 5, 20);
-  for (int i = 0; i < 3; ++i) Input::Wheel(*upDown_, 1);
+  for (const int notches : {2, 1, 1}) Input::Wheel(*upDown_, notches);
   EXPECT_EQ(edit_->Value(), 4);
-  EXPECT_EQ(events_, 6) << "a step that changes nothing tells nothing";
+  EXPECT_EQ(events_, 5) << "a step that changes nothing tells nothing";
   edit_->SetValue(0);
   CloseDuring([this] { Input::Mouse(*upDown_, WM_LBUTTONDOWN, 5, 4); });
 }

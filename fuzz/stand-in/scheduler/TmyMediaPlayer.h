@@ -20,6 +20,7 @@ class TmyMediaPlayer {
     return 1;
   }
   int32_t Write(const void* data, uint32_t length) { return file_ && file_->Write(data, length); }
+  void HoldFocus(bool) {}
   [[nodiscard]] bool IsAlive() const { return true; }
   [[nodiscard]] int32_t StateCode() const { return file_ ? kRecording : kIdle; }
   [[nodiscard]] TmyWaveFilePCM* File() const { return file_.get(); }
