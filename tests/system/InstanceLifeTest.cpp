@@ -45,7 +45,8 @@ TEST_F(InstanceLife, ToldToTheHostFromStartToEnd) {
 }
 
 TEST_F(InstanceLife, TwoInstancesAreReachedByTheirHandles) {
-  std::map<uint32_t, uint32_t> instances = {{7, host_.Start(7)}, {9, host_.Start(9)}};
+  host_.Start(9);  // an older one of the same handle
+  const std::map<uint32_t, uint32_t> instances = {{7, host_.Start(7)}, {9, host_.Start(9)}};
   for (const auto& [handle, instance] : instances) {
     host_.Clear();
     host_.Close(8);
@@ -57,7 +58,6 @@ TEST_F(InstanceLife, TwoInstancesAreReachedByTheirHandles) {
                 ElementsAre(HostCall{instance, 0x800, 9420000, 0, "0"}, HostCall{instance, 0x900, 1, 0, "0"},
                             HostCall{instance, 0xF00, 0, 0, "0"}, HostCall{instance, 0x902, 5000, 0, "0"}));
     host_.Clear();
-    host_.Close(handle);
     host_.Close(handle);
     EXPECT_EQ(host_.Calls(), Farewell(instance));
     EXPECT_FALSE(IsWindow(host_.WindowOf(handle)));

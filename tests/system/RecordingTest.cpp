@@ -120,7 +120,7 @@ TEST_F(Recording, EachInstanceHasAudioOfItsOwnUntilItsEnd) {
     ChooseInGrid(window, 'r');
   }
   std::map<std::string, std::string> expected;
-  for (const uint32_t closed : {8u, 7u, 9u}) {
+  for (const uint32_t closed : {8u, 9u, 7u}) {
     for (const auto& [handle, name] : names) Send(8000, 1, 4000, std::string(8000, name[4]), 3, handle);
     host_.Close(closed);
     const std::string& name = names.at(closed);
