@@ -7,19 +7,20 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <map>
 #include <string>
 #include <vector>
+
+#include "foundation/Clock.h"
 
 struct RegistryKey : std::map<std::string, std::pair<DWORD, std::vector<BYTE>>> {};  // type and data of each value
 
 namespace {
 
 DWORD lastError = ERROR_SUCCESS;
+uint32_t ticksAhead = 0;
 
 BOOL Fail(DWORD error) {
   lastError = error;
@@ -69,25 +70,13 @@ DWORD GetLastError() {
   return lastError;
 }
 
-DWORD GetTickCount() {
+uint32_t Clock::Ticks() noexcept {
   using namespace std::chrono;
-  return static_cast<DWORD>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
+  return static_cast<uint32_t>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count()) +
+         ticksAhead;
 }
-
-void GetSystemTimeAsFileTime(FILETIME* time) {
-  *time = FileTime((std::time(nullptr) + kUnixEpoch) * kSecond);
-}
-BOOL FileTimeToLocalFileTime(const FILETIME* utc, FILETIME* local) {
-  *local = *utc;
-  return TRUE;
-}
-void GetSystemTime(SYSTEMTIME* time) {
-  FILETIME now;
-  GetSystemTimeAsFileTime(&now);
-  FileTimeToSystemTime(&now, time);
-}
-void GetLocalTime(SYSTEMTIME* time) {
-  GetSystemTime(time);
+void Clock::AdvanceTicks(uint32_t milliseconds) noexcept {
+  ticksAhead += milliseconds;
 }
 
 BOOL SystemTimeToFileTime(const SYSTEMTIME* t, FILETIME* file) {
@@ -271,7 +260,7 @@ LSTATUS RegDeleteKeyA(HKEY, const char* name) {
 extern "C" {
 FILE* __real_fopen(const char* name, const char* mode);
 FILE* __real_fopen64(const char* name, const char* mode);
-int __real_open(const char* name, int flags, ...);
+int __real_open(const char* name, int flags, mode_t mode);
 
 FILE* __wrap_fopen(const char* name, const char* mode) {
   return __real_fopen(Slashed(name).c_str(), mode);
@@ -279,11 +268,7 @@ FILE* __wrap_fopen(const char* name, const char* mode) {
 FILE* __wrap_fopen64(const char* name, const char* mode) {
   return __real_fopen64(Slashed(name).c_str(), mode);
 }
-int __wrap_open(const char* name, int flags, ...) {
-  va_list arguments;
-  va_start(arguments, flags);
-  const mode_t mode = va_arg(arguments, mode_t);
-  va_end(arguments);
+int __wrap_open(const char* name, int flags, mode_t mode) {
   return __real_open(Slashed(name).c_str(), flags, mode);
 }
 }

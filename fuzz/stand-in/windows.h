@@ -57,17 +57,12 @@ inline void OutputDebugStringA(const char*) {}
 inline DWORD GetCurrentProcessId() {
   return 1;
 }
-DWORD GetTickCount();
 inline void InitializeCriticalSection(CRITICAL_SECTION*) {}
 inline void DeleteCriticalSection(CRITICAL_SECTION*) {}
 inline void EnterCriticalSection(CRITICAL_SECTION*) {}
 inline void LeaveCriticalSection(CRITICAL_SECTION*) {}
 
-// Times between 1601 and 30827, as the system takes them; the zone is that of Greenwich.
-void GetSystemTime(SYSTEMTIME* time);
-void GetLocalTime(SYSTEMTIME* time);
-void GetSystemTimeAsFileTime(FILETIME* time);
-BOOL FileTimeToLocalFileTime(const FILETIME* utc, FILETIME* local);
+// Times between 1601 and 30827, as the system takes them.
 BOOL SystemTimeToFileTime(const SYSTEMTIME* time, FILETIME* file);
 BOOL FileTimeToSystemTime(const FILETIME* file, SYSTEMTIME* time);
 
