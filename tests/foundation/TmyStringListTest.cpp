@@ -17,19 +17,3 @@ TEST(TmyStringList, SplitsAnyMixtureOfTerminators) {
     EXPECT_EQ(lines, expected);
   }
 }
-
-TEST(TmyStringList, LoadsAFileOrIsEmpty) {
-  const TemporaryFolder folder;
-  const std::string name = folder.File("a");
-  ASSERT_TRUE(WriteFileBytes(name, "one\r\ntwo"));
-  TmyStringList list;
-  list.Add(name.c_str());
-  EXPECT_TRUE(list.LoadFromFile(list.Get(0)));
-  EXPECT_EQ(list.GetCommaText(), "\"one\",\"two\"");
-  EXPECT_TRUE(DeleteFileA(name.c_str())) << "the list has let it go";
-  for (const std::string& bad : {name, folder.Path(), std::string()}) {
-    list.Add("old");
-    EXPECT_FALSE(list.LoadFromFile(bad.c_str())) << bad;
-    EXPECT_EQ(list.Count(), 0U) << bad;
-  }
-}

@@ -21,8 +21,9 @@ TEST(TaskTextsTest, ShowsATaskInTheZoneAskedFor) {
   const SYSTEMTIME from = {2026, 11, 0, 21, 23, 0, 7, 0}, to = {2027, 3, 0, 1, 0, 30, 7, 0};
   const std::string times[] = {Written(&GetTimeFormatA, from), Written(&GetTimeFormatA, to)};
   const std::string dates[] = {Written(&GetDateFormatA, from), Written(&GetDateFormatA, to)};
-  TmxTask task = {9420500, 9, 0, DateOfTime(from), DateOfTime(to), 82807, 88207, 0x3E, 2};
-  EXPECT_THAT(Texts(task, 0), ElementsAre("!", "9420.5", dates[0], dates[1], times[0], times[1], "DAB", "Workdays"));
+  TmxTask task = {9420500, 9, 0, DateOfTime(from), DateOfTime(to), 82807, 88207, 0x80 | 0x2B, 2};
+  EXPECT_THAT(Texts(task, 0),
+              ElementsAre("!", "9420.5", dates[0], dates[1], times[0], times[1], "DAB", "Mon, Wed, Fri, Sun"));
   task = {UINT64_MAX, 21, 0, task.from, {0xFFFFFFFF, 0xFFFFFFFF}, 88207, 7207, 0, 0};
   EXPECT_THAT(Texts(task, -5400), ElementsAre("", "18446744073709551.615", dates[0], "", times[0], times[1], "", ""));
 }
