@@ -18,10 +18,7 @@ TEST(DataFolders, AreMadeBelowTheDocumentsFolderWithEachMissingParent) {
 }
 
 TEST(DataFolders, PluginFolderPrefersTheEnvironment) {
-  constexpr char kStandIn[] = "Software\\Marlux 3 test of folders";
-  HKEY standIn;
-  ASSERT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, kStandIn, &standIn), ERROR_SUCCESS);
-  ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, standIn), ERROR_SUCCESS);
+  const FreshRegistry machine(HKEY_LOCAL_MACHINE);
   TmyRegistry key;
   ASSERT_TRUE(key.Open(HKEY_LOCAL_MACHINE, "Software\\ZQN", KEY_ALL_ACCESS, true));
   const std::string longPath(3000, 'p');
@@ -36,9 +33,4 @@ TEST(DataFolders, PluginFolderPrefersTheEnvironment) {
     EXPECT_EQ(HelpFile().Chars(), folder + "\\marlux3.chm");
   }
   SetEnvironmentVariableA("ZQN_PLUGIN_PATH", nullptr);
-  key.Close();
-  RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
-  RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-  RegCloseKey(standIn);
-  RegDeleteKeyA(HKEY_CURRENT_USER, kStandIn);
 }
