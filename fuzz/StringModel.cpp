@@ -7,10 +7,6 @@ int Sign(int number) {
   return (number > 0) - (number < 0);
 }
 
-int32_t Position(size_t found) {
-  return found == std::string::npos ? -1 : static_cast<int32_t>(found);
-}
-
 std::string Trimmed(std::string text) {
   const auto isCut = [](char c) { return static_cast<signed char>(c) <= 32; };
   text.erase(text.begin(), std::find_if_not(text.begin(), text.end(), isCut));
@@ -80,8 +76,8 @@ void Try(Input& input) {
     }
     const char* const key = other.model.c_str();
     REQUIRE(one.ours.Compare(other.ours) == Sign(one.model.compare(other.model)));
-    REQUIRE(one.ours.Find(key, count) == Position(one.model.find(key, count)));
-    REQUIRE(one.ours.FindChar('a', count) == Position(one.model.find('a', count)));
+    REQUIRE(one.ours.Find(key, count) == static_cast<int32_t>(one.model.find(key, count)));
+    REQUIRE(one.ours.FindChar('a', count) == static_cast<int32_t>(one.model.find('a', count)));
     REQUIRE(one.ours.FilePath().Length() + one.ours.FileName().Length() <= one.model.size());
     REQUIRE(one.ours.Lower().FindNoCase(one.ours.Upper().Chars()) == 0);
   }
