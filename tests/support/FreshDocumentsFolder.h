@@ -15,8 +15,6 @@ class FreshDocumentsFolder {
     RegSetKeyValueA(HKEY_CURRENT_USER, kKey, "Personal", REG_EXPAND_SZ, Path().c_str(),
                     static_cast<DWORD>(Path().size()) + 1);
   }
-  FreshDocumentsFolder(const FreshDocumentsFolder&) = delete;
-  FreshDocumentsFolder& operator=(const FreshDocumentsFolder&) = delete;
 
   [[nodiscard]] const std::string& Path() const { return folder_.Path(); }  // without a backslash at the end
   [[nodiscard]] std::string DataFolder() const { return Path() + "\\Corvane\\Marlux3"; }  // not made by this class

@@ -29,8 +29,6 @@ class ScriptedServer {
   // Port 0 takes a free one. Listens at once.
   explicit ScriptedServer(const char* address = "127.0.0.1", uint16_t port = 0);
   ~ScriptedServer();  // ends every connection
-  ScriptedServer(const ScriptedServer&) = delete;
-  ScriptedServer& operator=(const ScriptedServer&) = delete;
 
   [[nodiscard]] uint16_t Port() const noexcept { return port_; }  // 0: it could not listen
   void Answer(const std::string& path, Reply reply);              // for all requests of the path; others get a 404
