@@ -104,8 +104,7 @@ TEST_F(TmxWindowTest, FrequenciesFilterAsTheyAreTypedAndConvertAtEveryClick) {
   auto& second = Nth<TmyFrequencyEdit>(*panel_, 1);
   second.SetValue(6000);
   first.TakeFocus();
-  first.SelectAll();
-  Input::Type(first, "9422");
+  Input::Retype(first, "9422");
   EXPECT_EQ(Counts(), "2 of 5 broadcasts");
   Click("Around");
   EXPECT_EQ(std::pair(first.Value(), second.Value()), std::pair(int64_t{4714000}, int64_t{0}));

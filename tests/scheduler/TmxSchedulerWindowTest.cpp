@@ -28,7 +28,7 @@ TEST_F(TmxSchedulerWindowTest, OnlyAConfirmedEditorChangesTheList) {
   });
   ByKey(VK_INSERT, Escape);
   const auto post = [&] {
-    scheduler_->PostNewTask(std::make_unique<TmxTask>(TmxTask{6005000, 1, 0, {}, {}, 0, 0, 0, 1})), Input::Pump();
+    scheduler_->PostNewTask(std::make_unique<TmxTask>(TmxTask{6005000, 1, 0, {}, {}, 0, 0, 0, 1})), PumpFor(0);
   };
   InDialog("New Task", post, Confirm);
   ASSERT_EQ(tasks_.Count(), 2u);
@@ -85,6 +85,6 @@ TEST_F(TmxSchedulerWindowTest, ClosingGoesFromTheDialogOutwards) {
   window_->Enable(false);  // a dialog is open on it: ours would hang here
   for (const uint32_t key : {VK_INSERT, VK_DELETE, VK_RETURN}) Key(key);
   window_->Enable(true);
-  Key(VK_ESCAPE), Input::Pump();
+  Key(VK_ESCAPE), PumpFor(0);
   EXPECT_TRUE(scheduler_->IsAlive() && !scheduler_->IsVisible());
 }

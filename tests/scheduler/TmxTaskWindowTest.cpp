@@ -20,10 +20,6 @@ struct TmxTaskWindowTest : SchedulerFixture {
     while (index-- > 0) field = dialog.NextChild(field);
     return *field;
   }
-  static void Retype(TmyComponent& field, const char* text) {
-    SendMessageA(field.Handle(), EM_SETSEL, 0, -1);
-    Input::Type(field, text);
-  }
 };
 
 TaskDate Day(WORD year, WORD month, WORD day, WORD hour) {
@@ -42,10 +38,10 @@ TEST_F(TmxTaskWindowTest, StoresWhatWasEntered) {
       Input::Key(Field(dialog, 0), VK_END);
       Input::Type(Field(dialog, 0), "27");  // a year of two digits, confirmed as it stands
       for (int i = 0; i < 2; ++i) Input::Key(Field(dialog, 1), VK_PRIOR);  // to February
-      Retype(Field(dialog, 2), "003000");
-      Retype(Field(dialog, 3), "010000");
-      Retype(Field(dialog, 4), "99999");      // beyond the host's range
-      Input::Click(Field(dialog, 5), 4, 20);  // and a step down
+      Input::Retype(Field(dialog, 2), "003000");
+      Input::Retype(Field(dialog, 3), "010000");
+      Input::Retype(Field(dialog, 4), "99999");  // beyond the host's range
+      Input::Click(Field(dialog, 5), 4, 20);     // and a step down
       Input::Key(Field(dialog, 6), VK_HOME);
     });
     EXPECT_EQ(after, (TmxTask{29999000, 1, 77, Day(2027, 12, 21, 5), Day(2027, 2, 28, 6), utc ? 1800u : 81000u,
@@ -77,7 +73,7 @@ TEST_F(TmxTaskWindowTest, IsConfirmedOnceMoreWhenMemoryWasShort) {
                      EXPECT_TRUE(TmyString::WithRoom(0x7FFFFFF0).IsEmpty());
                      SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0);
                      EXPECT_TRUE(dialog.IsVisible());
-                     Retype(Field(dialog, 4), "7325");
+                     Input::Retype(Field(dialog, 4), "7325");
                    })
                 .frequency,
             7325000u);

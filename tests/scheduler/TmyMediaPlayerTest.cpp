@@ -1,7 +1,6 @@
 #include "scheduler/TmyMediaPlayer.h"
 
 #include "scheduler/TmyWaveFilePCM.h"
-#include "tests/support/Pump.h"
 #include "tests/toolkit/ControlFixture.h"
 
 namespace {

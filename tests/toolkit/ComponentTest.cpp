@@ -1,5 +1,4 @@
 // The component model: dispatch of messages to windows and drawn controls, double clicks, focus, destruction.
-#include "tests/support/Pump.h"
 #include "tests/toolkit/ControlFixture.h"
 #include "toolkit/TabOrder.h"
 #include "toolkit/TmyHoveringMonitor.h"
@@ -51,7 +50,7 @@ class Window : public TmyComponent {
 struct ComponentTest : testing::Test {
   void TearDown() override {
     window_->Destroy();
-    Input::Pump();
+    PumpFor(0);
   }
   Events Heard() { return std::exchange(events_, {}); }
   TmyPanel* AddPanel(TmyComponent& parent) { return new TmyPanel(parent, WS_VISIBLE | WS_TABSTOP); }

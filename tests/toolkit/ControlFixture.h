@@ -1,6 +1,7 @@
 // Marlux 3. What the tests of all controls share: a window, real messages to a control in it, and its picture.
 #pragma once
 
+#include "tests/support/Pump.h"
 #include "tests/support/Test.h"
 #include "toolkit/BackBuffer.h"
 #include "toolkit/TmyApplication.h"
@@ -60,13 +61,14 @@ inline void Type(const TmyComponent& control, std::string_view text) {
   for (const char c : text) SendMessageA(window, WM_CHAR, static_cast<uint8_t>(c), 1);
 }
 
-inline void Tick(const TmyComponent& control) {
-  SendMessageA(control.Handle(), WM_TIMER, 1, 0);
+// In place of all that an edit field holds.
+inline void Retype(const TmyComponent& field, std::string_view text) {
+  SendMessageA(field.Handle(), EM_SETSEL, 0, -1);
+  Type(field, text);
 }
 
-inline void Pump() {
-  MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+inline void Tick(const TmyComponent& control) {
+  SendMessageA(control.Handle(), WM_TIMER, 1, 0);
 }
 
 }  // namespace Input

@@ -17,10 +17,6 @@ struct EditFixture : ControlFixture {
     EXPECT_EQ(GetFocus(), edit->Handle()) << "no focus: is there a display?";
     return edit;
   }
-  static void Retype(TmyEdit& edit, std::string_view text) {
-    edit.SelectAll();
-    Input::Type(edit, text);
-  }
   static void Paste(TmyEdit& edit, const char* text) {
     edit.SelectAll();
     ASSERT_TRUE(SetClipboardText(edit.Handle(), text));

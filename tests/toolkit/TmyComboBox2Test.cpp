@@ -76,7 +76,7 @@ TEST_F(ComboBoxTest, OpensAndClosesByKeys) {
     Input::Key(*combo_, VK_DOWN);
     EXPECT_EQ(std::pair(combo_->OpenList()->Selection(), events_), std::pair(4, 0)) << close;
     Input::Key(*combo_, close, 0, closeFlags);
-    Input::Pump();
+    PumpFor(0);
     EXPECT_FALSE(combo_->IsDropped()) << close;
     EXPECT_EQ(std::pair(combo_->Selection(), events_), takes ? std::pair(4, 1) : std::pair(1, 0)) << close;
     EXPECT_EQ(GetFocus(), close == VK_TAB ? other_->Handle() : combo_->Handle()) << close;
@@ -98,7 +98,7 @@ TEST_F(ComboBoxTest, TheMouseOpensChoosesAndPassesOtherClicksOn) {
   EXPECT_EQ(combo_->Selection(), 2);
   combo_->DropDown(true);
   Captured(*other_, WM_LBUTTONDOWN, 20, 10);
-  Input::Pump();
+  PumpFor(0);
   EXPECT_FALSE(combo_->IsDropped());
   EXPECT_TRUE(other_->IsDropped());
   EXPECT_EQ(events_, 1);
@@ -149,7 +149,7 @@ TEST_F(ComboBoxTest, TheListGoesWhenSomethingElseHappensAndDiesWithItsWindowsInA
       if (IsWindow(popUp)) SendMessageA(popUp, WM_TIMER, 1, 0);
       EXPECT_FALSE(IsWindow(popUp)) << name;
       EXPECT_EQ(!IsWindow(field), fieldGoes) << name;  // a choice that nobody made shows here
-      Input::Pump();
+      PumpFor(0);
       Close();
     });
   }

@@ -13,7 +13,7 @@ TEST_F(TmyEditTest, OnlyTheUserRaisesEventsAndEnterAndEscapeStayOutOfTheText) {
   Input::Key(*edit_, VK_RETURN);
   EXPECT_EQ(events_, 1);
   Input::Key(*edit_, VK_ESCAPE);
-  Input::Pump();
+  PumpFor(0);
   EXPECT_EQ(window_->confirms, 1);
   EXPECT_EQ(window_->escapes, 1);
 }

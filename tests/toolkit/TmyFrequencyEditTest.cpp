@@ -16,7 +16,7 @@ TEST_F(TmyFrequencyEditTest, TypedAndPastedTextsAndWhatCommittingMakesOfThem) {
       {"9999999", "9999999", TmyFrequencyEdit::kHighest, "4294967.295"},
   };
   for (const auto& [typed, shown, value, committed] : cases) {
-    Retype(*edit_, typed);
+    Input::Retype(*edit_, typed);
     EXPECT_EQ(edit_->Text(), shown);
     EXPECT_EQ(edit_->Value(), value);
     Input::Key(*edit_, VK_RETURN);
