@@ -9,18 +9,14 @@
 int main(int argc, char** argv) {
   if (argc != 3) return 2;
   auto* window = new TmyComponent("", WS_POPUP, 0, 0, 0, 300, 200, nullptr);  // deleted by its window
-  DWORD error = ERROR_SUCCESS;
-  {
-    FccGrid grid(*window);
-    const HfccLoad result = grid.Load(argv[1]);
-    if (result != HfccLoad::kRead) std::fprintf(stderr, "%s\n", HfccLoadText(result));
-    std::vector<uint32_t> all;
-    for (const FccColumn& column : FccColumns()) all.push_back(static_cast<uint32_t>(column.field));
-    grid.SetFields(all.data(), static_cast<uint32_t>(all.size()));
-    grid.Refresh(FilterRecord{}, {true, 0}, false);
-    error = WriteCsv(grid, argv[2]);
-    std::printf("%u rows\n", grid.ShownCount());
-    window->Destroy();
-  }
+  FccGrid grid(*window);
+  if (grid.Load(argv[1]) != HfccLoad::kRead) return 1;
+  std::vector<uint32_t> all;
+  for (const FccColumn& column : FccColumns()) all.push_back(static_cast<uint32_t>(column.field));
+  grid.SetFields(all.data(), static_cast<uint32_t>(all.size()));
+  grid.Refresh(FilterRecord{}, {true, 0}, false);
+  const DWORD error = WriteCsv(grid, argv[2]);
+  std::printf("%u rows\n", grid.ShownCount());
+  window->Destroy();
   return error == ERROR_SUCCESS ? 0 : 1;
 }

@@ -74,6 +74,8 @@ def main():
         out = os.path.join(folder, "out.csv")
         done = subprocess.run([runner, program, "Z:" + archive.replace("/", "\\"), "Z:" + out.replace("/", "\\")],
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, timeout=120)
+        if done.returncode != 0:
+            sys.exit("the program failed")
         with open(out, "rb") as file:
             written = file.read()
     expected = expected_csv(archive)
@@ -81,8 +83,6 @@ def main():
     rows = expected.count(b"\r\n") - 1
     if rows < FEWEST_ROWS or rows != REAL_ROWS.get(os.path.basename(archive), rows):
         sys.exit(f"the archive has {rows} rows")
-    if done.returncode != 0:
-        sys.exit("the program failed")
     if written != expected:
         for i, (a, b) in enumerate(zip(written.split(b"\r\n"), expected.split(b"\r\n"))):
             if a != b:
