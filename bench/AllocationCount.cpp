@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "tests/support/ImportTable.h"
+
 namespace {
 
 uint32_t calls = 0;
@@ -63,10 +65,6 @@ ULONG_PTR CounterFor(const char* name, ULONG_PTR) noexcept {
 }  // namespace
 
 AllocationCount::AllocationCount(HMODULE module) : replaced_(ReplaceImports(module, &CounterFor)) {}
-
-AllocationCount::~AllocationCount() {
-  PutImportsBack(replaced_);
-}
 
 uint32_t AllocationCount::Calls() const noexcept {
   return calls;

@@ -15,6 +15,7 @@
 #include "tests/support/FreshDocumentsFolder.h"
 #include "tests/support/ModuleClock.h"
 #include "tests/support/ProcessCounts.h"
+#include "tests/support/Pump.h"
 
 namespace {
 
@@ -60,7 +61,7 @@ class Soak {
     host_.Start(kByButton);
     WriteTasks();
     host_.Start(kScheduled);
-    FakeHost::PumpFor(500);
+    PumpFor(500);
     block_.resize(4 + kFrames * 2);  // behind the samples room for the count of values, which a recording takes twice
   }
 
@@ -71,7 +72,7 @@ class Soak {
       Second(at, length, [&] {
         for (uint32_t i = 0; i < kBlocksPerSecond; ++i) SendBlock();
         for (const uint32_t handle : {kScheduled, kByButton}) SendMessageA(host_.WindowOf(handle), WM_TIMER, 1, 0);
-        if (at.count() % 5 == 0) FakeHost::PumpFor(0);
+        if (at.count() % 5 == 0) PumpFor(0);
       });
     }
   }
@@ -82,7 +83,7 @@ class Soak {
       Second(at, length, [&] {
         for (uint32_t i = 0; i < kBlocksPerSecond; ++i) {
           const double wait = begin + ++blocks * 1000.0 / kBlocksPerSecond - Bench::Milliseconds();
-          FakeHost::PumpFor(wait > 0 ? static_cast<DWORD>(wait) : 0);
+          PumpFor(wait > 0 ? static_cast<DWORD>(wait) : 0);
           SendBlock();
         }
       });
@@ -152,7 +153,7 @@ void Soak::Click(uint32_t handle, int x, int y) {
   MapWindowPoints(window, child, &at, 1);
   for (const UINT message : {UINT{WM_LBUTTONDOWN}, UINT{WM_LBUTTONUP}})
     PostMessageA(child, message, 0, MAKELPARAM(at.x, at.y));
-  FakeHost::PumpFor(0);
+  PumpFor(0);
 }
 
 std::string Soak::Counts(uint32_t handle) const {

@@ -92,9 +92,7 @@ DWORD size = 0;
 bool isOn = false;
 bool isRefused = false;  // the window that is made next
 uint32_t wait = 0;
-int64_t blocks = 0;
 std::set<CallFaults::Place> failedEver;
-std::vector<CallFaults::Place> failedNow;
 
 bool IsInside(ULONG_PTR address) {
   return address - base < size;
@@ -132,56 +130,48 @@ CallFaults::Place PlaceOf(const StackedCall& call) {
 
 bool MustFail(const StackedCall& call) {
   if (!isOn) return false;
-  if (CallFaults::lasts && !failedNow.empty()) {
+  if (CallFaults::lasts && !CallFaults::failed.empty()) {
     // The system asks a window for the same area until it paints, and the test waits for the last message.
-    return functions[call.function].group->name == functions[failedNow.front().function].group->name &&
+    return functions[call.function].group->name == functions[CallFaults::failed.front().function].group->name &&
            functions[call.function].name != "BeginPaint";
   }
-  if (failedNow.size() >= CallFaults::most) return false;
+  if (CallFaults::failed.size() >= CallFaults::most) return false;
   if (wait > 0) return --wait, false;
   const CallFaults::Place place = PlaceOf(call);
   const bool isFirst = place == CallFaults::first;
-  if (CallFaults::first && isFirst != failedNow.empty()) return false;
+  if (CallFaults::first && isFirst != CallFaults::failed.empty()) return false;
   if (place.from[0] == 0 || (!failedEver.insert(place).second && !isFirst)) return false;
-  failedNow.push_back(place);
+  CallFaults::failed.push_back(place);
   wait = CallFaults::gap;
   return true;
 }
 
-void* CountedMalloc(size_t bytes) {
-  void* const block = std::malloc(bytes);
-  blocks += block != nullptr;
-  return block;
-}
-
-void* CountedCalloc(size_t count, size_t bytes) {
-  void* const block = std::calloc(count, bytes);
-  blocks += block != nullptr;
-  return block;
-}
-
-void* CountedRealloc(void* former, size_t bytes) {
-  void* const block = std::realloc(former, bytes);
-  blocks += (block != nullptr) - (former != nullptr && (block != nullptr || bytes == 0));
-  return block;
-}
-
-void CountedFree(void* block) {
-  blocks -= block != nullptr;
-  std::free(block);
-}
-
-void* WINAPI CountedVirtualAlloc(void* at, SIZE_T bytes, DWORD type, DWORD protection) {
-  void* const block = VirtualAlloc(at, bytes, type, protection);
-  blocks += at == nullptr && block != nullptr;
-  return block;
-}
-
-BOOL WINAPI CountedVirtualFree(void* at, SIZE_T bytes, DWORD type) {
-  const BOOL done = VirtualFree(at, bytes, type);
-  blocks -= done && type == MEM_RELEASE;
-  return done;
-}
+struct Counted {
+  static void* Taken(void* block) {
+    CallFaults::blocks += block != nullptr;
+    return block;
+  }
+  static void* Malloc(size_t bytes) { return Taken(std::malloc(bytes)); }
+  static void* Calloc(size_t count, size_t bytes) { return Taken(std::calloc(count, bytes)); }
+  static void* Realloc(void* former, size_t bytes) {
+    void* const block = std::realloc(former, bytes);
+    CallFaults::blocks += (block != nullptr) - (former != nullptr && (block != nullptr || bytes == 0));
+    return block;
+  }
+  static void Free(void* block) {
+    CallFaults::blocks -= block != nullptr;
+    std::free(block);
+  }
+  static void* WINAPI Reserve(void* at, SIZE_T bytes, DWORD type, DWORD protection) {
+    void* const block = VirtualAlloc(at, bytes, type, protection);
+    return at ? block : Taken(block);
+  }
+  static BOOL WINAPI Release(void* at, SIZE_T bytes, DWORD type) {
+    const BOOL done = VirtualFree(at, bytes, type);
+    CallFaults::blocks -= done && type == MEM_RELEASE;
+    return done;
+  }
+};
 
 // Stands in the place of the system's dialog, which no test waits for.
 BOOL WINAPI NamedFile(OPENFILENAMEA* question) {
@@ -202,16 +192,16 @@ HWND WINAPI MadeWindow(DWORD extendedStyle, LPCSTR kind, LPCSTR title, DWORD sty
 
 // The end of a program that throws where it must not.
 void Abort() {
-  RaiseException(EXCEPTION_NONCONTINUABLE_EXCEPTION, 0, 0, nullptr);
+  __builtin_trap();
 }
 
 ULONG_PTR CounterOf(const char* name) {
-  const std::pair<const char*, ULONG_PTR> kCounters[] = {{"malloc", AddressOf(&CountedMalloc)},
-                                                         {"calloc", AddressOf(&CountedCalloc)},
-                                                         {"realloc", AddressOf(&CountedRealloc)},
-                                                         {"VirtualAlloc", AddressOf(&CountedVirtualAlloc)},
-                                                         {"free", AddressOf(&CountedFree)},
-                                                         {"VirtualFree", AddressOf(&CountedVirtualFree)},
+  const std::pair<const char*, ULONG_PTR> kCounters[] = {{"malloc", AddressOf(&Counted::Malloc)},
+                                                         {"calloc", AddressOf(&Counted::Calloc)},
+                                                         {"realloc", AddressOf(&Counted::Realloc)},
+                                                         {"VirtualAlloc", AddressOf(&Counted::Reserve)},
+                                                         {"free", AddressOf(&Counted::Free)},
+                                                         {"VirtualFree", AddressOf(&Counted::Release)},
                                                          {"abort", AddressOf(&Abort)},
                                                          {"CreateWindowExA", AddressOf(&MadeWindow)},
                                                          {"GetSaveFileNameA", AddressOf(&NamedFile)},
@@ -296,26 +286,22 @@ bool CallFaults::Install(const char* name) {
   for (size = 0; VirtualQuery(reinterpret_cast<void*>(base + size), &part, sizeof part); size += part.RegionSize) {
     if (part.AllocationBase != module) break;
   }
-  return stubs && !ReplaceImports(module, &StubFor).empty();
+  return stubs && ReplaceImports(module, &StubFor) > 0;
 }
 
 void CallFaults::Begin() {
-  failedNow.clear();
+  failed.clear();
   wait = 0;
   isOn = true;
 }
 
 std::vector<CallFaults::Place> CallFaults::End() {
   isOn = false;
-  return failedNow;
+  return failed;
 }
 
 void CallFaults::Forget(const std::vector<Place>& places) {
   for (const Place& place : places) failedEver.erase(place);
-}
-
-const std::vector<CallFaults::Place>& CallFaults::Failed() {
-  return failedNow;
 }
 
 std::string CallFaults::KindOf(const Place& place) {
@@ -330,8 +316,4 @@ std::string CallFaults::TextOf(const Place& place) {
     text += offset;
   }
   return text;
-}
-
-int64_t CallFaults::Blocks() {
-  return blocks;
 }

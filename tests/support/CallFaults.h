@@ -37,19 +37,17 @@ inline std::optional<Place> first;
 inline bool lasts = false;          // once a call has failed, those of its group all do until End
 inline bool isMadeAtFirst = false;  // a window that fails is made and destroyed again, as if it refused itself
 
+inline std::vector<Place> failed;  // since Begin
+inline int64_t blocks = 0;         // what the module has of the C library's heap and of address space now
+
 // Once for each load. False when the module is not there. It lasts as long as the module stays loaded.
 [[nodiscard]] bool Install(const char* module);
 inline std::string fileName;  // what the system's file dialogs answer at once, while Install lasts
 
 void Begin();
-std::vector<Place> End();  // those that failed since Begin
-void Forget();             // all places may fail again, or these
-void Forget(const std::vector<Place>& places);
-[[nodiscard]] const std::vector<Place>& Failed();      // since Begin
+std::vector<Place> End();                              // those that failed since Begin
+void Forget(const std::vector<Place>& places);         // they may fail again
 [[nodiscard]] std::string KindOf(const Place& place);  // group and function
 [[nodiscard]] std::string TextOf(const Place& place);
-
-// What the module has of the C library's heap and of address space now.
-[[nodiscard]] int64_t Blocks();
 
 }  // namespace CallFaults

@@ -48,12 +48,6 @@ FakeHost::~FakeHost() {
   theHost = nullptr;
 }
 
-const char FakeHost::kModulePath[] = MARLUX_MODULE;
-
-std::string FakeHost::LoopbackModulePath() {
-  return MARLUX_LOOPBACK_MODULE;
-}
-
 bool FakeHost::Load() {
   if (!module_) module_ = LoadLibraryA(modulePath_.c_str());
   return module_ != nullptr;

@@ -18,8 +18,6 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/Pump.h"
-
 struct HostCall {
   uint32_t instance = 0, code = 0, a = 0, b = 0;
   std::string text;  // what c points to where that is a text, else c as a number
@@ -37,14 +35,14 @@ struct HostCall {
 class FakeHost {
  public:
   static constexpr char kClassPrefix[] = "TmyComponent ";
+  static constexpr char kModulePath[] = MARLUX_MODULE;
+  static constexpr char kLoopbackModulePath[] = MARLUX_LOOPBACK_MODULE;  // the one whose servers are on this machine
 
   explicit FakeHost(std::string modulePath = kModulePath);
   ~FakeHost();
   FakeHost(const FakeHost&) = delete;
   FakeHost& operator=(const FakeHost&) = delete;
 
-  static const char kModulePath[];
-  [[nodiscard]] static std::string LoopbackModulePath();  // the one whose servers are on this machine
   bool Load();
   [[nodiscard]] bool IsLoaded() const { return module_ != nullptr; }  // by this host
   void Unload();                                                      // without closing anything first
@@ -68,11 +66,6 @@ class FakeHost {
     return windows_.contains(handle) ? windows_.at(handle) : nullptr;
   }
 
-  // Runs the host's loop.
-  static void PumpFor(DWORD milliseconds) { ::PumpFor(milliseconds); }
-  static bool PumpUntil(const std::function<bool()>& condition, DWORD milliseconds = 10000) {
-    return ::PumpUntil(condition, milliseconds);
-  }
   // Runs the action from a timer once the condition holds, so also inside the plug-in's own loops. When it never does,
   // all menus and windows are closed instead, so that the test goes on, and WasLate says so.
   void When(std::function<bool()> condition, std::function<void()> action);

@@ -11,9 +11,8 @@ void Put(ULONG_PTR& slot, ULONG_PTR function) {
 
 }  // namespace
 
-std::vector<ReplacedImport> ReplaceImports(
-    HMODULE module, const std::function<ULONG_PTR(const char* name, ULONG_PTR now)>& replacement) {
-  std::vector<ReplacedImport> replaced;
+size_t ReplaceImports(HMODULE module, const std::function<ULONG_PTR(const char* name, ULONG_PTR now)>& replacement) {
+  size_t replaced = 0;
   const auto base = reinterpret_cast<ULONG_PTR>(module);
   const auto& dos = *reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
   const auto& headers = *reinterpret_cast<const IMAGE_NT_HEADERS*>(base + static_cast<ULONG_PTR>(dos.e_lfanew));
@@ -24,16 +23,11 @@ std::vector<ReplacedImport> ReplaceImports(
     for (; name->u1.AddressOfData != 0; ++name, ++slot) {
       if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
       const auto* known = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
-      const ULONG_PTR now = slot->u1.Function;
-      const ULONG_PTR other = replacement(known->Name, now);
+      const ULONG_PTR other = replacement(known->Name, slot->u1.Function);
       if (other == 0) continue;
-      replaced.push_back({&slot->u1.Function, now});
       Put(slot->u1.Function, other);
+      ++replaced;
     }
   }
   return replaced;
-}
-
-void PutImportsBack(const std::vector<ReplacedImport>& replaced) {
-  for (const ReplacedImport& each : replaced) Put(*each.slot, each.function);
 }

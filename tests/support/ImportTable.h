@@ -3,19 +3,11 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <functional>
-#include <vector>
 
-struct ReplacedImport {
-  ULONG_PTR* slot;
-  ULONG_PTR function;  // what was there
-};
-
-// Asks for each import by name what to call instead; 0 leaves it as it is.
-std::vector<ReplacedImport> ReplaceImports(
-    HMODULE module, const std::function<ULONG_PTR(const char* name, ULONG_PTR now)>& replacement);
-// The module must still be loaded.
-void PutImportsBack(const std::vector<ReplacedImport>& replaced);
+// Asks for each import by name what to call instead; 0 leaves it as it is. Returns how many were replaced.
+size_t ReplaceImports(HMODULE module, const std::function<ULONG_PTR(const char* name, ULONG_PTR now)>& replacement);
 
 template <class Function>
 ULONG_PTR AddressOf(Function* function) noexcept {

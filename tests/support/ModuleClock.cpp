@@ -32,5 +32,5 @@ bool ModuleClock::Replace(const char* name) {
   const auto replacement = [](std::string_view function, ULONG_PTR) -> ULONG_PTR {
     return function == "GetSystemTime" ? AddressOf(&Utc) : function == "GetLocalTime" ? AddressOf(&Local) : 0;
   };
-  return module && ReplaceImports(module, replacement).size() == 2;
+  return module && ReplaceImports(module, replacement) == 2;
 }

@@ -11,7 +11,7 @@ struct CloseInside : PluginFixture {
   }
   // The host goes on: a fresh load works, ends and leaves nothing.
   void ExpectFreshStart() {
-    host_.PumpFor(20);
+    PumpFor(20);
     EXPECT_TRUE(WriteTask(false));
     EXPECT_FALSE(hasSeenQuit || host_.WasLate());
     ASSERT_TRUE(host_.Load());
@@ -123,7 +123,7 @@ TEST_F(CloseInside, EveryPlaceByCloseAndByUnload) {
       const auto isReached = [&] { return IsLoopOpen() || GetCapture(); };
       place.during == 0 ? host_.When(isReached, close) : host_.During(place.during, close);
       place.reach(this, window);
-      EXPECT_TRUE(host_.PumpUntil([&] { return !IsWindow(window); }, 8000));
+      EXPECT_TRUE(PumpUntil([&] { return !IsWindow(window); }, 8000));
       EXPECT_FALSE(IsLoopOpen());
       EXPECT_EQ(GetCapture(), nullptr);
       std::vector<uint32_t> codes = place.before;
@@ -175,7 +175,7 @@ TEST_F(CloseInside, LoopsOutliveAnUnloadWithoutAClose) {
       box ? static_cast<void>(SendMessageA(box, WM_CLOSE, 0, 0)) : static_cast<void>(EndMenu());
     });
     (this->*open)(window);
-    EXPECT_TRUE(host_.PumpUntil([&] { return !host_.IsLoaded() && !IsLoopOpen(); }, 8000));
+    EXPECT_TRUE(PumpUntil([&] { return !host_.IsLoaded() && !IsLoopOpen(); }, 8000));
     ASSERT_TRUE(host_.Load());
     host_.Close(7);
     EXPECT_THAT(Codes(), ElementsAre(0x1509, 0x4000));

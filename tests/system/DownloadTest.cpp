@@ -13,7 +13,7 @@ constexpr char kIndex[] = "/data/index.html";
 constexpr char kCheck[] = "&Check for DB updates";
 
 struct Download : PluginFixture {
-  Download() : PluginFixture(FakeHost::LoopbackModulePath()) {
+  Download() : PluginFixture(FakeHost::kLoopbackModulePath) {
     eibi_.emplace();
     hfcc_.emplace("127.0.0.2", eibi_->Port());
     SetPort(std::to_string(eibi_->Port()));
@@ -24,7 +24,7 @@ struct Download : PluginFixture {
   ~Download() override { EXPECT_FALSE(host_.WasLate()); }
 
   static void SetPort(const std::string& port) { SetEnvironmentVariableA("MARLUX_LOOPBACK_PORT", port.c_str()); }
-  static std::string OneBroadcast() { return Header() + Line("7325", "New"); }
+  static std::string OneBroadcast() { return EibiHeader() + Line("7325", "New"); }
   void ListArchives(const std::string& names) {
     std::istringstream words(names);
     std::string page = "<HTML><UL>";
@@ -160,7 +160,7 @@ TEST_F(Download, AFirstStartAsksOnceAndDownloadsOnYes) {
     const HWND window = StartPlugin();
     EXPECT_EQ(Counts(window), answer == VK_RETURN ? "1 of 1 broadcast" : "0 of 0 broadcasts");
     for (const int command : {SW_HIDE, SW_SHOW}) ShowWindow(window, command);
-    host_.PumpFor(50);
+    PumpFor(50);
     EXPECT_FALSE(question() || Window());
     host_.Close(7);
   }
@@ -201,7 +201,7 @@ TEST_F(Download, EndsInEveryPhaseInEveryWay) {
     EXPECT_EQ(File("eibi.txt"), path == kEibi ? ThreeBroadcasts() : OneBroadcast());
     EXPECT_EQ(File("x.zip"), path[0] == '\0' ? "content of x" : "");
     host_.Close(7);
-    host_.PumpFor(20);          // nothing that was on its way may arrive
+    PumpFor(20);                // nothing that was on its way may arrive
     ASSERT_TRUE(host_.Load());  // an unload inside leaves a reference, which the next call gives back
     host_.Done();
     host_.Unload();

@@ -33,8 +33,8 @@ TEST_F(InstanceLife, ToldToTheHostFromStartToEnd) {
     EXPECT_THAT(host_.Calls(), ElementsAre(HostCall{0, 0x1509, 3, 0, "0"}));
     host_.Clear();
     end(host_.WindowOf(7));
-    EXPECT_TRUE(host_.PumpUntil([&] { return !IsWindow(host_.WindowOf(7)); }));
-    host_.PumpFor(50);
+    EXPECT_TRUE(PumpUntil([&] { return !IsWindow(host_.WindowOf(7)); }));
+    PumpFor(50);
     EXPECT_EQ(host_.Calls(), Farewell(instance));
     host_.Notify(7, 0x800);
     host_.Close(7);
@@ -72,7 +72,7 @@ TEST_F(InstanceLife, RoundsLeaveNothingBehind) {
     if (round % 4 == 0) Choose(window, "&View scheduler");
     if (round % 4 == 1) PressFirstMediaButton(window);  // records
     host_.Close(7);
-    host_.PumpFor(0);
+    PumpFor(0);
   }
   // Less than one thing in two rounds.
   const ProcessCounts after = ProcessCounts::Now();

@@ -16,10 +16,10 @@ TEST_F(Menus, TheCurrentRowIsTunedAndScheduledAndANewTaskIsForTheReceiver) {
     host_.When(isOpen, [&] { opened += PostMessageA(FakeHost::Find("New Task"), WM_KEYDOWN, VK_RETURN, 1); });
   };
   ChooseInGrid(window, 's', confirm);
-  EXPECT_TRUE(host_.PumpUntil([&] { return opened == 1 && !isOpen(); }));
+  EXPECT_TRUE(PumpUntil([&] { return opened == 1 && !isOpen(); }));
   confirm();
   Choose(window, "&New task");
-  EXPECT_TRUE(host_.PumpUntil([&] { return opened == 2 && !isOpen(); }));
+  EXPECT_TRUE(PumpUntil([&] { return opened == 2 && !isOpen(); }));
   host_.Close(7);
   const std::string file = ReadFileBytes(TaskFile());
   ASSERT_EQ(file.size(), 2 * 48u);

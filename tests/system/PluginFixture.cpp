@@ -12,7 +12,7 @@ HWND PluginFixture::StartPlugin(uint32_t handle) {
   EXPECT_NE(host_.Start(handle), 0u);
   const HWND window = host_.WindowOf(handle);
   EXPECT_TRUE(IsWindowVisible(window));
-  host_.PumpFor(0);
+  PumpFor(0);
   UpdateWindow(window);
   host_.Clear();
   return window;
@@ -34,7 +34,7 @@ std::string PluginFixture::Counts(HWND window) {
 
 void PluginFixture::Key(HWND window, WPARAM key) {
   PostMessageA(window, WM_KEYDOWN, key, 1);
-  host_.PumpFor(0);
+  PumpFor(0);
 }
 
 void PluginFixture::SwitchAutoTuning(HWND window) {
@@ -55,7 +55,7 @@ void PluginFixture::Choose(HWND window, const std::string& item) {
   for (const MenuEntry& entry : Entries(GetMenu(window))) {
     if (entry.text == item && entry.id != static_cast<UINT>(-1)) PostMessageA(window, WM_COMMAND, entry.id, 0);
   }
-  host_.PumpFor(0);
+  PumpFor(0);
 }
 
 void PluginFixture::ChooseInGrid(HWND window, char letter, const std::function<void()>& then) {
@@ -67,7 +67,7 @@ void PluginFixture::ChooseInGrid(HWND window, char letter, const std::function<v
                then();
              });
   PostMessageA(Grid(window), WM_CONTEXTMENU, 0, -1);
-  EXPECT_TRUE(host_.PumpUntil([&] { return isChosen && !menu(); }));
+  EXPECT_TRUE(PumpUntil([&] { return isChosen && !menu(); }));
 }
 
 std::vector<uint32_t> PluginFixture::Codes() const {

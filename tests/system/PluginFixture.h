@@ -4,22 +4,25 @@
 #include "tests/support/EibiLine.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/FreshDocumentsFolder.h"
+#include "tests/support/Pump.h"
 #include "tests/support/Test.h"
 
 class PluginFixture : public testing::Test {
  public:  // tables of functions reach in
+  // Of the settings.
+  static constexpr char kKey[] = "Software\\Corvane Communications\\Marlux 3";
+
   explicit PluginFixture(const std::string& modulePath = FakeHost::kModulePath);
 
   static void ForgetSettings() { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Corvane Communications"); }
   void WriteSchedule(const std::string& content) const {
     EXPECT_TRUE(WriteFileBytes(documents_.DataFolder() + "\\eibi.txt", content));
   }
-  static std::string Header() { return EibiHeader(); }
   static std::string Line(const char* khz, const char* station) {
     return EibiLine(khz, "0000-2400", "", station) + "\r\n";
   }
   static std::string ThreeBroadcasts() {
-    return Header() + Line("9420", "Middle") + Line("6005", "Low") + Line("15770.5", "High");
+    return EibiHeader() + Line("9420", "Middle") + Line("6005", "Low") + Line("15770.5", "High");
   }
   // The folder holds the three broadcasts and this archive, which is none: nothing is asked at the start.
   [[nodiscard]] std::string ArchiveFile() const { return documents_.DataFolder() + "\\none.zip"; }

@@ -66,7 +66,7 @@ TEST_F(Recording, FromTheGridIsToldAndEndsInEveryWay) {
     host_.Clear();
     Key(Grid(window), VK_RETURN);  // the grid does not disturb a recording
     way.end(window);
-    host_.PumpUntil([&] { return TextOf(window) != "Marlux 3 recording 9420"; });
+    PumpUntil([&] { return TextOf(window) != "Marlux 3 recording 9420"; });
     EXPECT_EQ(Codes(), way.codes);
     EXPECT_EQ(TextOf(window), way.codes.size() == 1 ? "Marlux 3" : "");
     Send(8000, 1, 4000, kSecond);

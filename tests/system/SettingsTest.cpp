@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr char kKey[] = "Software\\Corvane Communications\\Marlux 3";
-
 struct Settings : PluginFixture {
   static std::string Stored(const char* name) {
     char bytes[256];
@@ -53,7 +51,7 @@ TEST_F(Settings, WhatTheUserChangedIsThereAgain) {
   window = StartPlugin();
   EXPECT_TRUE(IsAt(window, {40, 30, 740, 530}));
   Key(Grid(window), VK_END);
-  EXPECT_TRUE(host_.PumpUntil([&] { return host_.Calls().size() == 4; })) << "auto-tuning is on";
+  EXPECT_TRUE(PumpUntil([&] { return host_.Calls().size() == 4; })) << "auto-tuning is on";
   Choose(window, "&UTC time");
   Choose(window, "&View scheduler");
   EXPECT_TRUE(IsAt(FakeHost::Find("Scheduler"), {60, 70, 960, 470}));
