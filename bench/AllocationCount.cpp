@@ -2,70 +2,41 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "tests/support/ImportTable.h"
 
 namespace {
 
-uint32_t calls = 0;
-
-void* CountMalloc(size_t bytes) {
-  ++calls;
-  return std::malloc(bytes);
-}
-
-void* CountCalloc(size_t count, size_t bytes) {
-  ++calls;
-  return std::calloc(count, bytes);
-}
-
-void* CountRealloc(void* block, size_t bytes) {
-  ++calls;
-  return std::realloc(block, bytes);
-}
-
-LPVOID WINAPI CountHeapAlloc(HANDLE heap, DWORD flags, SIZE_T bytes) {
-  ++calls;
-  return HeapAlloc(heap, flags, bytes);
-}
-
-HGLOBAL WINAPI CountGlobalAlloc(UINT flags, SIZE_T bytes) {
-  ++calls;
-  return GlobalAlloc(flags, bytes);
-}
-
-HLOCAL WINAPI CountLocalAlloc(UINT flags, SIZE_T bytes) {
-  ++calls;
-  return LocalAlloc(flags, bytes);
-}
-
-LPVOID WINAPI CountVirtualAlloc(LPVOID address, SIZE_T bytes, DWORD type, DWORD protection) {
-  ++calls;
-  return VirtualAlloc(address, bytes, type, protection);
-}
+using AllocationCount::calls;
 
 // This program takes its memory from the same C library as the module does, so blocks may be freed by the other.
+struct Counted {
+  static void* Malloc(size_t bytes) { return ++calls, std::malloc(bytes); }
+  static void* Calloc(size_t count, size_t bytes) { return ++calls, std::calloc(count, bytes); }
+  static void* Realloc(void* block, size_t bytes) { return ++calls, std::realloc(block, bytes); }
+  static LPVOID WINAPI Heap(HANDLE heap, DWORD flags, SIZE_T bytes) { return ++calls, HeapAlloc(heap, flags, bytes); }
+  static HGLOBAL WINAPI Global(UINT flags, SIZE_T bytes) { return ++calls, GlobalAlloc(flags, bytes); }
+  static HLOCAL WINAPI Local(UINT flags, SIZE_T bytes) { return ++calls, LocalAlloc(flags, bytes); }
+  static LPVOID WINAPI Virtual(LPVOID at, SIZE_T bytes, DWORD type, DWORD protection) {
+    return ++calls, VirtualAlloc(at, bytes, type, protection);
+  }
+};
+
 ULONG_PTR CounterFor(const char* name, ULONG_PTR) noexcept {
-  const struct {
-    const char* name;
-    ULONG_PTR counter;
-  } kCounters[] = {{"malloc", AddressOf(&CountMalloc)},
-                   {"calloc", AddressOf(&CountCalloc)},
-                   {"realloc", AddressOf(&CountRealloc)},
-                   {"HeapAlloc", AddressOf(&CountHeapAlloc)},
-                   {"GlobalAlloc", AddressOf(&CountGlobalAlloc)},
-                   {"LocalAlloc", AddressOf(&CountLocalAlloc)},
-                   {"VirtualAlloc", AddressOf(&CountVirtualAlloc)}};
-  for (const auto& each : kCounters) {
-    if (strcmp(each.name, name) == 0) return each.counter;
+  const std::pair<const char*, ULONG_PTR> kCounters[] = {
+      {"malloc", AddressOf(&Counted::Malloc)},       {"calloc", AddressOf(&Counted::Calloc)},
+      {"realloc", AddressOf(&Counted::Realloc)},     {"HeapAlloc", AddressOf(&Counted::Heap)},
+      {"GlobalAlloc", AddressOf(&Counted::Global)},  {"LocalAlloc", AddressOf(&Counted::Local)},
+      {"VirtualAlloc", AddressOf(&Counted::Virtual)}};
+  for (const auto& [counted, counter] : kCounters) {
+    if (std::strcmp(counted, name) == 0) return counter;
   }
   return 0;
 }
 
 }  // namespace
 
-AllocationCount::AllocationCount(HMODULE module) : replaced_(ReplaceImports(module, &CounterFor)) {}
-
-uint32_t AllocationCount::Calls() const noexcept {
-  return calls;
+bool AllocationCount::Install(HMODULE module) {
+  return ReplaceImports(module, &CounterFor) > 0;
 }

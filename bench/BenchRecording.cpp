@@ -126,7 +126,6 @@ class Recording {
 
 struct Subject {
   const HostedPlugin& plugin;
-  const AllocationCount& allocations;
   std::string folder;     // of recordings
   std::string plainFile;  // beside it
 };
@@ -149,11 +148,11 @@ struct Blocks {
 double RecordTimed(const Subject& subject, const HostBlock& block, Blocks& blocks) {
   double sum = 0;
   for (uint32_t i = 0; i < kBlocks; ++i) {
-    const uint32_t calls = subject.allocations.Calls();
+    const uint32_t calls = AllocationCount::calls;
     const double start = Bench::Milliseconds();
     subject.plugin.Audio(block.Kind(), block.Data());
     const double time = (Bench::Milliseconds() - start) * 1000;
-    blocks.Add(time, subject.allocations.Calls() - calls, i == 0 && block.Kind() == HostNotification::kAudioFloat);
+    blocks.Add(time, AllocationCount::calls - calls, i == 0 && block.Kind() == HostNotification::kAudioFloat);
     sum += time;
     if (i % 5 == 0) DispatchWaiting();
   }
@@ -302,12 +301,11 @@ void BenchRecording(const ScheduleText& schedule) {
     printf("no marlux3.dll beside this program\n");
     return;
   }
-  const AllocationCount allocations(plugin.Module());
-  if (!allocations.Counts()) {
+  if (!AllocationCount::Install(plugin.Module())) {
     printf("the module's allocations cannot be counted\n");
     return;
   }
-  const Subject subject = {plugin, allocations, documents.DataFolder() + "\\Recordings", documents.Path() + "\\plain"};
+  const Subject subject = {plugin, documents.DataFolder() + "\\Recordings", documents.Path() + "\\plain"};
   for (const Format& format : kFormats) {
     BenchFormat(subject, format, HostNotification::kAudioPcm16);
     BenchFormat(subject, format, HostNotification::kAudioFloat);
