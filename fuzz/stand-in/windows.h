@@ -5,13 +5,10 @@
 #include <cstdint>
 #include <cstdio>
 
-#define CALLBACK
-
 using BOOL = int;
 using BYTE = uint8_t;
 using WORD = uint16_t;
 using DWORD = unsigned long;
-using UINT = unsigned;
 using LSTATUS = long;
 using LONGLONG = int64_t;
 using REGSAM = DWORD;
