@@ -13,7 +13,6 @@ class InstanceList {
   // An instance that is not in the list leaves it as it is. If it is the newest one, the head takes its place.
   void Remove(PluginInstance& instance) noexcept;
   [[nodiscard]] PluginInstance* Find(uint32_t hostHandle) const noexcept;  // the first match from the head, or null
-  [[nodiscard]] PluginInstance* Head() const noexcept { return head_; }
   // Hands a notification to the instance with that handle; without one it is dropped.
   void Notify(uint32_t hostHandle, uint32_t code, uint32_t a, uint32_t b, uint32_t c);
 

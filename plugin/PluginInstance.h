@@ -16,7 +16,6 @@ class PluginInstance {
   // The host's own number of this instance.
   [[nodiscard]] uint32_t HostHandle() const noexcept { return hostHandle_; }
   void SetHostHandle(uint32_t handle) noexcept { hostHandle_ = handle; }
-  [[nodiscard]] PluginInstance* NextInstance() const noexcept { return next_; }
 
   // One call of the host, see HostNotification. The instance may destroy itself inside.
   virtual void Notification(uint32_t code, uint32_t a, uint32_t b, uint32_t c) = 0;

@@ -116,5 +116,5 @@ class TmyMediaPlayer : public TmyPanel {
   uint32_t stops_ = 0;            // times in a row that a device that should play was found not to
   bool isRecordPressed_ = false;  // while its recording begins
   bool holdsFocus_ = false;
-  bool choosing_ = false;         // the open dialog is up
+  bool choosing_ = false;  // the open dialog is up
 };
