@@ -14,7 +14,7 @@ std::string Bytes(uint32_t count, uint32_t seed = 1) {
 struct DiskOfBlocks : TmyWaveFilePCM {
   explicit DiskOfBlocks(const std::string& name) : TmyWaveFilePCM(name.c_str(), 8000, 3, 16, 0x10000) {}
   bool Add(const std::string& bytes) { return Write(bytes.data(), static_cast<uint32_t>(bytes.size())); }
-  int32_t WriteBlock() { return StartWrite(0, Staging(), BlockSize()) ? WaitForTransfer(20) : 0; }
+  int32_t WriteBlock() { return IsOpen() && StartWrite(0, Staging(), BlockSize()) ? WaitForTransfer(20) : 0; }
   void LoseHandle() { CloseHandle(Handle()); }
   bool StartWrite(uint64_t offset, const void* buffer, uint32_t length) override {
     const uint32_t taken = std::min(room, length / BlockSize());
