@@ -15,7 +15,7 @@ EibiGrid::EibiGrid(TmyComponent& parent) : ScheduleGrid(parent), items_(std::mak
 }
 
 void EibiGrid::SetDefaultWidths() {
-  const TmyTheme& theme = TmyApplication::Get().Theme();
+  const TmyTheme& theme = Theme();
   TmyGridColumn columns[kEibiShownColumns];
   for (uint32_t i = 0; i < kEibiShownColumns; ++i) {
     const EibiColumnInfo& info = kEibiColumnInfos[i];

@@ -52,8 +52,7 @@ void FccGrid::SetFields(const uint32_t* fields, uint32_t count) {
     const FccColumn& column = FccColumnOf(chosen[i]);
     columns.push_back(&column);
     const auto place = std::ranges::find(before, &column);
-    widths[i] = place == before.end() ? TmyApplication::Get().Theme().Scaled(column.width)
-                                      : Control().Widths()[place - before.begin()];
+    widths[i] = place == before.end() ? Theme().Scaled(column.width) : Control().Widths()[place - before.begin()];
     if (place != before.end()) *place = nullptr;  // a field may be shown twice
   }
   columns_.swap(columns);

@@ -15,14 +15,14 @@ ScheduleGrid::ScheduleGrid(TmyComponent& parent) : grid_(new TmyStringGrid(paren
 }
 
 void ScheduleGrid::SetColumns(const TmyGridColumn* columns, uint32_t count) {
-  widthsTextHeight_ = TmyApplication::Get().Theme().TextHeight();
+  widthsTextHeight_ = Theme().TextHeight();
   titles_.Clear();
   for (uint32_t i = 0; i < count; ++i) titles_.Add(columns[i].title);
   grid_->SetColumns(columns, count);
 }
 
 void ScheduleGrid::ScaleWidths() {
-  const int now = TmyApplication::Get().Theme().TextHeight();
+  const int now = Theme().TextHeight();
   grid_->ScaleWidths(now, widthsTextHeight_);
   widthsTextHeight_ = now;
 }

@@ -39,17 +39,17 @@ void StatusBar::Place(const RECT& bounds, int lineTop, int lineBottom) {
 }
 
 int StatusBar::PreferredWidth() const {
-  const TmyTheme& theme = TmyApplication::Get().Theme();
+  const TmyTheme& theme = Theme();
   return theme.TextWidth(widest_.View()) + 2 * theme.Step();
 }
 
 int StatusBar::PreferredHeight() const {
-  const TmyTheme& theme = TmyApplication::Get().Theme();
+  const TmyTheme& theme = Theme();
   return theme.TextHeight() + 2 * theme.Step();
 }
 
 void StatusBar::Paint(HDC dc) {
-  const TmyTheme& theme = TmyApplication::Get().Theme();
+  const TmyTheme& theme = Theme();
   const COLORREF color = theme.Color().secondary;
   ThemeDraw::Fill(dc, {0, 0, ClientWidth(), 1}, theme.Color().line);
   RECT area = {theme.Step(), lineTop_, ClientWidth() - theme.Step(), lineBottom_};

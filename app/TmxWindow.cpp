@@ -34,7 +34,7 @@ int32_t SecondsOfDay(const SYSTEMTIME& time) noexcept {
 }
 
 int LeastGridHeight() {
-  return kLeastGridRows * TmyApplication::Get().Theme().RowHeight();
+  return kLeastGridRows * Theme().RowHeight();
 }
 
 // One of several steps that come in any case.
@@ -321,7 +321,7 @@ void TmxWindow::ThemeChanged() {
 
 // Room for the widest group of the panel and some rows.
 void TmxWindow::ConstrainBounds(int&, int&, int& width, int& height) {
-  const TmyTheme& theme = TmyApplication::Get().Theme();
+  const TmyTheme& theme = Theme();
   width = std::max(width, theme.Scaled(500));
   height = std::max(height, theme.Scaled(360));
 }

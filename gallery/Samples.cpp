@@ -320,9 +320,9 @@ constexpr Sample kSmall[] = {
     {"Tmy_Btn2", MakePictureButton, kAll, {5, 50}},
     {"Tmy_Btn2, on", MakeLitButton, kAll & ~Only(kHot) & ~Only(kPressed)},
     {"Tmy_CheckBox", MakeEmptyCheckBox, kAll},
-    {"Tmy_CheckBox, on", MakeCheckBox, kField},
+    {"Tmy_CheckBox, on", MakeCheckBox, kAll},
     {"Tmy_OptionButton", MakeEmptyOption, kAll},
-    {"Tmy_OptionButton, on", MakeOption, kField},
+    {"Tmy_OptionButton, on", MakeOption, kAll},
     {"Tmy_Label", MakeDrawnLabel, kStill},
     {"TmyEdit", MakeEdit, kField},
     {"TmyIntEdit, TmyUpDown", MakeUpDown, kAll, {95, 25}},
@@ -332,7 +332,7 @@ constexpr Sample kSmall[] = {
     {"TmyCalendar", MakeCalendar, kField},
     {"TmySlider", MakeSlider, kField},
     {"TmyScrollBar", MakeScrollBar, kMouse, {40, 50}},
-    {"ProgressBar", MakeProgressBar, Only(kNormal)},
+    {"ProgressBar", MakeProgressBar, kStill},
     {"ProgressBar, no end known", MakeRunningBar, Only(kNormal)},
 };
 

@@ -23,7 +23,7 @@ bool IsDown(int key) {
 }  // namespace
 
 Hit TmyStringGrid::HitAt(int x, int y) const {
-  return GridGeometry::HitTest(layout_, x, y, TmyApplication::Get().Theme().Scaled(4));
+  return GridGeometry::HitTest(layout_, x, y, Theme().Scaled(4));
 }
 
 void TmyStringGrid::Click(uint32_t record, bool shift, bool control) {
@@ -63,7 +63,7 @@ void TmyStringGrid::MouseMove(uint32_t keys, int x, int y) {
   }
   if (dragging_) return DragBorder(x);
   if (movable_ && state_.pressedTitle != GridGeometry::kNoColumn && !moving_) {
-    moving_ = std::abs(x - dragFrom_) > TmyApplication::Get().Theme().Scaled(kDragDistance);
+    moving_ = std::abs(x - dragFrom_) > Theme().Scaled(kDragDistance);
   }
   if (moving_) return DragTitle(x);
   const Hit hit = HitAt(x, y);

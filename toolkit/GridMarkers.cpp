@@ -7,7 +7,7 @@
 // Inside the columns' area, so that a line at its very end is seen, too.
 void GridMarkers::ShowLine(TmyComponent& grid, const GridGeometry::Layout& layout, int x) {
   if (!line_) line_ = new TmyFloatingSelection(grid);
-  const int thickness = TmyApplication::Get().Theme().Scaled(2);
+  const int thickness = Theme().Scaled(2);
   const int last = std::max<int>(layout.area.left, layout.area.right - thickness);
   const int left = std::clamp<int>(x - thickness / 2 - 1, layout.area.left, last);
   line_->ShowAt({left, layout.area.top, left + thickness, layout.area.bottom});

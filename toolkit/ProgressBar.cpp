@@ -18,7 +18,7 @@ ProgressBar::ProgressBar(TmyComponent& parent) : TmyPanel(parent, WS_VISIBLE) {
 }
 
 int ProgressBar::PreferredHeight() {
-  return TmyApplication::Get().Theme().Scaled(8);
+  return Theme().Scaled(8);
 }
 
 void ProgressBar::SetRange(uint32_t range) {
@@ -41,6 +41,10 @@ void ProgressBar::RunWhileUnknown() {
   } else {
     KillTimer(Handle(), kRunTimer);
   }
+}
+
+void ProgressBar::EnabledChanged() {
+  Repaint();
 }
 
 void ProgressBar::ShowChanged(bool) {
@@ -69,9 +73,10 @@ void ProgressBar::RepaintIfMoved() {
 }
 
 void ProgressBar::Paint(HDC dc) {
-  const TmyTheme::Colors& color = TmyApplication::Get().Theme().Color();
+  const TmyTheme::Colors& color = Theme().Color();
   drawn_ = Filled();
   ThemeDraw::Fill(dc, {0, 0, ClientWidth(), ClientHeight()}, color.field);
   ThemeDraw::Frame(dc, {0, 0, ClientWidth(), ClientHeight()}, color.line);
-  if (drawn_.left < drawn_.right) ThemeDraw::Fill(dc, {drawn_.left, 0, drawn_.right, ClientHeight()}, color.accent);
+  if (drawn_.left < drawn_.right)
+    ThemeDraw::Fill(dc, {drawn_.left, 0, drawn_.right, ClientHeight()}, IsEnabled() ? color.accent : color.disabled);
 }

@@ -23,6 +23,7 @@ class ProgressBar : public TmyPanel {
 
   void Paint(HDC dc) override;
   void Timer(uintptr_t id) override;
+  void EnabledChanged() override;
   void ShowChanged(bool visible) override;
 
  private:

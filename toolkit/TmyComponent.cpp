@@ -9,7 +9,7 @@
 TmyComponent::TmyComponent(const char* caption, DWORD style, DWORD extendedStyle, int x, int y, int width, int height,
                            TmyComponent* parent)
     : TmyWindowBase(caption, style, extendedStyle, x, y, width, height, parent), parent_(parent) {
-  const TmyTheme::Colors& colors = TmyApplication::Get().Theme().Color();
+  const TmyTheme::Colors& colors = Theme().Color();
   SetColors(colors.surface, colors.text, colors.disabled);
   if (parent && (style & WS_CHILD) != 0) {
     parent->AddChild(this);
@@ -209,7 +209,7 @@ void TmyComponent::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
 }
 
 void TmyComponent::ThemeChanged() {
-  const TmyTheme::Colors& colors = TmyApplication::Get().Theme().Color();
+  const TmyTheme::Colors& colors = Theme().Color();
   SetColors(colors.surface, colors.text, colors.disabled);
   for (const TmyList* list : {&children_, &owned_}) {
     for (uint32_t i = 0; i < list->Count(); ++i) static_cast<TmyComponent*>(list->Get(i))->ThemeChanged();
@@ -240,7 +240,7 @@ void TmyComponent::SetColors(COLORREF background, COLORREF text, COLORREF disabl
 }
 
 HFONT TmyComponent::Font() const {
-  return TmyApplication::Get().Theme().Get(TmyTheme::Font::kMessage);
+  return Theme().Get(TmyTheme::Font::kMessage);
 }
 
 int TmyComponent::ShowModal(TmyComponent* owner) {

@@ -36,8 +36,8 @@ void TmyDropDown::ItemsChanged(int textWidth) {
 }
 
 RECT TmyDropDown::Place() const {
-  return DropDownPlace::Of(FieldPlace(), WorkArea(), list_->Count(), TmyApplication::Get().Theme().RowHeight(),
-                           textWidth_, TmyScrollBar::Thickness());
+  return DropDownPlace::Of(FieldPlace(), WorkArea(), list_->Count(), Theme().RowHeight(), textWidth_,
+                           TmyScrollBar::Thickness());
 }
 
 void TmyDropDown::Realign() {

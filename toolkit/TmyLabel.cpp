@@ -33,7 +33,7 @@ SIZE TmyLabel::SizeFor(int most) const {
 }
 
 void TmyLabel::Paint(HDC dc) {
-  const TmyTheme::Colors& color = TmyApplication::Get().Theme().Color();
+  const TmyTheme::Colors& color = Theme().Color();
   const Selected selected(dc, Font());
   const COLORREF enabled = secondary_ ? color.secondary : color.text;
   const COLORREF former = SetTextColor(dc, IsEnabled() ? enabled : color.disabled);

@@ -14,7 +14,7 @@ void TmyScrollPanel::Realign() {
   const int thickness = TmyScrollBar::Thickness();
   const bool scrolls = ContentHeight(ClientWidth()) > ClientHeight();
   contentWidth_ = std::max(0, ClientWidth() - (scrolls ? thickness : 0));
-  bar_->SetLine(TmyApplication::Get().Theme().FieldHeight());
+  bar_->SetLine(Theme().FieldHeight());
   bar_->SetRange(scrolls ? ContentHeight(contentWidth_) : 0, ClientHeight());
   if (scrolls) bar_->SetBounds(contentWidth_, 0, thickness, ClientHeight());
   if (scrolls != bar_->IsVisible()) bar_->Show(scrolls);
@@ -49,7 +49,7 @@ void TmyScrollPanel::FocusInside(const TmyControl& focused) {
 
 void TmyScrollPanel::BringIntoView(int top, int bottom) {
   const int64_t before = bar_->Position();
-  const int step = TmyApplication::Get().Theme().Step();
+  const int step = Theme().Step();
   bar_->SetPosition(ScrollGeometry::PositionShowing(before, bar_->Page(), before + top - step, before + bottom + step));
   if (bar_->Position() != before) PlaceAtPosition();
 }

@@ -42,7 +42,7 @@ bool TmyToolTip::Create() noexcept {
   char nothing[] = "";
   TOOLINFOA tool = Tool(nothing);
   SendMessageA(handle_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-  SendMessageA(handle_, TTM_SETMAXTIPWIDTH, 0, TmyApplication::Get().Theme().Scaled(320));
+  SendMessageA(handle_, TTM_SETMAXTIPWIDTH, 0, Theme().Scaled(320));
   return true;
 }
 

@@ -15,12 +15,10 @@ void Tmy_CheckBox::Click() {
 }
 
 void Tmy_CheckBox::Paint(HDC dc) {
-  const TmyTheme::Colors& color = TmyApplication::Get().Theme().Color();
   const RECT mark = MarkArea();
   if (checked_) {
-    const COLORREF fill = IsEnabled() ? color.accent : color.disabled;
-    SmoothShapes::Box(dc, mark, fill, fill);
-    SmoothShapes::CheckMark(dc, mark.left, mark.top, mark.right - mark.left, color.accentText);
+    SmoothShapes::Box(dc, mark, FilledColor(), FilledColor());
+    SmoothShapes::CheckMark(dc, mark.left, mark.top, mark.right - mark.left, Theme().Color().accentText);
   } else {
     SmoothShapes::Box(dc, mark, InsideColor(), OutlineColor());
   }

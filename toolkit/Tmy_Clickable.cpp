@@ -109,3 +109,10 @@ COLORREF Tmy_Clickable::InsideColor() const {
   if (IsPressed()) return Theme().Color().pressed;
   return IsHot() ? Theme().Color().hot : Theme().Color().field;
 }
+
+COLORREF Tmy_Clickable::FilledColor() const {
+  const TmyTheme::Colors& color = Theme().Color();
+  if (!IsEnabled()) return color.disabled;
+  if (IsPressed()) return ThemeDraw::Mixed(color.accent, color.text, 75);
+  return IsHot() ? ThemeDraw::Mixed(color.accent, color.accentText, 80) : color.accent;
+}

@@ -36,6 +36,7 @@ class Tmy_Clickable : public TmyControl {
   // The outline of a mark that is not filled, as the mouse and being disabled have it.
   [[nodiscard]] COLORREF OutlineColor() const;
   [[nodiscard]] COLORREF InsideColor() const;
+  [[nodiscard]] COLORREF FilledColor() const;  // of one that is, the same
 
  private:
   void SetInside(bool inside);

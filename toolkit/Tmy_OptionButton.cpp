@@ -4,7 +4,6 @@
 
 #include "toolkit/ListKeys.h"
 #include "toolkit/SmoothShapes.h"
-#include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
 std::vector<Tmy_OptionButton*> Tmy_OptionButton::Group() const {
@@ -68,13 +67,11 @@ bool Tmy_OptionButton::CanFocus() const {
 }
 
 void Tmy_OptionButton::Paint(HDC dc) {
-  const TmyTheme::Colors& color = TmyApplication::Get().Theme().Color();
-  const COLORREF filled = IsEnabled() ? color.accent : color.disabled;
   const RECT mark = MarkArea();
   const int size = mark.right - mark.left;
   constexpr int kPixel = 16;
-  SmoothShapes::Circle(dc, mark.left, mark.top, size, 0, checked_ ? filled : OutlineColor());
+  SmoothShapes::Circle(dc, mark.left, mark.top, size, 0, checked_ ? FilledColor() : OutlineColor());
   SmoothShapes::Circle(dc, mark.left, mark.top, size, kPixel, InsideColor());
-  if (checked_) SmoothShapes::Circle(dc, mark.left, mark.top, size, size * kPixel * 7 / 26, filled);
+  if (checked_) SmoothShapes::Circle(dc, mark.left, mark.top, size, size * kPixel * 7 / 26, FilledColor());
   PaintMarkedCaption(dc);
 }

@@ -116,6 +116,9 @@ struct ControlFixture : testing::Test {
     return colors;
   }
   int Accent(const TmyControl& control) const {
+    // Without the look that the cursor gives.
+    Input::Mouse(*window_, WM_MOUSEMOVE, control.Bounds().left + 3, control.Bounds().top + 3, 0);
+    SendMessageA(window_->Handle(), WM_MOUSELEAVE, 0, 0);
     return Colors(*window_, control.Bounds())[TmyApplication::Get().Theme().Color().accent];
   }
 
