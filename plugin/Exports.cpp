@@ -9,6 +9,7 @@
 
 #include "app/TmxWindow.h"
 #include "foundation/Trace.h"
+#include "plugin/ExceptionFrames.h"
 #include "plugin/HostInfo.h"
 #include "plugin/HostLink.h"
 #include "plugin/InstanceList.h"
@@ -70,7 +71,10 @@ void PrepareExceptions() noexcept {
 
 // At the end of the whole process (`reserved` set) the system has taken the windows already.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* reserved) {
-  if (reason == DLL_PROCESS_ATTACH) PrepareExceptions();
+  if (reason == DLL_PROCESS_ATTACH) {
+    RegisterExceptionFrames();
+    PrepareExceptions();
+  }
   if (reason == DLL_PROCESS_DETACH && !reserved) {
     ModulePin::ModuleGoes();
     TmyApplication::Shutdown();

@@ -82,3 +82,10 @@ TEST_F(InstanceLife, RoundsLeaveNothingBehind) {
   EXPECT_LE(after.heapBlocks, before.heapBlocks + 40);
   EXPECT_LE(after.heapBytes, before.heapBytes + 40000);
 }
+
+TEST(SharedRuntime, OfAHostOfTheSameCompilerLeavesTheModuleItsExceptions) {
+  std::vector<HMODULE> files;
+  for (const char* path : {MARLUX_SHARED_RUNTIME}) ASSERT_TRUE(files.emplace_back(LoadLibraryA(path))) << path;
+  FakeHost().Start(7);  // the module throws once when it is loaded
+  for (const HMODULE file : files) FreeLibrary(file);
+}
