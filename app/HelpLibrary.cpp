@@ -4,6 +4,10 @@
 
 namespace {
 constexpr UINT kDisplayTopic = 0x0000;
+
+bool IsOurs(HWND window) noexcept {
+  return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+}
 }  // namespace
 
 HelpLibrary::HelpLibrary() noexcept : module_(LoadLibraryA("hhctrl.ocx")) {
@@ -16,6 +20,7 @@ void HelpLibrary::Show(HWND owner, const TmyString& file) noexcept {
   const ScopedFlag showing(isShowing_);
   owner_ = owner;
   window_ = show_(owner, file.Chars(), kDisplayTopic, 0);
+  hasThread_ = hasThread_ || (window_ && !IsOurs(window_));
 }
 
 // It runs a loop, a box of its own, say, or its window is being moved: the host may close us from there.
@@ -28,10 +33,10 @@ bool HelpLibrary::IsAtWork() const noexcept {
 }
 
 void HelpLibrary::Unload() noexcept {
-  const bool stays = IsAtWork();  // its code is yet to be returned to
+  const bool stays = IsAtWork() || hasThread_;  // its code is yet to be returned to
   if (window_ && IsWindow(window_)) {
     const HWND owner = GetWindow(window_, GW_OWNER);
-    if (!owner || owner == owner_) DestroyWindow(window_);
+    if (!owner || owner == owner_) IsOurs(window_) ? DestroyWindow(window_) : PostMessageA(window_, WM_CLOSE, 0, 0);
   }
   window_ = nullptr;
   show_ = nullptr;

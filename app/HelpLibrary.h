@@ -1,4 +1,5 @@
-// Marlux 3. The system's HTML Help, loaded when the main window is made and given back when it goes.
+// Marlux 3. The system's HTML Help, loaded when the main window is made and given back when it goes, unless it has
+// begun a thread, which nobody can end.
 #pragma once
 
 #include <windows.h>
@@ -26,4 +27,5 @@ class HelpLibrary {
   HWND window_ = nullptr;  // the help window of the last Show; may be closed already
   HWND owner_ = nullptr;   // for which that was
   bool isShowing_ = false;
+  bool hasThread_ = false;  // the system's library may show its windows from a thread of its own, which stays
 };

@@ -32,6 +32,11 @@ void MainRecorder::RecordStation(const TuneTarget& target) {
   session_.Start(RecordingSession::kFromGrid, target.frequencyHz, target.mode, nullptr);
 }
 
+// Once, not for good: that belongs to the thread, and so to the host.
+void MainRecorder::KeepAwake() const noexcept {
+  if (media_.StateCode() == TmyMediaPlayer::kRecording) SetThreadExecutionState(ES_SYSTEM_REQUIRED);
+}
+
 void MainRecorder::StopMedia() {
   feed_.EndRecording();
   media_.StopRecording();

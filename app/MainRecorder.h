@@ -25,6 +25,7 @@ class MainRecorder final : private RecordingOwner {
   void Audio(uint32_t kind, const void* block) { feed_.Feed(kind, block); }
   void FrequencyChanged() { session_.FrequencyChanged(); }  // told by the host
   void Stop() { session_.Stop(); }  // ends what is recorded, a session of ours or not; the file is whole afterwards
+  void KeepAwake() const noexcept;  // to be called all the time: while it records the machine does not fall asleep
   // The window goes: files are whole afterwards. The host, which does not find the window any more, is told that
   // nothing plays now if something did, and nothing else.
   void End();

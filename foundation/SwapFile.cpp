@@ -1,18 +1,11 @@
 #include "foundation/SwapFile.h"
 
+#include "foundation/HeldFile.h"
 #include "foundation/Trace.h"
 
 namespace {
 
-// Whoever looks through new files, a virus scanner say, is done with one soon.
-constexpr int kTries = 5;
-constexpr DWORD kBetweenTries = 25;  // milliseconds
 constexpr uint32_t kPiece = 4096;
-
-bool IsHeldBySomebody(DWORD error) noexcept {
-  return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-}
-
 }  // namespace
 
 // Where the longer name is more than the system takes the ending takes the place of the last characters.
@@ -46,21 +39,15 @@ bool SwapFile::Commit() {
     return false;
   }
   file_.reset();
-  if (Exchange()) return true;
+  const auto exchange = [this] {
+    return MoveFileExA(aside_.Chars(), name_.Chars(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+  };
+  if (HeldFile::TryFor(exchange)) return true;
   const DWORD error = GetLastError();
   Trace::Line("File not replaced, err=%d", static_cast<int>(error));
-  const Copied copied = IsHeldBySomebody(error) ? CopyOver() : Copied::kNothing;
+  const Copied copied = HeldFile::IsReason(error) ? CopyOver() : Copied::kNothing;
   if (copied != Copied::kPart) DeleteFileA(aside_.Chars());
   return copied == Copied::kWhole;
-}
-
-bool SwapFile::Exchange() const {
-  for (int left = kTries; left > 0; --left) {
-    if (left < kTries) Sleep(kBetweenTries);
-    if (MoveFileExA(aside_.Chars(), name_.Chars(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
-    if (!IsHeldBySomebody(GetLastError())) return false;
-  }
-  return false;
 }
 
 // There may be no such file yet, when it is the one beside that somebody holds. Then half of it is not left behind.

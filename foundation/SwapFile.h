@@ -31,7 +31,6 @@ class SwapFile {
   enum class Copied { kNothing, kPart, kWhole };
 
   void Drop();
-  [[nodiscard]] bool Exchange() const;
   [[nodiscard]] Copied CopyOver() const;
   [[nodiscard]] Copied CopyInto(TmyFile& from) const;
 

@@ -19,6 +19,19 @@ TmyString Whole(std::string_view path) {
   return text;
 }
 
+// Letters that the system's code page lacks come as others, and the path leads to a folder that is not there. The short
+// name of the same folder has none such. Nothing where the path is right, or where there is no short one.
+std::string ShortName(const char* path, int folder) {
+  wchar_t wide[MAX_PATH] = L"";
+  wchar_t back[MAX_PATH] = L"";
+  const bool isTold = SUCCEEDED(SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, wide));
+  if (!isTold || (MultiByteToWideChar(CP_ACP, 0, path, -1, back, MAX_PATH) && wcscmp(wide, back) == 0)) return {};
+  const DWORD length = GetShortPathNameW(wide, back, MAX_PATH);
+  char name[MAX_PATH] = "";
+  if (length == 0 || length >= MAX_PATH) return {};
+  return WideCharToMultiByte(CP_ACP, 0, back, -1, name, MAX_PATH, nullptr, nullptr) ? name : "";
+}
+
 }  // namespace
 
 TmyString DocumentsFolder() {
@@ -26,7 +39,8 @@ TmyString DocumentsFolder() {
   for (const int flags : {0, CSIDL_FLAG_DONT_VERIFY}) {
     char path[MAX_PATH] = "";
     if (SUCCEEDED(SHGetFolderPathA(nullptr, CSIDL_PERSONAL | flags, nullptr, SHGFP_TYPE_CURRENT, path))) {
-      return Whole(path);
+      const std::string other = ShortName(path, CSIDL_PERSONAL | flags);
+      return Whole(other.empty() ? path : other);
     }
   }
   return {};
@@ -79,5 +93,6 @@ TmyString PluginFolder() {
 }
 
 TmyString HelpFile() {
-  return PluginFolder() + "\\marlux3.chm";
+  const TmyString folder = PluginFolder();
+  return folder.IsEmpty() ? TmyString() : folder + "\\marlux3.chm";  // not that of a drive's root
 }

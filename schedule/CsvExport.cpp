@@ -1,5 +1,7 @@
 #include "schedule/CsvExport.h"
 
+#include "foundation/HeldFile.h"
+
 namespace {
 constexpr uint32_t kChunk = 64 * 1024;  // bytes gathered before a write
 }
@@ -22,8 +24,16 @@ CsvExport::~CsvExport() {
 
 // In the same folder, where the swap is one step, under a name that nobody has.
 void CsvExport::Open() {
+  char whole[MAX_PATH];
   char aside[MAX_PATH];
-  if (!GetTempFileNameA((path_.FilePath() + "\\").Chars(), "csv", 0, aside)) {
+  char* name = nullptr;  // the system knows where it begins: a backslash may be half of a letter
+  const DWORD length = GetFullPathNameA(path_.Chars(), sizeof whole, whole, &name);
+  if (length == 0 || length >= sizeof whole || !name) {
+    error_ = ERROR_BAD_PATHNAME;
+    return;
+  }
+  *name = 0;
+  if (!GetTempFileNameA(whole, "csv", 0, aside)) {
     error_ = GetLastError();
     return;
   }
@@ -61,9 +71,10 @@ DWORD CsvExport::Finish() {
   if (!file_) return error_;
   Flush();
   file_.reset();
-  if (error_ == ERROR_SUCCESS && !MoveFileExA(aside_.Chars(), path_.Chars(), MOVEFILE_REPLACE_EXISTING)) {
-    error_ = GetLastError();
-  }
+  const auto exchange = [this] {
+    return MoveFileExA(aside_.Chars(), path_.Chars(), MOVEFILE_REPLACE_EXISTING) != FALSE;
+  };
+  if (error_ == ERROR_SUCCESS && !HeldFile::TryFor(exchange)) error_ = GetLastError();
   if (error_ != ERROR_SUCCESS) DeleteFileA(aside_.Chars());
   return error_;
 }

@@ -11,7 +11,7 @@ namespace {
 TmyString DateText(TaskDate date) {
   const std::optional<SYSTEMTIME> time = TimeOfDate(date);
   char text[80] = {};
-  if (!time || !GetDateFormatA(LOCALE_USER_DEFAULT, 0, &*time, nullptr, text, sizeof(text))) return {};
+  if (!time || !GetDateFormatA(LOCALE_USER_DEFAULT, LOCALE_USE_CP_ACP, &*time, nullptr, text, sizeof(text))) return {};
   return text;
 }
 
@@ -22,7 +22,7 @@ TmyString TimeOfDayText(uint32_t utcSeconds, int32_t offset) {
   time.wMinute = static_cast<WORD>(seconds % 3600 / 60);
   time.wSecond = static_cast<WORD>(seconds % 60);
   char text[80] = {};
-  if (!GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &time, nullptr, text, sizeof(text))) return {};
+  if (!GetTimeFormatA(LOCALE_USER_DEFAULT, LOCALE_USE_CP_ACP, &time, nullptr, text, sizeof(text))) return {};
   return text;
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "foundation/Clock.h"
+#include "foundation/HeldFile.h"
 #include "foundation/Trace.h"
 
 namespace {
@@ -126,12 +127,14 @@ TmyFileDirect::Appended TmyFileDirect::Append(uint32_t length, const void* data)
 
 bool TmyFileDirect::StartRead(uint64_t offset, void* buffer, uint32_t length) {
   if (!BeginTransfer(offset, buffer, length)) return false;
-  return TransferStarted(ReadFile(Handle(), buffer, length, nullptr, &overlapped_));
+  DWORD count = 0;  // older systems want to write it somewhere
+  return TransferStarted(ReadFile(Handle(), buffer, length, &count, &overlapped_));
 }
 
 bool TmyFileDirect::StartWrite(uint64_t offset, const void* buffer, uint32_t length) {
   if (!BeginTransfer(offset, buffer, length)) return false;
-  return TransferStarted(WriteFile(Handle(), buffer, length, nullptr, &overlapped_));
+  DWORD count = 0;
+  return TransferStarted(WriteFile(Handle(), buffer, length, &count, &overlapped_));
 }
 
 // What is not aligned is refused by some devices and taken by others: it must not depend on the device. The system
@@ -145,6 +148,7 @@ bool TmyFileDirect::BeginTransfer(uint64_t offset, const void* buffer, uint32_t 
   overlapped_ = {};
   overlapped_.Offset = static_cast<DWORD>(offset);
   overlapped_.OffsetHigh = static_cast<DWORD>(offset >> 32);
+  begunAt_ = Clock::Ticks();
   overlapped_.hEvent = reinterpret_cast<HANDLE>(reinterpret_cast<uintptr_t>(event_.get()) | 1);
   return true;
 }
@@ -158,8 +162,20 @@ bool TmyFileDirect::IsAligned(uint64_t offset, const void* buffer, uint32_t leng
 bool TmyFileDirect::TransferStarted(BOOL taken) noexcept {
   const DWORD error = taken ? DWORD{ERROR_IO_PENDING} : GetLastError();
   transferring_ = error == ERROR_IO_PENDING;
-  if (!transferring_) Trace::Line("FileDirect transfer not started, err=%d", static_cast<int>(error));
-  return transferring_;
+  if (transferring_) return true;
+  Trace::Line("FileDirect transfer not started, err=%d", static_cast<int>(error));
+  TookTooLong(IsLate());
+  return false;
+}
+
+// A write that makes the file longer keeps its thread until it has ended or failed, on many systems.
+bool TmyFileDirect::IsLate() const noexcept {
+  return Clock::Ticks() - begunAt_ >= kTransferMs;
+}
+
+void TmyFileDirect::TookTooLong(bool hangs) noexcept {
+  hangs_ = hangs;
+  hungAt_ = Clock::Ticks();
 }
 
 int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
@@ -177,8 +193,7 @@ int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
   const BOOL done = GetOverlappedResult(Handle(), &overlapped_, &count, TRUE);
   transferring_ = false;
   const uint32_t staged = std::exchange(staged_, 0);
-  hangs_ = !done && late;
-  hungAt_ = Clock::Ticks();
+  TookTooLong(!done && (late || IsLate()));
   if (!done) {
     if (!late) Trace::Line("FileDirect getOverlappedResult failed");
     return late ? -1 : -2;
@@ -237,7 +252,8 @@ TmyFileDirect::Closed TmyFileDirect::CloseDirect() {
 
 // An ordinary handle takes what is no whole block.
 TmyFileDirect::Closed TmyFileDirect::WriteTail() {
-  if (hangs_ || !Open(GENERIC_WRITE, OPEN_EXISTING, FILE_SHARE_READ, FILE_ATTRIBUTE_NORMAL)) {
+  const auto opens = [this] { return Open(GENERIC_WRITE, OPEN_EXISTING, FILE_SHARE_READ, FILE_ATTRIBUTE_NORMAL); };
+  if (hangs_ || !HeldFile::TryFor(opens)) {
     Trace::Line("FileDirect tail not written: not opened again");
     return Closed::kNotReopened;
   }

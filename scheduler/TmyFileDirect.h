@@ -9,9 +9,9 @@
 //
 // Errors: a file that cannot be opened leaves a line in the trace, and every operation on it fails. A write that fails
 // leaves the blocks that reached the disk in the file and drops the rest of that call; the next write goes on behind
-// them, so a disk that was full for a while costs only that while. After a transfer that had to be cancelled all
-// transfers fail at once for a minute: the owner's thread must not wait again and again for a device that hangs. Then
-// there is another try. The tail of a file that is closed meanwhile is given up.
+// them, so a disk that was full for a while costs only that while. After a transfer that had to be cancelled, or
+// failed as late, all transfers fail at once for a minute: the owner's thread must not wait again and again for a
+// device that hangs. Then there is another try. The tail of a file that is closed meanwhile is given up.
 #pragma once
 
 #include <memory>
@@ -78,6 +78,8 @@ class TmyFileDirect : public TmyFile {
   bool BeginTransfer(uint64_t offset, const void* buffer, uint32_t length);
   [[nodiscard]] bool IsAligned(uint64_t offset, const void* buffer, uint32_t length) const noexcept;
   bool TransferStarted(BOOL taken) noexcept;
+  [[nodiscard]] bool IsLate() const noexcept;
+  void TookTooLong(bool hangs) noexcept;
   int32_t CountWritten(uint32_t bytes, uint32_t staged);
   [[nodiscard]] bool IsGivenUp() const noexcept;  // the device hangs, and it is not yet time for another try
   [[nodiscard]] uint64_t LogicalEnd() const noexcept { return base_ + tailUsed_; }
@@ -95,6 +97,7 @@ class TmyFileDirect : public TmyFile {
   OVERLAPPED overlapped_ = {};
   bool transferring_ = false;
   bool writtenTo_ = false;
+  uint32_t begunAt_ = 0;  // ticks, of the last transfer
   bool hangs_ = false;
   uint32_t hungAt_ = 0;  // ticks
   const bool readOnly_;

@@ -54,7 +54,12 @@ TmyString AskForWavFile(HWND owner, const TmyString& folder) {
   dialog.lpstrInitialDir = folder.Chars();
   dialog.lpstrTitle = "Open WAV for playback";
   dialog.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-  return GetOpenFileNameA(&dialog) ? TmyString(file) : TmyString();
+  // This dialog leaves the process in the folder that was looked at, whatever its flags say.
+  char before[MAX_PATH] = "";
+  const DWORD length = GetCurrentDirectoryA(sizeof before, before);
+  const bool isChosen = GetOpenFileNameA(&dialog) != FALSE;
+  if (length > 0 && length < sizeof before) SetCurrentDirectoryA(before);
+  return isChosen ? TmyString(file) : TmyString();
 }
 
 }  // namespace

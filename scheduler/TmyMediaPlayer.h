@@ -38,7 +38,7 @@ class TmyMediaPlayer : public TmyPanel {
   ~TmyMediaPlayer() override;
 
   TmyEvent<RecordingParameters&> parametersWanted;  // question: before the record button starts; may change each field
-  TmyEvent<TmyMediaPlayer&> stateChanged;           // State() is another one now
+  TmyEvent<TmyMediaPlayer&> stateChanged;           // StateCode() is another one now
 
   // Ends what runs and records into a new file in place of one of that name. Returns 1, also when the file could not be
   // made: the state is kRecording then too, File() is not open and Write gives 0. When memory is short what ran goes

@@ -26,7 +26,7 @@ TmyCalendar::TmyCalendar(TmyComponent& parent, DWORD style) : TmyDropPanel(paren
 
 void TmyCalendar::ReadPicture() {
   char picture[80] = {};
-  GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, picture, sizeof(picture));
+  GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE | LOCALE_USE_CP_ACP, picture, sizeof(picture));
   parts_ = CalendarMath::SplitPicture(picture);
   const auto editable = [](const CalendarMath::PicturePart& part) { return CalendarMath::IsEditable(part.part); };
   if (std::none_of(parts_.begin(), parts_.end(), editable)) parts_ = CalendarMath::SplitPicture("yyyy-MM-dd");
@@ -46,7 +46,7 @@ std::string TmyCalendar::PartText(size_t part, const SYSTEMTIME& time) const {
   if (shown.part == CalendarMath::Part::kText) return shown.picture;
   if (part == part_ && !typed_.empty() && &time == &value_) return typed_;
   char text[80] = {};
-  GetDateFormatA(LOCALE_USER_DEFAULT, 0, &time, shown.picture.c_str(), text, sizeof(text));
+  GetDateFormatA(LOCALE_USER_DEFAULT, LOCALE_USE_CP_ACP, &time, shown.picture.c_str(), text, sizeof(text));
   return text;
 }
 

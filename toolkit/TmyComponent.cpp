@@ -270,7 +270,7 @@ int TmyComponent::ShowModal(TmyComponent* owner) {
 void TmyComponent::RunModalLoop() {
   while (modalResult_ == 0 && !TmyApplication::IsTerminating()) {
     MSG message;
-    const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+    const BOOL got = GetMessageW(&message, nullptr, 0, 0);  // the host's windows may know more letters than ours
     if (got == 0) {
       PostQuitMessage(static_cast<int>(message.wParam));  // it was meant for the host's loop
       inModalLoop_ = false;
@@ -278,7 +278,7 @@ void TmyComponent::RunModalLoop() {
     if (got <= 0) return;
     // Also when the window went while the loop waited: the message may be the host's.
     TranslateMessage(&message);
-    DispatchMessageA(&message);
+    DispatchMessageW(&message);
     if (!IsAlive() || !inModalLoop_) return;
   }
 }

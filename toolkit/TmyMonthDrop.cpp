@@ -36,7 +36,7 @@ std::string WeekdayName(unsigned weekday) {
   char name[32] = {};
   const unsigned fromMonday = (weekday + kDaysOfWeek - 1) % kDaysOfWeek;
   const LCTYPE type = fromMonday == 6 ? LOCALE_SSHORTESTDAYNAME7 : LOCALE_SSHORTESTDAYNAME1 + fromMonday;
-  GetLocaleInfoA(LOCALE_USER_DEFAULT, type, name, sizeof(name));
+  GetLocaleInfoA(LOCALE_USER_DEFAULT, type | LOCALE_USE_CP_ACP, name, sizeof(name));
   return name;
 }
 
@@ -44,7 +44,7 @@ std::string MonthTitle(Date date) {
   SYSTEMTIME time = {};
   CalendarMath::SetDate(time, date);
   char text[80] = {};
-  GetDateFormatA(LOCALE_USER_DEFAULT, DATE_YEARMONTH, &time, nullptr, text, sizeof(text));
+  GetDateFormatA(LOCALE_USER_DEFAULT, DATE_YEARMONTH | LOCALE_USE_CP_ACP, &time, nullptr, text, sizeof(text));
   return text;
 }
 

@@ -17,6 +17,17 @@ TEST(DataFolders, AreMadeBelowTheDocumentsFolderWithEachMissingParent) {
   EXPECT_TRUE(fs::is_directory(documents.DataFolder()));
 }
 
+TEST(DataFolders, AreThereForUsersWhoseNamesTheCodePageLacks) {
+  const FreshDocumentsFolder documents;
+  const std::wstring name = fs::path(documents.Path()).wstring() + L"\\\x0141ukasz \x6587";
+  ASSERT_TRUE(fs::create_directory(name));
+  const std::wstring key = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
+  RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"Personal", REG_EXPAND_SZ, name.c_str(),
+                  static_cast<DWORD>(2 * name.size() + 2));
+  EXPECT_FALSE(DataFolder().IsEmpty());
+  EXPECT_TRUE(fs::is_directory(name + L"\\Corvane\\Marlux3"));
+}
+
 TEST(DataFolders, PluginFolderPrefersTheEnvironment) {
   const FreshRegistry machine(HKEY_LOCAL_MACHINE);
   TmyRegistry key;

@@ -95,4 +95,8 @@ TEST_F(SchedulerEngineTest, SurvivesWhatTheHostDoesInside) {
   EXPECT_EQ(Tick(), 0u);
   EXPECT_EQ(Tick(), 2u);
   EXPECT_THAT(owner_->tuned, ElementsAre(1, 1, 2));
+  session_.Stop();
+  tasks_.Get(0)->stop = 12 * 3600;
+  owner_->duringTune = [] { Clock::Hold({2026, 3, 0, 2, 15, 0, 0, 0}, 0); };  // a box that stayed open for hours
+  EXPECT_EQ(Tick(), 0u);
 }

@@ -13,7 +13,7 @@ std::vector<std::string> Texts(const TmxTask& task, int32_t offset) {
 // As the system writes it for the user, by GetDateFormatA or GetTimeFormatA.
 std::string Written(decltype(&GetDateFormatA) format, const SYSTEMTIME& time) {
   char text[80] = {};
-  format(LOCALE_USER_DEFAULT, 0, &time, nullptr, text, sizeof text);
+  format(LOCALE_USER_DEFAULT, LOCALE_USE_CP_ACP, &time, nullptr, text, sizeof text);
   return text;
 }
 

@@ -68,6 +68,7 @@ TEST_F(TmxSchedulerWindowTest, AWiderColumnDoesNotPushItsButtonsOffTheScreen) {
   scheduler_->Grid().SetColumnWidth(0, 300);
   scheduler_->Grid().columnResized(0);
   EXPECT_EQ(scheduler_->Bounds().right, edge);
+  EXPECT_GE(scheduler_->Width(), scheduler_->Grid().ColumnsRight() + 10);
 }
 
 TEST_F(TmxSchedulerWindowTest, ClosingGoesFromTheDialogOutwards) {
