@@ -1,8 +1,8 @@
 #include "app/EibiGrid.h"
 
 #include <algorithm>
+#include <set>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "app/EibiFilter.h"
@@ -52,7 +52,7 @@ TuneTarget EibiGrid::TargetOf(uint32_t row) const {
 
 // Part of every start: there are many rows and few distinct texts, and often one row's text is that of the row before.
 std::vector<FilterText> EibiGrid::FilterTexts(uint32_t filter) const {
-  std::unordered_set<std::string_view> distinct;
+  std::set<std::string_view> distinct;
   std::string_view before;  // the empty text is none
   for (uint32_t i = 0; i < items_->Count(); ++i) {
     const EibiItem& item = *items_->Get(i);
@@ -61,11 +61,9 @@ std::vector<FilterText> EibiGrid::FilterTexts(uint32_t filter) const {
     if (text != before && !text.empty()) distinct.insert(text);
     before = text;
   }
-  std::vector<std::string_view> sorted(distinct.begin(), distinct.end());
-  std::ranges::sort(sorted);
   std::vector<FilterText> texts;
-  texts.reserve(sorted.size());
-  for (const std::string_view view : sorted) {
+  texts.reserve(distinct.size());
+  for (const std::string_view view : distinct) {
     const TmyString text(view);
     texts.push_back({text, text});
   }

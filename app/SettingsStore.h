@@ -1,12 +1,12 @@
 // Marlux 3. The user's settings as they stand in the registry: one value each, read once when a main window is made and
-// written once when it goes.
+// written when it goes or the user's session ends.
 //
 //   Settings settings = ...;                  // the widths that the grids have now
 //   SettingsStore::Load(settings, folder);
 //   SettingsStore::Save(settings, [&] { tasks.Save(); });
 //
-// No failure is told. What is missing, of another type or unreadable takes its default; a binary value that is too
-// short fills only its own length.
+// Load tells whether something may have been missed, Save nothing. What is missing, of another type or unreadable takes
+// its default; a binary value that is too short fills only its own length.
 #pragma once
 
 #include <array>

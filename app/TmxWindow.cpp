@@ -66,6 +66,7 @@ TmxWindow::TmxWindow(HostInfo hostInfo)
     : TmyComponent(kProductCaption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_APPWINDOW, 0, 0, kFirstWidth,
                    kFirstHeight, nullptr),
       hostInfo_(std::move(hostInfo)),
+      receiverDefault_(hostInfo_.ReceiverDefault()),
       gridMenu_(contextMenu_.Menu()),
       panel_(new FilterPanel(*this)),
       eibi_(std::make_unique<EibiGrid>(*this)),
@@ -271,6 +272,7 @@ void TmxWindow::Timer(uintptr_t id) {
   if (!IsAlive()) return;
   desk_.Ticked();
   if (id == kTickTimer) {
+    recorder_.KeepAwake();
     FollowClock();
   } else if (id == kAutoTuningTimer) {
     KillTimer(Handle(), kAutoTuningTimer);
@@ -285,8 +287,8 @@ void TmxWindow::FollowClock() {
   const bool isOtherZone = !(shownZone_ == zone);
   if ((!isOtherZone && !panel_->FollowsClock()) || IsClicking() || isExporting_) return;
   if (isOtherZone) desk_.ZoneChanged();
-  shownZone_ = zone;  // from before: what changes meanwhile is seen the next time
   Refresh(true);
+  shownZone_ = zone;  // from before the pass, and after it: what changes meanwhile, and what fails, is done again
 }
 
 void TmxWindow::Realign() {
@@ -337,8 +339,10 @@ void TmxWindow::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
 }
 
 // A click into the grid that takes the focus from an edit must not meet other rows: what was typed is applied already.
+// This runs inside the press, whose button may be up again.
 void TmxWindow::FilterChanged(bool changedOnly) {
-  if (!changedOnly || !IsClicking()) Refresh(changedOnly);
+  const bool isInClick = GetKeyState(VK_LBUTTON) < 0 || IsClicking();
+  if (!changedOnly || !isInClick) Refresh(changedOnly);
 }
 void TmxWindow::SortChanged() {
   Refresh(true);
@@ -456,9 +460,10 @@ void TmxWindow::Exit(TmyMenuItem&) {
 void TmxWindow::ToggleUtc(TmyMenuItem& item) {
   utc_ = !utc_;
   item.Check(utc_);
-  shownZone_ = Zone();
+  const ShownZone zone = Zone();
   desk_.ZoneChanged();
   Refresh(false);
+  shownZone_ = zone;
 }
 
 int TmxWindow::RunBox(TmyMsgBox& box) {
@@ -481,7 +486,7 @@ void TmxWindow::ShowHelp(TmyMenuItem&) {
 void TmxWindow::ShowAbout(TmyMenuItem&) {
   if (about_) return;
   about_ = new TmyMsgBox(*this, "About", "Marlux " MARLUX_VERSION, {"OK"});
-  about_->ResizeCentred(about_->Width() * 5 / 4, about_->Height() * 3 / 2);
+  about_->Enlarge(125, 150);
   RunBox(*about_);
   about_ = nullptr;
 }

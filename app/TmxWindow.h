@@ -95,6 +95,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
 
   HostInfo hostInfo_;
   HostLink link_;
+  uint32_t receiverDefault_;  // kept for what will depend on the kind of receiver; nothing does yet
   HelpLibrary help_;
   MainMenu menu_;
   TmyPopupMenu contextMenu_;

@@ -18,6 +18,7 @@ constexpr char kHfccIndex[] = "/data/index.html";
 constexpr char kHfccFolder[] = "/data/";
 constexpr uint32_t kListStart = 1024;  // names
 constexpr uint32_t kListLimit = 0x40000;
+constexpr uint64_t kMostCompared = 256U << 20;  // bytes; a schedule has one or two million
 
 // No path at all when memory is short: a part of one leads elsewhere.
 TmyString InPath(const TmyString& folder, const TmyString& name) {
@@ -34,7 +35,7 @@ enum class Former { kNothing, kPage, kSchedule, kUnknown };  // kUnknown: it can
 Former ContentOf(const TmyString& name) {
   TmyFile file(name, GENERIC_READ, OPEN_EXISTING);
   if (!file.IsOpen()) return file.OpenError() == ERROR_FILE_NOT_FOUND ? Former::kNothing : Former::kUnknown;
-  if (file.Size() > INT32_MAX) return Former::kUnknown;
+  if (file.Size() > kMostCompared) return Former::kUnknown;
   std::string content(static_cast<size_t>(file.Size()), '\0');
   const auto size = static_cast<uint32_t>(content.size());
   if (file.ReadSome(content.data(), size) != size) return Former::kUnknown;

@@ -8,8 +8,7 @@
 //
 // A request ends in exactly one of three ways, and nothing is reported after it:
 // - `finished` when the document is whole, then `closed` with 0 from a message of its own, whatever the server does
-// with
-//   the connection (it is closed on our side before `finished`);
+//   with the connection (it is closed on our side before `finished`);
 // - `closed` alone: no connection, with the error, or the server closed before the document was whole. No time-out
 //   follows, so an owner that waits for documents has to act on it;
 // - `timedOut`: no data for so long, no such host, a header above 64 KiB or a body above 16 MiB, no timer to be had.

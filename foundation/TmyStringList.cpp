@@ -60,8 +60,9 @@ void TmyStringList::SetText(const char* bytes, uint32_t length) {
   LineEndFinder lineFeed('\n', end);
   while (bytes != end) {
     const char* stop = std::min(carriageReturn.Next(bytes), lineFeed.Next(bytes));
+    const uint32_t before = Count();
     Insert(TmyString(bytes, static_cast<uint32_t>(stop - bytes)), kAtEnd);
-    if (stop == end) return;
+    if (stop == end || Count() == before) return;  // full: the rest need not be looked at
     const bool pair = *stop == '\r' && end - stop > 1 && stop[1] == '\n';
     bytes = stop + (pair ? 2 : 1);
   }

@@ -81,6 +81,8 @@ void ColumnTable::CutLines(uint32_t size, const uint32_t* starts) noexcept {
 
 void ColumnTable::CutLine(char* line, uint32_t length, bool isLast, const uint32_t* starts) noexcept {
   const char** cells = &cells_[rows_ * columns_];
+  const uint32_t last = std::min(starts[columns_ - 1], length);
+  length = last + std::min(length - last, kLongestLast);
   bool hasCell = false;
   for (uint32_t column = 0; column < columns_; ++column) {
     const uint32_t from = std::min(starts[column], length);

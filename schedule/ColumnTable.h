@@ -19,10 +19,13 @@ class ColumnTable {
  public:
   static constexpr uint32_t kMostRows = 0x40000;  // lines beyond them are not read
   static constexpr uint32_t kMostColumns = 64;
+  // What is behind it in a line is left out: texts are measured and compared again and again for each of their readers.
+  static constexpr uint32_t kLongestLast = 4096;
 
   // Replaces what was there. `starts` are the characters at which columns begin, ascending; the last column goes to the
-  // end of the line. A sorted table is in the order of the bytes of its column `sortKey`, rows of the same key in that
-  // of the file. False, with the table empty, for columns that make no sense and when memory is short.
+  // end of the line, or kLongestLast characters far. A sorted table is in the order of the bytes of its column
+  // `sortKey`, rows of the same key in that of the file. False, with the table empty, for columns that make no sense
+  // and when memory is short.
   bool Load(const char* bytes, uint32_t size, const uint32_t* starts, uint32_t columnCount, uint32_t sortKey,
             bool sorted);
   void Clear() noexcept;

@@ -1,5 +1,6 @@
 #include "schedule/HfccDatabase.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -10,6 +11,7 @@ namespace {
 constexpr int32_t kFewestMembers = 5;
 constexpr size_t kSeasonLength = 6;  // "a26all"
 constexpr uint32_t kNameRoom = 260;
+constexpr uint32_t kLeastCost = 64U << 10;  // bytes, of any member: to open and to cut it takes time, too
 
 constexpr char kAdministrationMember[] = "admin.txt";
 constexpr char kBroadcasterMember[] = "broadcas.txt";
@@ -105,8 +107,9 @@ void HfccDatabase::LoadMembers(zlib::CGZip& archive, int32_t count, std::string_
     uint32_t size = 0;
     if (!archive.GetFile(i, nullptr, &size, nullptr, name, sizeof name)) continue;
     if (!IsCodeTable(name) && SeasonOf(name).View() != season) continue;
-    if (size > budget) continue;
-    budget -= size;
+    const uint32_t cost = std::max(size, kLeastCost);
+    if (cost > budget) continue;
+    budget -= cost;
     if (archive.GetFile(i, &data, &size, nullptr, nullptr, 0)) LoadMember(name, season, data, size);
   }
 }

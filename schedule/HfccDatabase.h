@@ -39,10 +39,9 @@ class HfccDatabase {
   [[nodiscard]] TmyTypeList<FccItem>& Items() noexcept { return items_; }
   [[nodiscard]] const TmyTypeList<FccItem>& Items() const noexcept { return items_; }
 
-  // All with the code in column 0 and sorted by it. Names stand in column 1; sites have their administration, latitude
-  // and longitude in 2 to 4, administrations French and Spanish names in 2 and 3.
+  // The code in column 0, sorted by it; names in English, French and Spanish in 1 to 3.
   [[nodiscard]] const ColumnTable& Administrations() const noexcept { return administrations_; }
-  [[nodiscard]] const ColumnTable& Schedule() const noexcept { return schedule_; }
+  [[nodiscard]] const ColumnTable& Schedule() const noexcept { return schedule_; }  // a row for each item
 
   // The name that the table has for a record's code, the code itself when it has none; never null.
   [[nodiscard]] const char* LocationName(const FccItem& item) const noexcept;

@@ -232,9 +232,9 @@ bool TmyStringGrid::KeyDown(uint32_t key, LPARAM flags) {
     horizontal_->ScrollBy(key == VK_LEFT ? -step : step);
     return true;
   }
-  if (key >= '1' && key <= '9' && IsDown(VK_CONTROL) && titleClicked.IsBound()) {
-    const auto column = static_cast<int>(key - '1');
-    if (static_cast<uint32_t>(column) < layout_.columns && !ListKeys::IsRepeated(flags)) titleClicked(column);
+  if (key >= '0' && key <= '9' && IsDown(VK_CONTROL) && titleClicked.IsBound()) {
+    const uint32_t column = key == '0' ? 9 : key - '1';
+    if (column < layout_.columns && !ListKeys::IsRepeated(flags)) titleClicked(static_cast<int>(column));
     return true;
   }
   // A key held down activates once.

@@ -196,8 +196,8 @@ TmyWindowBase* TmyApplication::WindowOf(HWND handle) const noexcept {
   return nullptr;
 }
 
-void TmyApplication::SystemLookChanged(bool hasOtherForms) {
-  if (!theme_.Reload() && !hasOtherForms) return;
+void TmyApplication::SystemLookChanged() {
+  if (!theme_.Reload()) return;
   for (uint32_t i = 0; i < windows_.Count(); ++i) {
     TmyComponent* component = static_cast<TmyWindowBase*>(windows_.Get(i))->AsComponent();
     if (component && !component->GetParent()) component->ThemeChanged();

@@ -61,8 +61,7 @@ class TmyApplication {
   void Forget(const TmyWindowBase& window) noexcept;                                 // the object is going
   void ForgetControl(const TmyControl& control) noexcept;  // by the helpers: it neither hovers nor ticks any more
   [[nodiscard]] TmyWindowBase* WindowOf(HWND handle) const noexcept;  // null: not one of this module's
-  // Tells every top-level window when the theme is another one now, or the user's form of dates and times.
-  void SystemLookChanged(bool hasOtherForms);
+  void SystemLookChanged();  // tells every top-level window when the theme is another one now
 
   void WindowCreated(TmyWindowBase& window);
   [[nodiscard]] const TmyList& Windows() const noexcept { return windows_; }  // live window objects, oldest first

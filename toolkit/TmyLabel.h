@@ -12,7 +12,7 @@ class TmyLabel : public TmyPanel {
   void SetText(const TmyString& text);
   void SetSecondary(bool secondary);  // in the colour of what matters less
 
-  [[nodiscard]] SIZE SizeFor(int most) const;  // the same, no wider than the longest line needs
+  [[nodiscard]] SIZE SizeFor(int most) const;  // pixels of all lines, no wider than the longest needs
 
   void Paint(HDC dc) override;
   void EnabledChanged() override;

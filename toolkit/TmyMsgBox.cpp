@@ -43,7 +43,8 @@ void TmyMsgBox::FitSize(const TmyComponent& around) {
   const int inner = std::max({static_cast<int>(text.cx), ButtonsWidth(), Theme().Scaled(kLeastTextWidth)});
   RECT frame = {0, 0, inner + 2 * Margin(), static_cast<int>(text.cy) + ButtonHeight() + 3 * Margin()};
   AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
-  PlaceCentred(around, {frame.right - frame.left, frame.bottom - frame.top});
+  PlaceCentred(around,
+               {(frame.right - frame.left) * widthPercent_ / 100, (frame.bottom - frame.top) * heightPercent_ / 100});
 }
 
 void TmyMsgBox::ThemeChanged() {
@@ -51,8 +52,10 @@ void TmyMsgBox::ThemeChanged() {
   if (fittedHeight_ != Theme().TextHeight()) FitSize(*this);
 }
 
-void TmyMsgBox::ResizeCentred(int width, int height) {
-  SetBounds(Bounds().left - (width - Width()) / 2, Bounds().top - (height - Height()) / 2, width, height);
+void TmyMsgBox::Enlarge(int widthPercent, int heightPercent) {
+  widthPercent_ = widthPercent;
+  heightPercent_ = heightPercent;
+  FitSize(*this);
 }
 
 // Buttons at the right of the last line.

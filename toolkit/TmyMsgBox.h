@@ -20,7 +20,7 @@ class TmyMsgBox : public TmyDialog {
   TmyMsgBox(TmyComponent& owner, const TmyString& title, const TmyString& text,
             std::initializer_list<const char*> buttons);
 
-  void ResizeCentred(int width, int height);  // pixels, frame included; the middle stays
+  void Enlarge(int widthPercent, int heightPercent);  // of what the text needs, frame included; the middle stays
 
   void Realign() override;
   void ThemeChanged() override;
@@ -34,5 +34,7 @@ class TmyMsgBox : public TmyDialog {
 
   TmyLabel* text_;        // belongs to its window
   int fittedHeight_ = 0;  // of the theme's text when the box was sized
+  int widthPercent_ = 100;
+  int heightPercent_ = 100;
   std::vector<std::unique_ptr<Tmy_Btn>> buttons_;
 };

@@ -12,7 +12,8 @@
 // current row stands for "none".
 //
 // Keys: arrows, Page, Home and End move the current row (with Shift they are shift-clicks), Left and Right scroll,
-// Space clicks the current row (with Ctrl or Shift so), Enter activates it, Menu or Shift+F10 asks for its menu.
+// Space clicks the current row (with Ctrl or Shift so), Enter activates it, Menu or Shift+F10 asks for its menu; Ctrl+1
+// to Ctrl+9 click the title of that column, Ctrl+0 that of the tenth.
 // Mouse: a border of the title row is dragged or double-clicked (fits), a title is clicked or, where columns are
 // movable, dragged to another place; Escape while dragging leaves things as they were. The grid marks nothing by
 // itself: clicks are events, marks are the model's.
@@ -47,7 +48,7 @@ class TmyStringGrid : public TmyComponent {
 
   explicit TmyStringGrid(TmyComponent& parent);  // invisible until Show(true)
 
-  TmyEvent<int> titleClicked;               // column; released where it was pressed, or Ctrl and a digit from 1 on
+  TmyEvent<int> titleClicked;               // column; released where it was pressed, or by a key
   TmyEvent<const TmyRowClick&> rowClicked;  // mouse down, Space or Shift with a moving key; the row is current already
   TmyEvent<uint32_t> rowActivated;          // double click or Enter
   TmyEvent<uint32_t, int, int> rowContext;  // row, screen x and y for its menu; the row is current already

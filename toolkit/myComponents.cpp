@@ -73,7 +73,9 @@ TmyComponent::Outcome TmyComponent::WindowMessage(UINT message, WPARAM wParam, L
       break;
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE:
-      if (!parent_) TmyApplication::Get().SystemLookChanged(message == WM_SETTINGCHANGE && IsAboutForms(lParam));
+      if (parent_) break;
+      if (message == WM_SETTINGCHANGE && IsAboutForms(lParam)) ThemeChanged();
+      TmyApplication::Get().SystemLookChanged();
       break;
     case WM_ENDSESSION:
       if (wParam != 0) SessionEnds((lParam & ENDSESSION_CLOSEAPP) != 0);

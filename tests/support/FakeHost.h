@@ -4,7 +4,7 @@
 //   host.Start(7);
 //   host.During(0xF00, [&] { host.Close(7); });   // inside that call of the plug-in
 //   SendMessageA(host.WindowOf(7), WM_CLOSE, 0, 0);
-//   host.Calls();
+//   EXPECT_EQ(host.Calls().size(), 3u);           // what the plug-in has said
 //
 // One at a time, on one thread. The destructor closes what is open and unloads the module.
 #pragma once

@@ -5,14 +5,15 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 
 class FreshRegistry {
  public:
   explicit FreshRegistry(HKEY hive = HKEY_CURRENT_USER) : hive_(hive) {
     HKEY key = nullptr;
-    if (RegCreateKeyA(HKEY_CURRENT_USER, name_.c_str(), &key) != ERROR_SUCCESS) return;
-    RegOverridePredefKey(hive_, key);
+    if (RegCreateKeyA(HKEY_CURRENT_USER, name_.c_str(), &key) != ERROR_SUCCESS) std::abort();
+    if (RegOverridePredefKey(hive_, key) != ERROR_SUCCESS) std::abort();
     RegCloseKey(key);
   }
   ~FreshRegistry() {

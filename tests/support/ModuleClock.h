@@ -1,7 +1,7 @@
 // Marlux 3. A clock of the test's own for a loaded module: what it asks the system for the time of day is answered
 // here.
 //
-//   ModuleClock::Replace("marlux3.dll");
+//   ASSERT_TRUE(ModuleClock::Replace("marlux3.dll"));
 //   ModuleClock::utc += std::chrono::seconds(1);
 //
 // Not for tick counts and timers, which go on as they are. It lasts as long as the module stays loaded.

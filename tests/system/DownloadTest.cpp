@@ -137,8 +137,9 @@ TEST_F(Download, AnErrorPageInPlaceOfEitherDocument) {
   CloseHandle(held);
   EXPECT_EQ(File("eibi.txt"), ThreeBroadcasts()) << "what cannot be read is not nothing";
   std::filesystem::create_directory(aside);
-  for (const std::string page : {"No 1", "No 2", "No 3"}) {
-    eibi_->Answer(kEibi, {"HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n" + page});
+  for (const std::string& page :
+       {std::string("No 1"), std::string("<").append(ThreeBroadcasts()), std::string("No 3")}) {
+    eibi_->Answer(kEibi, {ScriptedServer::Document(page)});
     EXPECT_EQ(Run(window), "Retrieving the HFCC web page...\r\nIncorrect HFCC web page format!");
     const bool isKept = !std::filesystem::remove(aside);
     EXPECT_EQ(File("eibi.txt"), isKept ? page : ThreeBroadcasts());
