@@ -20,7 +20,7 @@ void HelpLibrary::Show(HWND owner, const TmyString& file) noexcept {
   const ScopedFlag showing(isShowing_);
   owner_ = owner;
   window_ = show_(owner, file.Chars(), kDisplayTopic, 0);
-  hasThread_ = hasThread_ || (window_ && !IsOurs(window_));
+  hasThread_ = hasThread_ || !window_ || !IsOurs(window_);
 }
 
 // It runs a loop, a box of its own, say, or its window is being moved: the host may close us from there.

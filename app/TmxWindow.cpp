@@ -11,6 +11,7 @@
 #include "app/WaitCursor.h"
 #include "download/TmxDownloadWindow.h"
 #include "foundation/Clock.h"
+#include "foundation/FolderFiles.h"
 #include "foundation/ScopedFlag.h"
 #include "foundation/SystemErrorText.h"
 #include "foundation/Trace.h"
@@ -341,7 +342,7 @@ void TmxWindow::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
 // A click into the grid that takes the focus from an edit must not meet other rows: what was typed is applied already.
 // This runs inside the press, whose button may be up again.
 void TmxWindow::FilterChanged(bool changedOnly) {
-  const bool isInClick = GetKeyState(VK_LBUTTON) < 0 || IsClicking();
+  const bool isInClick = GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0 || IsClicking();
   if (!changedOnly || !isInClick) Refresh(changedOnly);
 }
 void TmxWindow::SortChanged() {
@@ -432,7 +433,7 @@ void TmxWindow::ExportCsv(TmyMenuItem&) {
   const ScopedFlag exporting(isExporting_);
   const TmyString path = AskForCsvFile(Handle(), exportFolder_);
   if (!IsAlive() || path.IsEmpty()) return;
-  if (const TmyString folder = path.FilePath(); !folder.IsEmpty()) exportFolder_ = folder;
+  if (const TmyString folder = FolderOf(path); !folder.IsEmpty()) exportFolder_ = folder;
   DWORD error = ERROR_SUCCESS;
   {
     const WaitCursor wait;

@@ -133,7 +133,8 @@ void DownloadRun::Finished(const DownloadedDocument& document) {
 
 // The close that follows goes on with the other site.
 void DownloadRun::EibiFinished(const DownloadedDocument& document) {
-  hasEibi_ = KeepFormerEibi(document) && Save(kEibiFile, document);
+  isSchedule_ = HoldsEibiBroadcast({reinterpret_cast<const char*>(document.body), document.length});
+  hasEibi_ = (isSchedule_ || KeepFormerEibi()) && Save(kEibiFile, document);
   if (hasEibi_) Say("", "EiBi database downloaded.");
 }
 
@@ -200,8 +201,7 @@ bool DownloadRun::Save(const TmyString& name, const DownloadedDocument& document
 
 // A page without one broadcast is an error page, most likely: it replaces the schedule, which stays beside it. Another
 // such page is not kept, for that would push the schedule out; what cannot be read now may be either, and stays.
-bool DownloadRun::KeepFormerEibi(const DownloadedDocument& document) const {
-  if (HoldsEibiBroadcast({reinterpret_cast<const char*>(document.body), document.length})) return true;
+bool DownloadRun::KeepFormerEibi() const {
   const TmyString former = InPath(folder_, kEibiFile);
   const Former content = ContentOf(former);
   return content == Former::kSchedule ? Copy(former, InPath(folder_, "eibi.bak")) : content != Former::kUnknown;

@@ -36,7 +36,7 @@ class DownloadRun {
   void TimedOut();
   void Closed();
 
-  [[nodiscard]] bool HasEibi() const noexcept { return hasEibi_; }                           // a new eibi.txt is there
+  [[nodiscard]] bool HasEibi() const noexcept { return hasEibi_ && isSchedule_; }            // a new eibi.txt is there
   [[nodiscard]] uint32_t ArchiveCount() const noexcept { return downloadedFiles_.Count(); }  // new ones
 
  private:
@@ -47,7 +47,7 @@ class DownloadRun {
   void IndexFinished(const DownloadedDocument& document);
   void ArchiveFinished(const DownloadedDocument& document);
   [[nodiscard]] bool Save(const TmyString& name, const DownloadedDocument& document) const;
-  [[nodiscard]] bool KeepFormerEibi(const DownloadedDocument& document) const;
+  [[nodiscard]] bool KeepFormerEibi() const;
   void ShowSummary();
   void End();
   void Say(const TmyString& line1, const TmyString& line2);
@@ -61,6 +61,7 @@ class DownloadRun {
   TmyStringList downloadedFiles_;  // names fetched
   TmyStringList knownFiles_;       // base names of the files that the folder had
   uint32_t lostTexts_ = 0;         // as the run began
+  bool isSchedule_ = false;        // the EiBi document that came, and not an error page
   bool hasEibi_ = false;
   bool reachedHfcc_ = false;
 };

@@ -12,3 +12,12 @@ std::vector<TmyString> FolderFiles(const TmyString& folder) {
   } while (FindNextFileA(find.get(), &entry));
   return names;
 }
+
+TmyString FolderOf(const TmyString& file) {
+  char whole[MAX_PATH] = "";
+  char* name = nullptr;
+  const DWORD length = GetFullPathNameA(file.Chars(), sizeof whole, whole, &name);
+  if (length == 0 || length >= sizeof whole || !name) return {};
+  name[-1] = 0;
+  return whole;
+}

@@ -19,6 +19,7 @@ bool TmyFile::Open(DWORD access, DWORD disposition, DWORD share, DWORD flags) {
   handle_.reset(HandleOrNull(CreateFileA(name_.Chars(), access, share, nullptr, disposition, flags, nullptr)));
   openError_ = handle_ ? 0 : GetLastError();
   if (!handle_) Trace::Line("File not opened, err=%d", static_cast<int>(openError_));
+  SetLastError(openError_);  // the trace may have left another one
   return IsOpen();
 }
 

@@ -62,7 +62,7 @@ void TmyStringList::SetText(const char* bytes, uint32_t length) {
     const char* stop = std::min(carriageReturn.Next(bytes), lineFeed.Next(bytes));
     const uint32_t before = Count();
     Insert(TmyString(bytes, static_cast<uint32_t>(stop - bytes)), kAtEnd);
-    if (stop == end || Count() == before) return;  // full: the rest need not be looked at
+    if (stop == end || Count() == before) return;  // no room: the rest need not be looked at
     const bool pair = *stop == '\r' && end - stop > 1 && stop[1] == '\n';
     bytes = stop + (pair ? 2 : 1);
   }

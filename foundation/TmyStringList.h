@@ -22,6 +22,7 @@ class TmyStringList : public TmyList {
   // be read whole; nobody else may have it open.
   [[nodiscard]] bool LoadFromFile(const TmyString& path);
   // Appends the lines of a byte block. CR LF, CR and LF each end a line; a terminator at the very end adds no line.
+  // The first line that finds no room in the list ends it.
   void SetText(const char* bytes, uint32_t length);
   // Every entry in double quotes, joined with commas. One empty entry gives "\"\"", an empty list the empty string.
   [[nodiscard]] TmyString GetCommaText() const;

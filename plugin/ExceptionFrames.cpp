@@ -15,6 +15,8 @@ struct UnwindBases {
 const void* _Unwind_Find_FDE(void* code, UnwindBases* bases);    // NOLINT(bugprone-reserved-identifier)
 void __register_frame_info(const void* table, void* listEntry);  // NOLINT(bugprone-reserved-identifier)
 
+void* __deregister_frame_info(const void* table);  // NOLINT(bugprone-reserved-identifier)
+
 }  // extern "C"
 
 namespace {
@@ -23,7 +25,8 @@ constexpr char kSharedRuntime[] = "libgcc_s_dw2-1.dll";
 
 using Find = const void* (*)(void* code, UnwindBases* bases);
 
-uintptr_t listEntry[16];  // more than the unwinder's record; stays for as long as the module
+uintptr_t listEntry[16];           // more than the unwinder's record; stays for as long as the module
+const void* registered = nullptr;  // the table, when it was done here
 
 // The begin of the section that an address in this file lies in. Sections have no names to go by: long ones are cut, or
 // stand where the system does not load them.
@@ -50,5 +53,10 @@ void RegisterExceptionFrames() noexcept {
   if (!shared) return;
   const auto find = reinterpret_cast<Find>(reinterpret_cast<void*>(GetProcAddress(shared, "_Unwind_Find_FDE")));
   const void* const frame = find ? find(code, &bases) : nullptr;
-  if (const void* const table = frame ? SectionOf(frame) : nullptr) __register_frame_info(table, listEntry);
+  registered = frame ? SectionOf(frame) : nullptr;
+  if (registered) __register_frame_info(registered, listEntry);
+}
+
+void ForgetExceptionFrames() noexcept {
+  if (registered) __deregister_frame_info(registered);
 }

@@ -5,3 +5,4 @@
 // made by the same compiler has. Our throws ask the unwinder in here, which would then know nobody who catches them.
 // To be called before the first throw; does nothing where all is well.
 void RegisterExceptionFrames() noexcept;
+void ForgetExceptionFrames() noexcept;  // at the end: the unwinder has taken memory for them

@@ -78,6 +78,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* reserved) {
   if (reason == DLL_PROCESS_DETACH && !reserved) {
     ModulePin::ModuleGoes();
     TmyApplication::Shutdown();
+    ForgetExceptionFrames();
   }
   return TRUE;
 }

@@ -1,5 +1,6 @@
 #include "schedule/CsvExport.h"
 
+#include "foundation/FolderFiles.h"
 #include "foundation/HeldFile.h"
 
 namespace {
@@ -24,16 +25,13 @@ CsvExport::~CsvExport() {
 
 // In the same folder, where the swap is one step, under a name that nobody has.
 void CsvExport::Open() {
-  char whole[MAX_PATH];
   char aside[MAX_PATH];
-  char* name = nullptr;  // the system knows where it begins: a backslash may be half of a letter
-  const DWORD length = GetFullPathNameA(path_.Chars(), sizeof whole, whole, &name);
-  if (length == 0 || length >= sizeof whole || !name) {
+  const TmyString folder = FolderOf(path_);
+  if (folder.IsEmpty()) {
     error_ = ERROR_BAD_PATHNAME;
     return;
   }
-  *name = 0;
-  if (!GetTempFileNameA(whole, "csv", 0, aside)) {
+  if (!GetTempFileNameA((folder + "\\").Chars(), "csv", 0, aside)) {
     error_ = GetLastError();
     return;
   }

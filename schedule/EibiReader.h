@@ -12,5 +12,6 @@
 // to the line 262,144. A missing or unreadable file gives an empty list; never null.
 [[nodiscard]] std::unique_ptr<TmyTypeList<EibiItem>> LoadEibi(const TmyString& folder);
 
-// Whether the content of such a file holds at least one broadcast. Looks no further than the first one.
+// Whether the content of such a file holds at least one broadcast and is no web page, whose lines may look like one.
+// Looks no further than the first broadcast.
 [[nodiscard]] bool HoldsEibiBroadcast(std::string_view content);

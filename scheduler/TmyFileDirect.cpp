@@ -12,7 +12,7 @@
 namespace {
 
 constexpr DWORD kOpenMs = 10000;
-// A sleeping drive needs less to spin up. It is the longest that a call keeps its thread.
+// A sleeping drive needs less to spin up. It is the longest that we wait for a transfer.
 constexpr DWORD kTransferMs = 10000;
 constexpr uint32_t kRestMs = 60000;
 constexpr uint32_t kUsualSector = 4096;  // a multiple of all usual sizes, for volumes that do not tell theirs

@@ -63,7 +63,7 @@ class TmyFileDirect : public TmyFile {
   // Ends the file with its tail. Where that was lost the file ends at AlignedBase().
   enum class Closed { kWhole, kTailLost, kNotReopened };  // kNotReopened: lost because the file cannot be opened again
   Closed CloseDirect();
-  [[nodiscard]] bool Hangs() const noexcept { return hangs_; }  // the last transfer had to be cancelled
+  [[nodiscard]] bool Hangs() const noexcept { return hangs_; }  // the last transfer was cancelled, or failed late
   void TryAgain() noexcept { hangs_ = false; }                  // the next transfer waits for no minute
 
   [[nodiscard]] uint64_t AlignedBase() const noexcept { return base_; }  // bytes in whole blocks, all on the disk

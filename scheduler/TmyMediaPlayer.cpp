@@ -55,10 +55,10 @@ TmyString AskForWavFile(HWND owner, const TmyString& folder) {
   dialog.lpstrTitle = "Open WAV for playback";
   dialog.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
   // This dialog leaves the process in the folder that was looked at, whatever its flags say.
-  char before[MAX_PATH] = "";
-  const DWORD length = GetCurrentDirectoryA(sizeof before, before);
+  wchar_t before[MAX_PATH] = L"";
+  const DWORD length = GetCurrentDirectoryW(MAX_PATH, before);
   const bool isChosen = GetOpenFileNameA(&dialog) != FALSE;
-  if (length > 0 && length < sizeof before) SetCurrentDirectoryA(before);
+  if (length > 0 && length < MAX_PATH) SetCurrentDirectoryW(before);
   return isChosen ? TmyString(file) : TmyString();
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "foundation/HeldFile.h"
+
 namespace {
 
 constexpr uint32_t kFirstBlock = 4096;  // bytes that a new recording has at least
@@ -22,8 +24,7 @@ bool TmyWaveFilePCM::WriteFirstBlock() {
   const Pages block = MakePages(length);
   if (!block) return false;
   std::memcpy(block.get(), &header_, sizeof header_);
-  if (!StartWrite(0, block.get(), length)) return false;
-  const int32_t written = WaitForTransfer(kFirstBlockMs);
+  const int32_t written = StartWrite(0, block.get(), length) ? WaitForTransfer(kFirstBlockMs) : 0;
   if (!Hangs()) return written == static_cast<int32_t>(length);
   TryAgain();  // a drive that wakes: the header goes the way of the samples, too, and may take as long as those
   return true;
@@ -89,5 +90,7 @@ bool TmyWaveFilePCM::PatchHeader() {
 
 // The way out when the file could not be ended as usual.
 void TmyWaveFilePCM::RewriteHeader() {
-  TmyFile(Name(), GENERIC_WRITE, OPEN_EXISTING, FILE_SHARE_READ).Write(&header_, sizeof header_);
+  const auto opens = [this] { return Open(GENERIC_WRITE, OPEN_EXISTING, FILE_SHARE_READ, FILE_ATTRIBUTE_NORMAL); };
+  if (HeldFile::TryFor(opens)) TmyFile::Write(&header_, sizeof header_);
+  Close();
 }

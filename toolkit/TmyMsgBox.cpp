@@ -55,7 +55,7 @@ void TmyMsgBox::ThemeChanged() {
 void TmyMsgBox::Enlarge(int widthPercent, int heightPercent) {
   widthPercent_ = widthPercent;
   heightPercent_ = heightPercent;
-  FitSize(*this);
+  FitSize(*GetParent());
 }
 
 // Buttons at the right of the last line.

@@ -20,7 +20,7 @@ class TmyMsgBox : public TmyDialog {
   TmyMsgBox(TmyComponent& owner, const TmyString& title, const TmyString& text,
             std::initializer_list<const char*> buttons);
 
-  void Enlarge(int widthPercent, int heightPercent);  // of what the text needs, frame included; the middle stays
+  void Enlarge(int widthPercent, int heightPercent);  // of what the text needs, frame included
 
   void Realign() override;
   void ThemeChanged() override;

@@ -69,6 +69,9 @@ std::map<std::string, RegistryKey> registry;  // whose entries stay where they a
 DWORD GetLastError() {
   return lastError;
 }
+void SetLastError(DWORD error) {
+  lastError = error;
+}
 
 uint32_t Clock::Ticks() noexcept {
   using namespace std::chrono;

@@ -50,6 +50,7 @@ constexpr DWORD REG_NONE = 0, REG_SZ = 1, REG_BINARY = 3, REG_DWORD = 4, KEY_ALL
 #define HKEY_CURRENT_USER (reinterpret_cast<HKEY>(1))
 
 DWORD GetLastError();
+void SetLastError(DWORD error);
 inline void OutputDebugStringA(const char*) {}
 inline DWORD GetCurrentProcessId() {
   return 1;

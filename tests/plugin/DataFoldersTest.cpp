@@ -35,13 +35,14 @@ TEST(DataFolders, PluginFolderPrefersTheEnvironment) {
   const std::string longPath(3000, 'p');
   const std::tuple<const char*, const char*, std::string> kCases[] = {{nullptr, "C:\\registered", "C:\\registered"},
                                                                       {"C:\\set", "C:\\registered", "C:\\set"},
-                                                                      {longPath.c_str(), nullptr, longPath}};
+                                                                      {longPath.c_str(), nullptr, longPath},
+                                                                      {nullptr, nullptr, ""}};
   for (const auto& [environment, registry, folder] : kCases) {
     SetEnvironmentVariableA("ZQN_PLUGIN_PATH", environment);
     key.DeleteValue("SearchPath");
     if (registry) key.WriteString("SearchPath", registry);
     EXPECT_EQ(PluginFolder().Chars(), folder);
-    EXPECT_EQ(HelpFile().Chars(), folder + "\\marlux3.chm");
+    EXPECT_EQ(HelpFile().Chars(), folder.empty() ? "" : folder + "\\marlux3.chm");
   }
   SetEnvironmentVariableA("ZQN_PLUGIN_PATH", nullptr);
 }

@@ -137,8 +137,7 @@ TEST_F(Download, AnErrorPageInPlaceOfEitherDocument) {
   CloseHandle(held);
   EXPECT_EQ(File("eibi.txt"), ThreeBroadcasts()) << "what cannot be read is not nothing";
   std::filesystem::create_directory(aside);
-  for (const std::string& page :
-       {std::string("No 1"), std::string("<").append(ThreeBroadcasts()), std::string("No 3")}) {
+  for (const std::string& page : {std::string("No 1"), std::string("<").append(OneBroadcast()), std::string("No 3")}) {
     eibi_->Answer(kEibi, {ScriptedServer::Document(page)});
     EXPECT_EQ(Run(window), "Retrieving the HFCC web page...\r\nIncorrect HFCC web page format!");
     const bool isKept = !std::filesystem::remove(aside);
