@@ -116,8 +116,8 @@ void TmyApplication::RegisterWindowClass() {
 }
 
 // Top-level windows take their children along; they go first, for they still use their children while they end. A
-// window of another thread cannot be destroyed from here: it loses its object, and so every call into this module
-// except the window procedure itself, which it loses too. The same is done to its children.
+// window of another thread, helpers and sockets included, cannot be destroyed from here: it loses its object and the
+// window procedure, and so every call into this module.
 void TmyApplication::DestroyWindows() noexcept {
   for (const bool children : {false, true}) {
     for (uint32_t i = windows_.Count(); i-- > 0;) {
@@ -125,11 +125,14 @@ void TmyApplication::DestroyWindows() noexcept {
       auto* window = static_cast<TmyWindowBase*>(windows_.Get(i));
       if (!window->AsComponent() || !window->IsAlive()) continue;
       const HWND handle = window->Handle();
-      const bool isChild = window->HasStyle(WS_CHILD);
-      if (isChild != children || DestroyWindow(handle) || !IsWindow(handle)) continue;
-      SetWindowLongPtrA(handle, GWLP_USERDATA, 0);
-      SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcA));
+      if (window->HasStyle(WS_CHILD) == children) DestroyWindow(handle);
     }
+  }
+  for (uint32_t i = 0; i < windows_.Count(); ++i) {
+    const HWND handle = static_cast<TmyWindowBase*>(windows_.Get(i))->Handle();
+    if (!handle || GetWindowThreadProcessId(handle, nullptr) == GetCurrentThreadId()) continue;
+    SetWindowLongPtrA(handle, GWLP_USERDATA, 0);
+    SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcA));
   }
 }
 

@@ -77,6 +77,8 @@ TmyComponent::Outcome TmyComponent::WindowMessage(UINT message, WPARAM wParam, L
       if (message == WM_SETTINGCHANGE && IsAboutForms(lParam)) ThemeChanged();
       TmyApplication::Get().SystemLookChanged();
       break;
+    case WM_GETDLGCODE:  // the host's loop may treat any window as a dialog's: the keys are ours all the same
+      return {true, TmyWindowBase::WndProc(message, wParam, lParam) | DLGC_WANTALLKEYS};
     case WM_ENDSESSION:
       if (wParam != 0) SessionEnds((lParam & ENDSESSION_CLOSEAPP) != 0);
       break;

@@ -1,4 +1,6 @@
 // Loading, starting, routing and closing, as the host sees them.
+#include <thread>
+
 #include "tests/support/ProcessCounts.h"
 #include "tests/system/PluginFixture.h"
 
@@ -81,6 +83,19 @@ TEST_F(InstanceLife, RoundsLeaveNothingBehind) {
   EXPECT_LE(after.userObjects, before.userObjects + 40) << "other programs' are counted, too";
   EXPECT_LE(after.heapBlocks, before.heapBlocks + 40);
   EXPECT_LE(after.heapBytes, before.heapBytes + 40000);
+}
+
+TEST(Unloading, ByAnotherThreadLeavesNoWindowThatLeadsIntoTheModule) {
+  const FreshDocumentsFolder documents;
+  const HMODULE module = LoadLibraryA(FakeHost::kModulePath);
+  {
+    FakeHost host;
+    host.Start(7);
+    host.Close(7);
+  }
+  std::thread([=] { FreeLibrary(module); }).join();
+  EXPECT_EQ(GetModuleHandleA("marlux3.dll"), nullptr);
+  PumpFor(300);  // the timers of the hidden windows
 }
 
 TEST(SharedRuntime, OfAHostOfTheSameCompilerLeavesTheModuleItsExceptions) {

@@ -137,4 +137,12 @@ TEST_F(ComponentTest, AHandlerMayDestroyTheWholeWindowAndTheObjectsGoWithTheMess
   EXPECT_FALSE(IsWindow(owned));
 }
 
+TEST_F(ComponentTest, KeysAreTheWindowsOwnInALoopForDialogs) {
+  InputWindow window;
+  MSG escape = {window.Handle(), WM_KEYDOWN, VK_ESCAPE, 1, 0, {}};
+  EXPECT_TRUE(IsDialogMessageA(window.Handle(), &escape));
+  PumpFor(0);
+  EXPECT_EQ(window.escapes, 1);
+}
+
 }  // namespace
