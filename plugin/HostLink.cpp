@@ -9,7 +9,7 @@ void HostLink::Connect(HostCallback callback, uint32_t instance) noexcept {
 
 void HostLink::Disconnect() noexcept {
   callback_ = nullptr;
-  if (bool* const gone = std::exchange(gone_, nullptr)) *gone = true;  // that stack ends before the link may
+  *gone_ = true;
 }
 
 uint32_t HostLink::Call(uint32_t code, uint32_t a, uint32_t b, uint32_t c) noexcept {
@@ -36,17 +36,13 @@ bool HostLink::Tune(uint32_t frequencyHz, uint32_t mode) noexcept {
                                                  {HostCode::kTuneMode, mode},
                                                  {HostCode::kTuneThird, 0},
                                                  {HostCode::kTuneFourth, HostCode::kTuneFourthValue}};
-  bool gone = false;
-  bool* const outer = std::exchange(gone_, &gone);
+  const std::shared_ptr<bool> gone = gone_;  // not on the stack: an exception of the host's may leave that behind
   const uint32_t tuning = ++tunings_;
   for (const auto& [code, a] : steps) {
     if (tuning != tunings_) break;  // the host let something else tune inside, to which the rest does not belong
     Call(code, a);
-    if (!gone) continue;
-    if (outer) *outer = true;
-    return false;  // `this` may be gone: gone_ is not put back
+    if (*gone) return false;  // and `this` may be gone
   }
-  gone_ = outer;
   return true;
 }
 

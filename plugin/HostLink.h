@@ -6,6 +6,8 @@
 // The host runs inside each call and may close the plug-in there. A link that is not connected drops its calls.
 #pragma once
 
+#include <memory>
+
 #include "foundation/Compiler.h"
 
 // A host's function: (instance, code, a, b, c).
@@ -52,7 +54,7 @@ inline constexpr char kProductCaption[] = "Marlux 3";
 
 class HostLink {
  public:
-  HostLink() noexcept = default;
+  HostLink() = default;  // throws std::bad_alloc
   HostLink(const HostLink&) = delete;
   HostLink& operator=(const HostLink&) = delete;
   ~HostLink() { Disconnect(); }
@@ -85,5 +87,6 @@ class HostLink {
   HostCallback callback_ = nullptr;
   uint32_t instance_ = 0;
   uint32_t tunings_ = 0;  // tells one from another that the host begins inside it
-  bool* gone_ = nullptr;  // a flag on the stack of the running Tune, set when the link disconnects meanwhile
+  // A running Tune looks at it: the link may disconnect, or be gone, meanwhile.
+  std::shared_ptr<bool> gone_ = std::make_shared<bool>(false);
 };

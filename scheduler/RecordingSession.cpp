@@ -6,7 +6,6 @@
 #include "foundation/Clock.h"
 #include "foundation/FrequencyText.h"
 #include "foundation/LostTexts.h"
-#include "foundation/ScopedFlag.h"
 #include "plugin/DataFolders.h"
 #include "plugin/HostLink.h"
 
@@ -29,7 +28,7 @@ TmyString PathOf(const char* prefix, const std::string& frequency, bool utc) {
 // The session begins only after the tuning: what the host says about its frequency inside is about the one before. It
 // begins before the recording: what the host does when it is told of that, retune or stop, ends the session as always.
 bool RecordingSession::Start(const char* prefix, uint64_t frequencyHz, uint32_t mode, TmxTask* task) {
-  if (isTuning_ && !task) return false;
+  if (isTuning_.IsUp() && !task) return false;
   if (!task && task_) Stop();
   if (!owner_.IsAlive()) return false;
   const uint32_t lost = LostTexts();
@@ -53,7 +52,7 @@ bool RecordingSession::Start(const char* prefix, uint64_t frequencyHz, uint32_t 
 }
 
 bool RecordingSession::Tune(uint32_t frequencyHz, uint32_t mode) {
-  const ScopedFlag tuning(isTuning_);
+  const FrameFlag::Scope tuning(isTuning_);
   return owner_.Tune(frequencyHz, mode);
 }
 

@@ -8,6 +8,7 @@
 // Nothing is said when the file cannot be made.
 #pragma once
 
+#include "foundation/FrameFlag.h"
 #include "scheduler/RecordingOwner.h"
 #include "scheduler/TmyMediaPlayer.h"
 
@@ -33,7 +34,7 @@ class RecordingSession {
 
   [[nodiscard]] bool IsRecording() const noexcept { return isRecording_; }
   // The receiver is being tuned for a recording: whoever tunes it now would have that one record something else.
-  [[nodiscard]] bool IsTuning() const noexcept { return isTuning_; }
+  [[nodiscard]] bool IsTuning() const noexcept { return isTuning_.IsUp(); }
   // May still be set when the user has stopped the recording by hand: then it is not started again.
   [[nodiscard]] TmxTask* CurrentTask() const noexcept { return task_; }
 
@@ -43,6 +44,6 @@ class RecordingSession {
   RecordingOwner& owner_;
   TmxTask* task_ = nullptr;  // the task list's; only compared with its entries, it may have been deleted
   bool isRecording_ = false;
-  bool isTuning_ = false;
+  FrameFlag isTuning_;
   uint32_t starts_ = 0;  // tells a start from one that the host begins inside it
 };

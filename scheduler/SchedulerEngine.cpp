@@ -1,7 +1,6 @@
 #include "scheduler/SchedulerEngine.h"
 
 #include "foundation/Clock.h"
-#include "foundation/ScopedFlag.h"
 #include "scheduler/TaskTime.h"
 
 namespace {
@@ -13,7 +12,7 @@ TaskMoment Now() noexcept {
 // What was started is looked at once more, at the time that it is then: the host may have deleted or changed the task
 // inside, or have kept us for hours. A running task that is not in the list is gone; its address is not followed.
 void SchedulerEngine::Tick() {
-  if (isStarting_ || (!session_.CurrentTask() && !StartFirstDue(Now()))) return;
+  if (isStarting_.IsUp() || (!session_.CurrentTask() && !StartFirstDue(Now()))) return;
   const TmxTask* const task = session_.CurrentTask();
   if (task && (tasks_.IndexOf(task) < 0 || !IsDue(*task, Now()))) session_.Stop();
 }
@@ -23,7 +22,7 @@ bool SchedulerEngine::StartFirstDue(const TaskMoment& now) {
   for (uint32_t i = 0; i < tasks_.Count(); ++i) {
     TmxTask* const task = tasks_.Get(i);
     if (!IsDue(*task, now)) continue;
-    const ScopedFlag starting(isStarting_);
+    const FrameFlag::Scope starting(isStarting_);
     return session_.Start(RecordingSession::kTask, task->frequency, static_cast<uint32_t>(task->mode), task);
   }
   return false;

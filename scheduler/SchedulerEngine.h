@@ -8,6 +8,7 @@
 // user records from the grid does not keep a task from starting. A tick allocates nothing but to start a recording.
 #pragma once
 
+#include "foundation/FrameFlag.h"
 #include "foundation/TmyTypeList.h"
 #include "scheduler/RecordingSession.h"
 #include "scheduler/TaskDue.h"
@@ -28,5 +29,5 @@ class SchedulerEngine {
 
   TmyTypeList<TmxTask>& tasks_;
   RecordingSession& session_;
-  bool isStarting_ = false;
+  FrameFlag isStarting_;
 };

@@ -100,3 +100,12 @@ TEST_F(SchedulerEngineTest, SurvivesWhatTheHostDoesInside) {
   owner_->duringTune = [] { Clock::Hold({2026, 3, 0, 2, 15, 0, 0, 0}, 0); };  // a box that stayed open for hours
   EXPECT_EQ(Tick(), 0u);
 }
+
+static void* frame[5];
+
+TEST_F(SchedulerEngineTest, GoesOnAfterTheHostHasLeftTheCallByAnException) {
+  owner_->duringTune = [] { __builtin_longjmp(frame, 1); };  // to whoever catches it; nobody in between hears of it
+  if (__builtin_setjmp(frame) == 0) engine_.Tick();
+  EXPECT_EQ(session_.CurrentTask(), nullptr);
+  EXPECT_EQ(Tick(), 1u);
+}
