@@ -96,6 +96,8 @@ TEST(Unloading, ByAnotherThreadLeavesNoWindowThatLeadsIntoTheModule) {
   std::thread([=] { FreeLibrary(module); }).join();
   EXPECT_EQ(GetModuleHandleA("marlux3.dll"), nullptr);
   PumpFor(300);  // the timers of the hidden windows
+  for (const HWND left : FakeHost::TopWindows()) DestroyWindow(left);
+  EXPECT_THAT(FakeHost::TopWindows(), IsEmpty());
 }
 
 TEST(SharedRuntime, OfAHostOfTheSameCompilerLeavesTheModuleItsExceptions) {
