@@ -34,7 +34,8 @@ std::unique_ptr<TmyTypeList<EibiItem>> LoadEibi(const TmyString& folder) {
 // Line ends as TmyStringList takes them: CR LF, CR and LF.
 bool HoldsEibiBroadcast(std::string_view content) {
   const size_t first = content.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
-  if (first != content.npos && content[first] == '<') return false;  // a web page, whatever its lines look like
+  if (first != std::string_view::npos && content[first] == '<')
+    return false;  // a web page, whatever its lines look like
   EibiItem item;
   for (uint32_t line = 0; line < kMaximumLines && !content.empty(); ++line) {
     const size_t end = std::min(content.find_first_of("\r\n"), content.size());

@@ -28,7 +28,9 @@ class TmyWindowBase : public TmyControl {
 
   [[nodiscard]] HWND Handle() const noexcept { return handle_; }  // null once destroyed
   [[nodiscard]] bool IsAlive() const noexcept { return handle_ != nullptr; }
-  [[nodiscard]] bool HasStyle(DWORD style) const noexcept { return (GetWindowLongA(handle_, GWL_STYLE) & style) != 0; }
+  [[nodiscard]] bool HasStyle(DWORD style) const noexcept {
+    return (static_cast<DWORD>(GetWindowLongA(handle_, GWL_STYLE)) & style) != 0;
+  }
   void Destroy();
 
   // Takes over a window of another class (a system control): the own window is destroyed, the other one's procedure
