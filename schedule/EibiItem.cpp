@@ -138,7 +138,7 @@ int32_t HzFromText(std::string_view text) noexcept {
   if (!kiloHertz) return 0;
   const double hertz = static_cast<double>(*kiloHertz) * 1000.0;  // exact: 24 bits by 10
   if (!(std::fabs(hertz) < 2147483647.0)) return 0;               // written so that NaN fails as well
-  return _mm_cvtsd_si32(_mm_set_sd(hertz));  // to nearest, whatever a host has done to the x87 control word
+  return _mm_cvtsd_si32(_mm_set_sd(hertz));                       // as the thread rounds: see LoadEibi
 }
 
 // time := HHMM "-" HHMM      (the separator may be any character; parts that are missing count as 0)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/FloatMode.h"
 #include "foundation/TmyStringList.h"
 
 namespace {
@@ -13,6 +14,7 @@ constexpr uint32_t kMaximumLines = 0x40000;
 }  // namespace
 
 std::unique_ptr<TmyTypeList<EibiItem>> LoadEibi(const TmyString& folder) {
+  const OwnFloatMode ours;  // frequencies have decimals
   TmyStringList lines(kInitialLines, kMaximumLines);
   if (!lines.LoadFromFile(folder + "\\eibi.txt")) return std::make_unique<TmyTypeList<EibiItem>>();
 
@@ -36,6 +38,7 @@ bool HoldsEibiBroadcast(std::string_view content) {
   const size_t first = content.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
   if (first != std::string_view::npos && content[first] == '<')
     return false;  // a web page, whatever its lines look like
+  const OwnFloatMode ours;
   EibiItem item;
   for (uint32_t line = 0; line < kMaximumLines && !content.empty(); ++line) {
     const size_t end = std::min(content.find_first_of("\r\n"), content.size());

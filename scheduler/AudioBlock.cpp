@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "foundation/FloatMode.h"
+
 AudioBlock::AudioBlock(const void* hostBlock) noexcept {
   if (!hostBlock) return;
   std::memcpy(&header_, hostBlock, sizeof header_);  // it may lie at any address
@@ -19,7 +21,9 @@ bool AudioBlock::IsUsable() const noexcept {
   return samples_ != nullptr && hasFormat && Bytes() <= kMostBytes;
 }
 
+// Hosts let anything through, NaNs as well.
 void AudioBlock::ConvertFloats(std::span<uint8_t> to) const noexcept {
+  const OwnFloatMode ours;
   const uint8_t* from = samples_;
   uint8_t* at = to.data();
   for (uint32_t i = 0; i < header_.count; ++i, from += sizeof(float), at += sizeof(int16_t)) {

@@ -1,5 +1,7 @@
 #include "schedule/EibiReader.h"
 
+#include <xmmintrin.h>
+
 #include "tests/support/EibiLine.h"
 #include "tests/support/Test.h"
 
@@ -36,4 +38,19 @@ TEST(EibiReader, KeepsReadableLinesInTheirOrder) {
   EXPECT_EQ(Loaded(many), all);
   for (const auto& [khz, bytes] : kCases) EXPECT_EQ(Loaded(bytes), khz) << bytes.size();
   EXPECT_EQ(Loaded(EibiHeader(0x40000 + 17)).size(), (0x40000U - 17) * 5) << "the last line it takes";
+}
+
+TEST(EibiReader, RoundsToNearestInAHostThatRoundsUpAndWantsExceptions) {
+  const TemporaryFolder folder;
+  const std::string lines = EibiHeader() + EibiLine("6005.1") + "\n" + EibiLine("nan") + "\n";
+  ASSERT_TRUE(WriteFileBytes(folder.File("eibi.txt"), lines));
+  constexpr uint32_t kUpAndInvalid = 0x5F00;
+  const uint32_t before = _mm_getcsr();
+  _mm_setcsr(kUpAndInvalid);
+  const auto items = LoadEibi(folder.Path().c_str());
+  const uint32_t after = _mm_getcsr();
+  _mm_setcsr(before);
+  EXPECT_EQ(after & ~0x3FU, kUpAndInvalid);
+  ASSERT_EQ(items->Count(), 1U);
+  EXPECT_EQ(items->Get(0)->frequency, 6005100);
 }
