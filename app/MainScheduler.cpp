@@ -1,11 +1,16 @@
 #include "app/MainScheduler.h"
 
+#include <algorithm>
+
 #include "foundation/Clock.h"
 #include "plugin/DataFolders.h"
 #include "scheduler/TaskFile.h"
 #include "scheduler/TaskTime.h"
 
 namespace {
+
+constexpr uint32_t kFirstPause = 60000;  // ms; twice as long each time, for a share that is gone may hold the thread
+constexpr uint32_t kLongestPause = 3600000;
 
 bool AreEqual(const TmyTypeList<TmxTask>& tasks, const std::vector<TmxTask>& others) noexcept {
   const bool isSameCount = tasks.Count() == others.size();
@@ -30,7 +35,22 @@ bool IsThere(const TmyString& path) noexcept {
 void MainScheduler::LoadTasks() {
   loadedAt_ = DateOfTime(Clock::Local());
   isFileMissed_ = !TaskFile::Load(DataFolder() + TaskFile::kName, tasks_, loadedAt_);
+  triedAt_ = Clock::Ticks();
+  pause_ = kFirstPause;
   known_ = Copied(tasks_);
+}
+
+bool MainScheduler::ReadMissed() {
+  if (!isFileMissed_ || Clock::Ticks() - triedAt_ < pause_) return false;
+  triedAt_ = Clock::Ticks();
+  pause_ = std::min(2 * pause_, kLongestPause);
+  TmyTypeList<TmxTask> filed;
+  if (!TaskFile::Load(DataFolder() + TaskFile::kName, filed, loadedAt_)) return false;
+  std::vector<TmxTask> known = Copied(filed);
+  if (!PutBefore(filed)) return false;
+  known_.swap(known);
+  isFileMissed_ = false;
+  return true;
 }
 
 // A file that still cannot be read is not replaced: there may be more in it than in the list. Nor is one that another

@@ -14,6 +14,9 @@ class MainScheduler {
   explicit MainScheduler(RecordingSession& session) noexcept : session_(session), engine_(tasks_, session) {}
 
   void LoadTasks();  // appends those of the file
+  // From time to time while it could not be read: shares and drives may come later than we do. True when its tasks have
+  // come; they are in front of those that were entered meanwhile.
+  bool ReadMissed();
   // In place of the file. Tasks that were in it when it could not be read are put in front of the list. A list that is
   // still as it was loaded or saved last leaves a file with other tasks alone: another window has written them.
   void SaveTasks();
@@ -32,4 +35,6 @@ class MainScheduler {
   std::vector<TmxTask> known_;  // as loaded or saved last
   TaskDate loadedAt_ = {};      // local; what completes a short record, the same at each look at the file
   bool isFileMissed_ = false;   // it was there and could not be read
+  uint32_t triedAt_ = 0;        // ticks
+  uint32_t pause_ = 0;          // ms to the next try
 };

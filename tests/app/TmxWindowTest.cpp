@@ -4,6 +4,8 @@
 #include "foundation/Clock.h"
 #include "plugin/DataFolders.h"
 #include "plugin/InstanceList.h"
+#include "scheduler/NewTask.h"
+#include "scheduler/TaskFile.h"
 #include "tests/support/EibiLine.h"
 #include "tests/support/FreshDocumentsFolder.h"
 #include "tests/support/SeasonArchive.h"
@@ -81,6 +83,26 @@ TEST_F(TmxWindowTest, TheCurrentTimeFilterFollowsTheClockByItself) {
   SetTime(6, 30, 0);
   Timer(1);
   EXPECT_EQ(Counts(), "5 of 5 broadcasts") << "from 00:00:00 to 23:59:59";
+}
+
+// A share or a drive may come later than the host, and somebody may have the file just then.
+TEST_F(TmxWindowTest, TasksThatCouldNotBeReadAtTheStartBeginLater) {
+  window_->Destroy();
+  TmyTypeList<TmxTask> tasks;
+  tasks.Add(std::make_unique<TmxTask>(NewTask(7325000, {})));
+  tasks.Get(0)->to = {0, UINT32_MAX};
+  tasks.Get(0)->stop = tasks.Get(0)->start;  // all day
+  const TmyString path = DataFolder() + TaskFile::kName;
+  ASSERT_TRUE(TaskFile::Save(path, tasks));
+  auto locked = std::make_unique<TmyFile>(path, GENERIC_READ, OPEN_EXISTING, 0);
+  window_ = new TmxWindow(HostInfo());
+  window_->Start(7, Host);
+  for (const size_t begun : {0u, 0u, 1u}) {  // the second pause is longer
+    Clock::AdvanceTicks(60001);
+    for (int i = 0; i < 2; ++i) Timer(1);
+    EXPECT_EQ(tuned.size(), begun);
+    locked.reset();
+  }
 }
 
 TEST_F(TmxWindowTest, RangesAreInTheZoneShown) {
