@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include <optional>
+#include <utility>
 
 #include "foundation/SystemHandle.h"
 #include "foundation/TmyObject.h"
@@ -40,6 +41,7 @@ class TmyFile : public TmyObject {
   void Close() noexcept;
   // Closes first.
   bool Open(DWORD access, DWORD disposition, DWORD share, DWORD flags);
+  void TakeHandle(TmyFile& from) noexcept { handle_ = std::move(from.handle_); }  // in place of the own one
 
  private:
   [[nodiscard]] bool IsRawDisk() const noexcept;

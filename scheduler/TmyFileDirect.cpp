@@ -15,6 +15,9 @@ constexpr DWORD kOpenMs = 10000;
 // A sleeping drive needs less to spin up. It is the longest that we wait for a transfer.
 constexpr DWORD kTransferMs = 10000;
 constexpr uint32_t kRestMs = 60000;
+constexpr uint32_t kRenewMs = 2000;
+constexpr DWORD kShare = FILE_SHARE_READ;
+constexpr DWORD kDirect = FILE_FLAG_NO_BUFFERING | FILE_FLAG_OVERLAPPED;
 constexpr uint32_t kUsualSector = 4096;  // a multiple of all usual sizes, for volumes that do not tell theirs
 constexpr uint32_t kLargestBuffer = 64U << 20;
 
@@ -35,8 +38,7 @@ uint32_t BytesPerSector(const char* path) {
 
 TmyFileDirect::TmyFileDirect(const TmyString& name, bool readOnly, bool create, uint32_t bufferSize)
     : TmyFile(name, readOnly ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE,
-              readOnly ? OPEN_EXISTING : (create ? CREATE_ALWAYS : OPEN_ALWAYS), FILE_SHARE_READ,
-              FILE_FLAG_NO_BUFFERING | FILE_FLAG_OVERLAPPED),
+              readOnly ? OPEN_EXISTING : (create ? CREATE_ALWAYS : OPEN_ALWAYS), kShare, kDirect),
       readOnly_(readOnly) {
   const Trace::Scope scope("TmyFileDirect::TmyFileDirect");
   if (IsOpen() && !Prepare(bufferSize)) Close();
@@ -91,6 +93,7 @@ uint32_t TmyFileDirect::LargestPiece() const noexcept {
 bool TmyFileDirect::Write(const void* data, uint32_t length) {
   const auto* rest = static_cast<const uint8_t*>(data);
   if (!IsOpen() || readOnly_ || IsGivenUp()) return false;
+  if (mayBeLost_ && Clock::Ticks() - renewedAt_ >= kRenewMs) RenewHandle();
   while (length != 0) {
     const uint32_t piece = std::min(length, LargestPiece());
     if (!AppendPiece(rest, piece)) return false;
@@ -148,8 +151,8 @@ bool TmyFileDirect::BeginTransfer(uint64_t offset, const void* buffer, uint32_t 
   overlapped_ = {};
   overlapped_.Offset = static_cast<DWORD>(offset);
   overlapped_.OffsetHigh = static_cast<DWORD>(offset >> 32);
-  begunAt_ = Clock::Ticks();
   overlapped_.hEvent = reinterpret_cast<HANDLE>(reinterpret_cast<uintptr_t>(event_.get()) | 1);
+  begunAt_ = Clock::Ticks();
   return true;
 }
 
@@ -164,7 +167,8 @@ bool TmyFileDirect::TransferStarted(BOOL taken) noexcept {
   transferring_ = error == ERROR_IO_PENDING;
   if (transferring_) return true;
   Trace::Line("FileDirect transfer not started, err=%d", static_cast<int>(error));
-  TookTooLong(IsLate());
+  SetHangs(IsLate());
+  SetLost(error);
   return false;
 }
 
@@ -173,9 +177,27 @@ bool TmyFileDirect::IsLate() const noexcept {
   return Clock::Ticks() - begunAt_ >= kTransferMs;
 }
 
-void TmyFileDirect::TookTooLong(bool hangs) noexcept {
+void TmyFileDirect::SetHangs(bool hangs) noexcept {
   hangs_ = hangs;
-  hungAt_ = Clock::Ticks();
+  if (hangs) hungAt_ = Clock::Ticks();
+}
+
+void TmyFileDirect::SetLost(DWORD error) noexcept {
+  const bool isLost = error != ERROR_SUCCESS && error != ERROR_DISK_FULL && error != ERROR_HANDLE_DISK_FULL;
+  if (isLost && !mayBeLost_) renewedAt_ = Clock::Ticks();
+  mayBeLost_ = isLost;
+}
+
+// Of a file that is not lost there is no second handle to be had.
+void TmyFileDirect::RenewHandle() {
+  begunAt_ = Clock::Ticks();
+  TmyFile again(Name(), GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING, kShare, kDirect);
+  if (again.IsOpen() && again.Size() >= base_) {
+    Trace::Line("FileDirect handle renewed");
+    TakeHandle(again);
+  }
+  renewedAt_ = Clock::Ticks();
+  if (IsLate()) SetHangs(true);
 }
 
 int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
@@ -191,9 +213,10 @@ int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
   // Waits for the cancellation to arrive, too: until then the system uses the buffer. Who was only just too late to be
   // cancelled has done its work and counts.
   const BOOL done = GetOverlappedResult(Handle(), &overlapped_, &count, TRUE);
+  SetLost(done ? DWORD{ERROR_SUCCESS} : GetLastError());
   transferring_ = false;
   const uint32_t staged = std::exchange(staged_, 0);
-  TookTooLong(!done && (late || IsLate()));
+  SetHangs(!done && (late || IsLate()));
   if (!done) {
     if (!late) Trace::Line("FileDirect getOverlappedResult failed");
     return late ? -1 : -2;

@@ -11,7 +11,9 @@
 // leaves the blocks that reached the disk in the file and drops the rest of that call; the next write goes on behind
 // them, so a disk that was full for a while costs only that while. After a transfer that had to be cancelled, or
 // failed as late, all transfers fail at once for a minute: the owner's thread must not wait again and again for a
-// device that hangs. Then there is another try. The tail of a file that is closed meanwhile is given up.
+// device that hangs. Then there is another try. The tail of a file that is closed meanwhile is given up. A drive that
+// was gone for a while (sleep, a cable) comes back under its name, not under the handle: after a write that failed the
+// file is opened again, at most every two seconds, and goes on where the same bytes are still in it.
 #pragma once
 
 #include <memory>
@@ -79,7 +81,9 @@ class TmyFileDirect : public TmyFile {
   [[nodiscard]] bool IsAligned(uint64_t offset, const void* buffer, uint32_t length) const noexcept;
   bool TransferStarted(BOOL taken) noexcept;
   [[nodiscard]] bool IsLate() const noexcept;
-  void TookTooLong(bool hangs) noexcept;
+  void SetHangs(bool hangs) noexcept;
+  void SetLost(DWORD error) noexcept;
+  void RenewHandle();
   int32_t CountWritten(uint32_t bytes, uint32_t staged);
   [[nodiscard]] bool IsGivenUp() const noexcept;  // the device hangs, and it is not yet time for another try
   [[nodiscard]] uint64_t LogicalEnd() const noexcept { return base_ + tailUsed_; }
@@ -99,6 +103,8 @@ class TmyFileDirect : public TmyFile {
   bool writtenTo_ = false;
   uint32_t begunAt_ = 0;  // ticks, of the last transfer
   bool hangs_ = false;
-  uint32_t hungAt_ = 0;  // ticks
+  uint32_t hungAt_ = 0;     // ticks
+  bool mayBeLost_ = false;  // the handle: the last transfer failed
+  uint32_t renewedAt_ = 0;  // ticks, of that or of the last try to get another one
   const bool readOnly_;
 };

@@ -15,7 +15,12 @@ struct DiskOfBlocks : TmyWaveFilePCM {
   explicit DiskOfBlocks(const std::string& name) : TmyWaveFilePCM(name.c_str(), 8000, 3, 16, 0x10000) {}
   bool Add(const std::string& bytes) { return Write(bytes.data(), static_cast<uint32_t>(bytes.size())); }
   int32_t WriteBlock() { return IsOpen() && StartWrite(0, Staging(), BlockSize()) ? WaitForTransfer(20) : 0; }
-  void LoseHandle() { CloseHandle(Handle()); }
+  void LoseHandle() {  // what has its number now takes no bytes
+    const HANDLE lost = Handle();
+    CloseHandle(lost);
+    while (CreateEventA(nullptr, FALSE, FALSE, nullptr) != lost) {
+    }
+  }
   bool StartWrite(uint64_t offset, const void* buffer, uint32_t length) override {
     const uint32_t taken = std::min(room, length / BlockSize());
     room -= taken;
@@ -67,6 +72,19 @@ TEST(TmyWaveFilePCMTest, AFullDiskCostsOnlyItsOwnTimeAndNoChannelChangesPlaces) 
   const std::string whole = ReadFileBytes(folder.File("a.wav"));
   EXPECT_TRUE(kept > 2000 && kept % 6 == 0 && size == whole.size() - 48 && whole.compare(44, 4, (char*)&size, 4) == 0);
   EXPECT_TRUE(whole.substr(48).starts_with(before + cut.substr(0, kept - 5)) && whole.ends_with(after));
+}
+
+TEST(TmyWaveFilePCMTest, ADriveThatWasGoneGoesOnUnderItsName) {
+  const TemporaryFolder folder;
+  const std::string before = Bytes(60000), after = Bytes(6000, 3);
+  auto file = std::make_unique<DiskOfBlocks>(folder.File("a.wav"));
+  EXPECT_TRUE(file->Add(before));
+  file->LoseHandle();
+  EXPECT_FALSE(file->Add(after) || file->Add(after)) << "not at once";
+  Clock::AdvanceTicks(2001);
+  EXPECT_TRUE(file->Add(after));
+  file.reset();
+  EXPECT_TRUE(ReadFileBytes(folder.File("a.wav")).substr(48) == before + after);
 }
 
 TEST(TmyWaveFilePCMTest, WhatCannotBeMadeStaysUnopenedAndLeavesTheTargetAlone) {
