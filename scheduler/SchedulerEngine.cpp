@@ -12,7 +12,8 @@ TaskMoment Now() noexcept {
 // What was started is looked at once more, at the time that it is then: the host may have deleted or changed the task
 // inside, or have kept us for hours. A running task that is not in the list is gone; its address is not followed.
 void SchedulerEngine::Tick() {
-  if (isStarting_.IsUp() || (!session_.CurrentTask() && !StartFirstDue(Now()))) return;
+  session_.Ticked();
+  if (!session_.CurrentTask() && (isStarting_.IsUp() || !StartFirstDue(Now()))) return;
   const TmxTask* const task = session_.CurrentTask();
   if (task && (tasks_.IndexOf(task) < 0 || !IsDue(*task, Now()))) session_.Stop();
 }
