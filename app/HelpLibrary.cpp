@@ -1,7 +1,5 @@
 #include "app/HelpLibrary.h"
 
-#include "foundation/ScopedFlag.h"
-
 namespace {
 constexpr UINT kDisplayTopic = 0x0000;
 
@@ -17,10 +15,10 @@ HelpLibrary::HelpLibrary() noexcept : module_(LoadLibraryA("hhctrl.ocx")) {
 
 void HelpLibrary::Show(HWND owner, const TmyString& file) noexcept {
   if (!show_) return;
-  const ScopedFlag showing(isShowing_);
+  const FrameFlag::Scope showing(isShowing_);
   owner_ = owner;
   window_ = show_(owner, file.Chars(), kDisplayTopic, 0);
-  hasThread_ = hasThread_ || !window_ || !IsOurs(window_);
+  mayHaveThread_ = mayHaveThread_ || !window_ || !IsOurs(window_);
 }
 
 // It runs a loop, a box of its own, say, or its window is being moved: the host may close us from there.
@@ -29,11 +27,11 @@ bool HelpLibrary::IsAtWork() const noexcept {
   about.cbSize = sizeof about;
   constexpr DWORD kLoops = GUI_INMOVESIZE | GUI_INMENUMODE | GUI_POPUPMENUMODE | GUI_SYSTEMMENUMODE;
   const bool isHeld = GetGUIThreadInfo(GetCurrentThreadId(), &about) && (about.flags & kLoops) != 0;
-  return isShowing_ || (window_ && isHeld);
+  return isShowing_.IsUp() || (window_ && isHeld);
 }
 
 void HelpLibrary::Unload() noexcept {
-  const bool stays = IsAtWork() || hasThread_;  // its code is yet to be returned to
+  const bool stays = IsAtWork() || mayHaveThread_;  // its code is yet to be returned to, or runs on in its thread
   if (window_ && IsWindow(window_)) {
     const HWND owner = GetWindow(window_, GW_OWNER);
     if (!owner || owner == owner_) IsOurs(window_) ? DestroyWindow(window_) : PostMessageA(window_, WM_CLOSE, 0, 0);

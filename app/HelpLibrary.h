@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "foundation/FrameFlag.h"
 #include "foundation/TmyString.h"
 
 class HelpLibrary {
@@ -26,6 +27,6 @@ class HelpLibrary {
   ShowFunction show_ = nullptr;
   HWND window_ = nullptr;  // the help window of the last Show; may be closed already
   HWND owner_ = nullptr;   // for which that was
-  bool isShowing_ = false;
-  bool hasThread_ = false;  // the system's library may show its windows from a thread of its own, which stays
+  FrameFlag isShowing_;
+  bool mayHaveThread_ = false;  // it showed a window of another thread, or none that tells; such a thread stays
 };

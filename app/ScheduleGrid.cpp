@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "foundation/ScopedFlag.h"
 #include "toolkit/TmyApplication.h"
 
 ScheduleGrid::ScheduleGrid(TmyComponent& parent) : grid_(new TmyStringGrid(parent)) {
@@ -65,8 +64,8 @@ void ScheduleGrid::MoveSort(int column) {
 }
 
 void ScheduleGrid::Refresh(const FilterRecord& filter, const ShownZone& zone, bool changedOnly) {
-  if (isRefreshing_) return;
-  const ScopedFlag refreshing(isRefreshing_);
+  if (isRefreshing_.IsUp()) return;
+  const FrameFlag::Scope refreshing(isRefreshing_);
   const uint32_t row = grid_->CurrentRow();
   const void* current = ShowsRecord(row) ? RecordAt(TmyStringGrid::RecordOf(row)) : nullptr;
   const bool filters = !changedOnly || !isFiltered_ || !(filter == filter_) || !(zone == zone_);

@@ -9,6 +9,7 @@
 #include "app/RecordSort.h"
 #include "app/RowMarks.h"
 #include "app/ShownZone.h"
+#include "foundation/FrameFlag.h"
 #include "foundation/TmyStringList.h"
 #include "toolkit/TmyStringGrid.h"
 
@@ -92,7 +93,7 @@ class ScheduleGrid : protected TmyGridModel {
   ShownZone zone_;
   SortOrder wanted_;
   SortOrder applied_;
-  int widthsTextHeight_ = 0;   // pixels, for which the columns' widths are meant
-  bool isFiltered_ = false;    // `filter_` has been applied to the records there are
-  bool isRefreshing_ = false;  // a refresh started inside a refresh does nothing
+  int widthsTextHeight_ = 0;  // pixels, for which the columns' widths are meant
+  bool isFiltered_ = false;   // `filter_` has been applied to the records there are
+  FrameFlag isRefreshing_;    // a refresh started inside a refresh does nothing
 };

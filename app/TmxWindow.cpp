@@ -12,7 +12,6 @@
 #include "download/TmxDownloadWindow.h"
 #include "foundation/Clock.h"
 #include "foundation/FolderFiles.h"
-#include "foundation/ScopedFlag.h"
 #include "foundation/SystemErrorText.h"
 #include "foundation/Trace.h"
 #include "plugin/DataFolders.h"
@@ -237,12 +236,12 @@ void TmxWindow::CheckForUpdates(TmyMenuItem&) {
 
 // Also when memory runs short inside, which ends the message that we are in.
 DownloadResult TmxWindow::RunDownload() {
-  const ScopedFlag open(isDownloading_);
+  const FrameFlag::Scope open(isDownloading_);
   return TmxDownloadWindow::Run(*this, DataFolder());
 }
 
 void TmxWindow::Download() {
-  if (isDownloading_) return;
+  if (isDownloading_.IsUp()) return;
   const DownloadResult result = RunDownload();
   if (!IsAlive()) return;
   if (!databases_.Reload(result.hasEibi)) return;
@@ -271,6 +270,7 @@ void TmxWindow::ShowChanged(bool visible) {
 void TmxWindow::Timer(uintptr_t id) {
   scheduler_.Tick();
   if (!IsAlive()) return;
+  if (scheduler_.ReadMissed()) desk_.TasksLoaded();
   desk_.Ticked();
   if (id == kTickTimer) {
     recorder_.KeepAwake();
@@ -284,12 +284,8 @@ void TmxWindow::Timer(uintptr_t id) {
 
 // Summer time begins and ends while the window is open. Rows that are to be exported stay as they are marked.
 void TmxWindow::FollowClock() {
-  const ShownZone zone = Zone();
-  const bool isOtherZone = !(shownZone_ == zone);
-  if ((!isOtherZone && !panel_->FollowsClock()) || IsClicking() || isExporting_) return;
-  if (isOtherZone) desk_.ZoneChanged();
-  Refresh(true);
-  shownZone_ = zone;  // from before the pass, and after it: what changes meanwhile, and what fails, is done again
+  const bool isDue = panel_->FollowsClock() || !(shownZone_ == Zone());
+  if (isDue && !IsClicking() && !isExporting_.IsUp()) Refresh(true);
 }
 
 void TmxWindow::Realign() {
@@ -342,21 +338,24 @@ void TmxWindow::MouseWheel(WPARAM keysAndNotches, TmyComponent* source) {
 // A click into the grid that takes the focus from an edit must not meet other rows: what was typed is applied already.
 // This runs inside the press, whose button may be up again.
 void TmxWindow::FilterChanged(bool changedOnly) {
-  const bool isInClick = GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0 || IsClicking();
-  if (!changedOnly || !isInClick) Refresh(changedOnly);
+  const bool isInPress = GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0;
+  if (!changedOnly || !(isInPress || MayClickAgain())) Refresh(changedOnly);
 }
 void TmxWindow::SortChanged() {
   Refresh(true);
 }
 
 void TmxWindow::Refresh(bool changedOnly) {
+  const ShownZone zone = Zone();
+  if (!(shownZone_ == zone)) desk_.ZoneChanged();
   FilterChoices choices = panel_->Choices();
-  choices.utcShown = utc_;
-  choices.localOffset = Clock::LocalOffsetSeconds();
+  choices.utcShown = zone.utc;
+  choices.localOffset = zone.localOffset;
   choices.utcNow = SecondsOfDay(Clock::Utc());
   ScheduleGrid& grid = Shown();
-  grid.Refresh(BuildFilterRecord(choices), Zone(), changedOnly);
+  grid.Refresh(BuildFilterRecord(choices), zone, changedOnly);
   status_->SetCounts(grid.ShownCount(), grid.RecordCount());
+  shownZone_ = zone;  // last: what fails is done again
 }
 
 ShownZone TmxWindow::Zone() const {
@@ -370,8 +369,11 @@ void TmxWindow::AutoTuningChanged() {
 // Rows that moved between the two clicks of a double click, or under a right button that is down, would tune to another
 // broadcast. A double click is counted from the first release on.
 bool TmxWindow::IsClicking() const {
-  return IsHeld(VK_LBUTTON) || IsHeld(VK_RBUTTON) ||
-         (hasClick_ && Clock::Ticks() - lastClick_ <= 2 * GetDoubleClickTime());
+  return IsHeld(VK_LBUTTON) || IsHeld(VK_RBUTTON) || MayClickAgain();
+}
+
+bool TmxWindow::MayClickAgain() const {
+  return hasClick_ && Clock::Ticks() - lastClick_ <= 2 * GetDoubleClickTime();
 }
 
 void TmxWindow::RowClicked(uint32_t row) {
@@ -428,9 +430,9 @@ void TmxWindow::ShowDetails(TmyMenuItem&) {
 }
 
 void TmxWindow::ExportCsv(TmyMenuItem&) {
-  if (isExporting_) return;
+  if (isExporting_.IsUp()) return;
   const ModulePin pin;  // the dialog runs a loop of its own
-  const ScopedFlag exporting(isExporting_);
+  const FrameFlag::Scope exporting(isExporting_);
   const TmyString path = AskForCsvFile(Handle(), exportFolder_);
   if (!IsAlive() || path.IsEmpty()) return;
   if (const TmyString folder = FolderOf(path); !folder.IsEmpty()) exportFolder_ = folder;
@@ -461,10 +463,7 @@ void TmxWindow::Exit(TmyMenuItem&) {
 void TmxWindow::ToggleUtc(TmyMenuItem& item) {
   utc_ = !utc_;
   item.Check(utc_);
-  const ShownZone zone = Zone();
-  desk_.ZoneChanged();
   Refresh(false);
-  shownZone_ = zone;
 }
 
 int TmxWindow::RunBox(TmyMsgBox& box) {

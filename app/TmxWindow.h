@@ -17,6 +17,7 @@
 #include "app/MainSettings.h"
 #include "app/SchedulerDesk.h"
 #include "app/StatusBar.h"
+#include "foundation/FrameFlag.h"
 #include "plugin/HostInfo.h"
 #include "plugin/HostLink.h"
 #include "plugin/PluginInstance.h"
@@ -91,7 +92,8 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   void SortChanged();
   void Refresh(bool changedOnly);
   void TuneTo(uint32_t row);
-  [[nodiscard]] bool IsClicking() const;  // a button is down, or a second click may still come
+  [[nodiscard]] bool IsClicking() const;  // a button is down, or:
+  [[nodiscard]] bool MayClickAgain() const;
 
   HostInfo hostInfo_;
   HostLink link_;
@@ -121,7 +123,7 @@ class TmxWindow : public TmyComponent, public PluginInstance {
   bool isReady_ = false;    // all children exist
   bool showsHfcc_ = false;  // the grid that is seen, and acted on; the panel's choice may be a step ahead
   ShownZone shownZone_;     // of all times
-  bool isExporting_ = false;
+  FrameFlag isExporting_;
   bool isDatabaseQuestionAsked_ = false;
-  bool isDownloading_ = false;  // the download window is open
+  FrameFlag isDownloading_;  // the download window is open
 };

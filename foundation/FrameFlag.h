@@ -4,34 +4,42 @@
 //   if (isTuning_.IsUp()) ...
 //
 // A host's own exception may pass through our frames, and its message loop goes on as if nothing had been: no
-// destructor of ours runs then, and a plain flag would be up for good. A scope that lies below whoever asks is gone.
-// One thread only. The flag must outlive its scopes.
+// destructor of ours runs then, and a plain flag or a count would be up for good. Scopes that lie below whoever asks
+// are gone. The outermost one is remembered: what an exception leaves inside of it goes with it.
+// One thread only. The flag must outlive its scopes; two of them do not share a function's frame.
 #pragma once
 
 #include <cstdint>
-#include <utility>
 
 class FrameFlag {
  public:
   class Scope {
    public:
-    explicit Scope(FrameFlag& flag) noexcept : flag_(flag), before_(std::exchange(flag.innermost_, this)) {}
+    explicit Scope(FrameFlag& flag) noexcept : flag_(flag) {
+      if (!flag.IsAbove(this)) flag.outermost_ = this;
+    }
     Scope(const Scope&) = delete;
     Scope& operator=(const Scope&) = delete;
-    ~Scope() { flag_.innermost_ = before_; }
+    ~Scope() {
+      if (IsOutermost()) flag_.outermost_ = nullptr;
+    }
+    [[nodiscard]] bool IsOutermost() const noexcept { return flag_.outermost_ == this; }
 
    private:
     FrameFlag& flag_;
-    const Scope* before_;
   };
 
-  // Inlined, or it would ask for its own frame. The stack grows downwards.
+  // Inlined, or it would ask for its own frame.
   [[nodiscard, gnu::always_inline]] bool IsUp() const noexcept {
-    const auto asker = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
-    if (reinterpret_cast<uintptr_t>(innermost_) <= asker) innermost_ = nullptr;
-    return innermost_ != nullptr;
+    if (!IsAbove(__builtin_frame_address(0))) outermost_ = nullptr;
+    return outermost_ != nullptr;
   }
 
  private:
-  mutable const Scope* innermost_ = nullptr;
+  // The stack grows downwards.
+  [[nodiscard]] bool IsAbove(const void* place) const noexcept {
+    return reinterpret_cast<uintptr_t>(outermost_) > reinterpret_cast<uintptr_t>(place);
+  }
+
+  mutable const Scope* outermost_ = nullptr;  // compared, never followed: it may be gone
 };

@@ -74,16 +74,18 @@ bool AudioFeed::FitSize(const AudioBlock& block) {
 bool AudioFeed::GoOnInNextFile(const AudioBlock& block, const TmyString& next) {
   if (next.Length() <= recorder_.FileName().Length()) return false;  // no memory: it could be the file itself
   bool hasMemory = true;
-  isChangingFile_ = true;
-  recorder_.HoldFocus(true);
-  try {
-    BeginFile(next, block);
-  } catch (const std::bad_alloc&) {
-    hasMemory = false;
+  {
+    const FrameFlag::Scope change(recorder_.FileChange());
+    goesOn_ = true;
+    try {
+      BeginFile(next, block);
+    } catch (const std::bad_alloc&) {
+      hasMemory = false;
+    }
+    goesOn_ = false;
   }
-  isChangingFile_ = false;
-  recorder_.HoldFocus(false);
   if (!recorder_.IsAlive()) return false;
+  recorder_.KeepFocus();
   const TmyWaveFilePCM* const file = recorder_.File();
   const bool begun = recorder_.StateCode() == TmyMediaPlayer::kRecording && file && recorder_.FileName() == next;
   const bool goesOn = begun && file->IsOpen() && HasFormatOf(block);
@@ -95,7 +97,7 @@ bool AudioFeed::GoOnInNextFile(const AudioBlock& block, const TmyString& next) {
 
 void AudioFeed::BeginFile(const TmyString& next, const AudioBlock& block) {
   recorder_.StopRecording();
-  const bool goesOn = isChangingFile_ && recorder_.IsAlive() && recorder_.StateCode() == TmyMediaPlayer::kIdle;
+  const bool goesOn = goesOn_ && recorder_.IsAlive() && recorder_.StateCode() == TmyMediaPlayer::kIdle;
   if (goesOn) recorder_.StartRecording(next, block.SampleRate(), block.Channels(), kBits);
 }
 

@@ -29,9 +29,9 @@ class AudioFeed {
   void Feed(uint32_t kind, const void* hostBlock);
 
   // One file has ended and the next one not begun: the recording goes on.
-  [[nodiscard]] bool IsChangingFile() const noexcept { return isChangingFile_; }
-  void EndRecording() noexcept { isChangingFile_ = false; }  // at such a moment: no next file is begun
-  void FreeMemory() noexcept;                                // what a recording of large blocks has left
+  [[nodiscard]] bool IsChangingFile() const noexcept { return goesOn_ && recorder_.FileChange().IsUp(); }
+  void EndRecording() noexcept { goesOn_ = false; }  // at such a moment: no next file is begun
+  void FreeMemory() noexcept;                        // what a recording of large blocks has left
 
  private:
   bool Accepts(uint32_t kind, const AudioBlock& block) const noexcept;
@@ -48,5 +48,5 @@ class AudioFeed {
   TmyMediaPlayer& recorder_;
   uint64_t largestData_;
   std::vector<uint8_t> converted_;
-  bool isChangingFile_ = false;
+  bool goesOn_ = false;  // a next file is to be begun
 };

@@ -26,6 +26,9 @@ class RecordingSession {
   // over. False in that case, when the host closed the plug-in, from the grid while another start tunes, and without
   // memory.
   bool Start(const char* prefix, uint64_t frequencyHz, uint32_t mode, TmxTask* task);
+  // From high on the stack, each time: who asks from deeper would not see that a tuning has ended by an exception of
+  // the host's.
+  void Ticked() noexcept { static_cast<void>(isTuning_.IsUp()); }
   void Stop();              // finishes the file of whatever the panel records; the task itself stays as it is
   void FrequencyChanged();  // told by the host
   void MediaStateChanged(int32_t state);

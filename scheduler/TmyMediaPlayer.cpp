@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "foundation/ScopedFlag.h"
 #include "plugin/DataFolders.h"
 #include "scheduler/TmyWaveFilePCM.h"
 #include "scheduler/TransportGlyphs.h"
@@ -27,8 +26,8 @@ constexpr uint32_t kFileBuffer = 0x100000;  // bytes
 constexpr char kInitialTime[] = "00:00:00 / 00:00:00";
 constexpr int kButtonGap = 4;  // all at 96 dpi
 constexpr int kMinimumSlider = 80;
-constexpr int kDot = 10;       // the sign that something is being recorded
-constexpr int kDotInset = 16;  // sixteenths of a pixel
+constexpr int kDot = 10;                      // the sign that something is being recorded
+constexpr int kDotInset = ThemeDraw::kUnits;  // a pixel
 
 struct Time {
   int hours, minutes, seconds;
@@ -260,18 +259,18 @@ void TmyMediaPlayer::Record() {
   parametersWanted(parameters);
   // The owner may have gone, or have begun something itself.
   if (!IsAlive() || state_ != kIdle) return;
-  const ScopedFlag beginning(isRecordPressed_);
+  const FrameFlag::Scope beginning(isRecordPressed_);
   StartRecording(parameters.fileName, parameters.sampleRate, parameters.channels, parameters.bits);
 }
 
 TmyString TmyMediaPlayer::ChooseFile() {
   const ModulePin pin;  // the dialog runs a loop of its own
-  const ScopedFlag choosing(choosing_);
+  const FrameFlag::Scope choosing(choosing_);
   return AskForWavFile(TopLevel()->Handle(), RecordingsFolder());
 }
 
 void TmyMediaPlayer::OpenFile() {
-  if (choosing_) return;
+  if (choosing_.IsUp()) return;
   const TmyString chosen = ChooseFile();
   if (!IsAlive() || chosen.IsEmpty() || IsRecordingState()) return;  // a recording that began meanwhile goes on
   if (state_ != kIdle) Stop();
@@ -336,16 +335,11 @@ void TmyMediaPlayer::UpdateButtons() {
 // begins by itself that is nothing, least of all Stop: a press that is meant for another button would end it.
 void TmyMediaPlayer::KeepFocus() {
   const TmyControl* focused = FocusedControl();
-  if (holdsFocus_ || !focused || focused->IsEnabled() || !IsEnabled()) return;
-  if (IsRecordingState() && !isRecordPressed_) return FocusDrawn(nullptr);
+  if (fileChange_.IsUp() || !focused || focused->IsEnabled() || !IsEnabled()) return;
+  if (IsRecordingState() && !isRecordPressed_.IsUp()) return FocusDrawn(nullptr);
   for (const Button next : {IsRecordingState() ? kStop : kPause, kPlay, kOpen}) {
     if (buttons_[next].IsEnabled()) return FocusDrawn(&buttons_[next]);
   }
-}
-
-void TmyMediaPlayer::HoldFocus(bool held) {
-  holdsFocus_ = held;
-  if (!held) KeepFocus();
 }
 
 void TmyMediaPlayer::MoveFocus(int direction) {

@@ -13,6 +13,7 @@
 #include <array>
 #include <memory>
 
+#include "foundation/FrameFlag.h"
 #include "scheduler/MciWave.h"
 #include "toolkit/TmyPanel.h"
 #include "toolkit/TmySlider.h"
@@ -57,8 +58,10 @@ class TmyMediaPlayer : public TmyPanel {
   [[nodiscard]] TmySlider& Slider() noexcept { return *slider_; }
   [[nodiscard]] const TmyString& TimeText() const noexcept { return time_.Text(); }
 
-  // Meanwhile buttons may be disabled for a moment: the one with the keyboard keeps it, if it is enabled at the end.
-  void HoldFocus(bool held);
+  // Up while one file ends and the next one begins. Buttons are disabled for a moment only: the one with the keyboard
+  // keeps it; KeepFocus comes afterwards.
+  [[nodiscard]] FrameFlag& FileChange() noexcept { return fileChange_; }
+  void KeepFocus();
 
   // Pixels for a width: the slider and the label get a row of their own when there is no room beside the buttons.
   [[nodiscard]] int PreferredHeight(int width) const;
@@ -95,7 +98,6 @@ class TmyMediaPlayer : public TmyPanel {
   [[nodiscard]] bool Does(Button button) const;  // whether pressing it does anything now
   void SetFile(const TmyString& fileName);
   void MoveFocus(int direction);
-  void KeepFocus();
   void RepaintDot();
   [[nodiscard]] RECT DotArea() const;
   [[nodiscard]] int ButtonsWidth() const;  // pixels
@@ -111,10 +113,10 @@ class TmyMediaPlayer : public TmyPanel {
   std::unique_ptr<TmyWaveFilePCM> file_;
   TmyString fileName_;
   State state_ = kIdle;
-  int64_t shownFirst_ = 0;        // seconds that the label shows
-  int64_t shownSecond_ = 0;       // negative: not shown
-  uint32_t stops_ = 0;            // times in a row that a device that should play was found not to
-  bool isRecordPressed_ = false;  // while its recording begins
-  bool holdsFocus_ = false;
-  bool choosing_ = false;  // the open dialog is up
+  int64_t shownFirst_ = 0;     // seconds that the label shows
+  int64_t shownSecond_ = 0;    // negative: not shown
+  uint32_t stops_ = 0;         // times in a row that a device that should play was found not to
+  FrameFlag isRecordPressed_;  // while its recording begins
+  FrameFlag fileChange_;
+  FrameFlag choosing_;  // the open dialog is up
 };

@@ -6,7 +6,7 @@
 
 #include "toolkit/TmyApplication.h"
 
-int ModulePin::active_ = 0;
+FrameFlag ModulePin::active_;
 bool ModulePin::isGoing_ = false;
 
 namespace {
@@ -21,13 +21,12 @@ HMODULE Reference() noexcept {
 
 }  // namespace
 
-ModulePin::ModulePin() noexcept {
-  ++active_;
+ModulePin::ModulePin() noexcept : scope_(active_) {
   if (!pinned && !isGoing_) pinned = Reference();
 }
 
 void ModulePin::ReleaseUnused() noexcept {
-  const bool isOnStack = TmyApplication::Exists() && TmyApplication::Get().IsDispatching();
-  if (active_ != 0 || !pinned || isOnStack) return;
+  const bool isOnStack = TmyApplication::Exists() && TmyApplication::Get().Dispatching().IsUp();
+  if (active_.IsUp() || !pinned || isOnStack) return;
   FreeLibrary(std::exchange(pinned, nullptr));
 }

@@ -7,10 +7,11 @@
 // nothing inside a message to a window of ours: the host may have closed the plug-in there and unload it next.
 #pragma once
 
+#include "foundation/FrameFlag.h"
+
 class ModulePin {
  public:
   ModulePin() noexcept;
-  ~ModulePin() { --active_; }
   ModulePin(const ModulePin&) = delete;
   ModulePin& operator=(const ModulePin&) = delete;
 
@@ -19,6 +20,8 @@ class ModulePin {
   static void ModuleGoes() noexcept { isGoing_ = true; }
 
  private:
-  static int active_;  // loops running now
+  static FrameFlag active_;  // a loop is running
   static bool isGoing_;
+
+  FrameFlag::Scope scope_;
 };

@@ -116,8 +116,8 @@ void TmyApplication::RegisterWindowClass() {
 }
 
 // Top-level windows take their children along; they go first, for they still use their children while they end. A
-// window of another thread, helpers and sockets included, cannot be destroyed from here: it loses its object and the
-// window procedure, and so every call into this module.
+// window of another thread, helpers and sockets included, cannot be destroyed from here: it loses its object and our
+// window procedure, and so every call into this module, and goes when its thread hears of it.
 void TmyApplication::DestroyWindows() noexcept {
   for (const bool children : {false, true}) {
     for (uint32_t i = windows_.Count(); i-- > 0;) {
@@ -129,10 +129,11 @@ void TmyApplication::DestroyWindows() noexcept {
     }
   }
   for (uint32_t i = 0; i < windows_.Count(); ++i) {
-    const HWND handle = static_cast<TmyWindowBase*>(windows_.Get(i))->Handle();
+    auto& window = *static_cast<TmyWindowBase*>(windows_.Get(i));
+    const HWND handle = window.Handle();
     if (!handle || GetWindowThreadProcessId(handle, nullptr) == GetCurrentThreadId()) continue;
-    SetWindowLongPtrA(handle, GWLP_USERDATA, 0);
-    SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcA));
+    window.DetachOnDestroy();
+    PostMessageA(handle, WM_CLOSE, 0, 0);
   }
 }
 
@@ -179,8 +180,7 @@ void TmyApplication::Bury(TmyWindowBase& window) noexcept {
   window.buriedBefore_ = std::exchange(buried_, &window);
 }
 
-void TmyApplication::LeaveDispatch() {
-  if (--dispatchDepth_ > 0) return;
+void TmyApplication::DeleteBuried() noexcept {
   while (buried_) delete std::exchange(buried_, buried_->buriedBefore_);
 }
 

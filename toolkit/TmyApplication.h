@@ -6,6 +6,7 @@
 
 #include <memory>
 
+#include "foundation/FrameFlag.h"
 #include "foundation/TmyTypeList.h"
 #include "toolkit/TmyTheme.h"
 
@@ -66,11 +67,11 @@ class TmyApplication {
   void WindowCreated(TmyWindowBase& window);
   [[nodiscard]] const TmyList& Windows() const noexcept { return windows_; }  // live window objects, oldest first
 
-  // Destroyed windows' objects are deleted when the outermost message has returned.
-  void EnterDispatch() noexcept { ++dispatchDepth_; }
-  void LeaveDispatch();
-  [[nodiscard]] bool IsDispatching() const noexcept { return dispatchDepth_ > 0; }  // code of ours is on the stack
+  // Up while a message or another hold (TmyWindowBase::Hold) is in progress: code of ours is on the stack.
+  [[nodiscard]] FrameFlag& Dispatching() noexcept { return dispatching_; }
+  // Destroyed windows' objects wait for the end of the outermost message.
   void Bury(TmyWindowBase& window) noexcept;
+  void DeleteBuried() noexcept;
 
   void ShowToolTip(const TmyControl& control, const char* text);  // at the cursor, until HideToolTip or some seconds
   void HideToolTip() noexcept;
@@ -91,8 +92,8 @@ class TmyApplication {
   std::unique_ptr<DebugListing> listing_;
   TmyTypeList<TmyPopupFocus> focusRecords_;
   TmyList windows_;                  // TmyWindowBase pointers, not owned
-  TmyWindowBase* buried_ = nullptr;  // the last one whose window is gone; owned until LeaveDispatch deletes them
-  uint32_t dispatchDepth_ = 0;
+  TmyWindowBase* buried_ = nullptr;  // the last one whose window is gone; owned until DeleteBuried
+  FrameFlag dispatching_;
   TmyComponent* mainWindow_ = nullptr;    // not owned
   TmyComponent* activeWindow_ = nullptr;  // not owned
   uint32_t lastMessageTime_ = 0;

@@ -70,7 +70,6 @@ void TmyWindowBase::Adopt(HWND other) {
   StoreObject(own, nullptr);
   DestroyWindow(own);
   handle_ = other;
-  adopted_ = true;
   previous_ = procedure;
   if (TmyComponent* parent = GetParent(); parent && parent->IsAlive()) {
     SendMessageA(parent->Handle(), WM_PARENTNOTIFY, WM_CREATE, reinterpret_cast<LPARAM>(other));
@@ -136,18 +135,16 @@ LRESULT TmyWindowBase::Dispatch(HWND handle, UINT message, WPARAM wParam, LPARAM
   }
 }
 
-// An adopted window still has its own procedure's memory to free at WM_NCDESTROY: it gets that procedure back.
+// An adopted window gets its own procedure back, which still has memory to free.
 void TmyWindowBase::DetachOnDestroy() noexcept {
   if (!handle_) return;
   StoreObject(handle_, nullptr);
-  if (adopted_) SetProcedure(handle_, previous_);
+  SetProcedure(handle_, previous_);
   handle_ = nullptr;
 }
 
-TmyWindowBase::Hold::Hold() {
-  TmyApplication::Get().EnterDispatch();
-}
+TmyWindowBase::Hold::Hold() : dispatching_(TmyApplication::Get().Dispatching()) {}
 
 TmyWindowBase::Hold::~Hold() {
-  if (TmyApplication::Exists()) TmyApplication::Get().LeaveDispatch();
+  if (dispatching_.IsOutermost()) TmyApplication::Get().DeleteBuried();
 }

@@ -10,6 +10,8 @@
 
 #include <windows.h>
 
+#include "foundation/FloatMode.h"
+#include "foundation/FrameFlag.h"
 #include "foundation/TmyString.h"
 #include "toolkit/TmyControl.h"
 
@@ -50,12 +52,17 @@ class TmyWindowBase : public TmyControl {
 
   // Keeps the objects (not the windows) of all destroyed windows alive for a block. Every message holds; a function
   // that goes on after something that may destroy its object outside of any message does so itself. Check IsAlive then.
+  // It lies on the stack.
   class Hold {
    public:
     Hold();
     ~Hold();
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
+
+   private:
+    KeptFloatMode floatMode_;  // dialogs and sound are begun inside messages
+    FrameFlag::Scope dispatching_;
   };
 
   static LRESULT CALLBACK StaticWndProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
@@ -78,5 +85,4 @@ class TmyWindowBase : public TmyControl {
   Hook hook_ = nullptr;
   TmyWindowBase* buriedBefore_ = nullptr;  // in the chain of those that wait for their deletion
   bool beingDestroyed_ = true;  // not to be deleted later: before it has its window, and once that is decided
-  bool adopted_ = false;
 };

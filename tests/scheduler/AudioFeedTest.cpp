@@ -22,7 +22,6 @@ struct AudioFeedTest : testing::Test {
   }
 
   TemporaryFolder folder_;
-  TmyWindowBase::Hold hold_;
   TmyComponent* const window_ = new TmyComponent("", WS_POPUP, 0, 0, 0, 600, 100, nullptr);
   TmyMediaPlayer* const recorder_ = new TmyMediaPlayer(*window_);
   AudioFeed feed_{*recorder_, 8000};

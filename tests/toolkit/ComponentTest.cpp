@@ -39,9 +39,13 @@ class Window : public TmyComponent {
     events_.push_back("wheel " + std::to_string(static_cast<int16_t>(HIWORD(keysAndNotches))));
   }
   void Timer(uintptr_t) override {
+    if (hostsFrame) __builtin_longjmp(hostsFrame, 1);
+    _MM_SET_ROUNDING_MODE(_MM_ROUND_DOWN);
     TopLevel()->Destroy();
     events_.push_back(IsAlive() ? "alive" : "destroyed");
   }
+
+  void** hostsFrame = nullptr;
 
  private:
   Events& events_;
@@ -135,6 +139,17 @@ TEST_F(ComponentTest, AHandlerMayDestroyTheWholeWindowAndTheObjectsGoWithTheMess
   Input::Tick(*new Window(events_, doomed, WS_CHILD));
   EXPECT_THAT(events_, ElementsAre("destroyed", "deleted", "deleted", "deleted"));
   EXPECT_FALSE(IsWindow(owned));
+  EXPECT_EQ(_MM_GET_ROUNDING_MODE(), _MM_ROUND_NEAREST) << "what the handler changed is the host's again";
+}
+
+TEST_F(ComponentTest, AnExceptionOfTheHostsOutOfAHandlerLeavesNothingInProgress) {
+  static void* frame[5];
+  auto* left = new Window(events_);
+  left->hostsFrame = frame;
+  if (__builtin_setjmp(frame) == 0) TmyWindowBase::StaticWndProc(left->Handle(), WM_TIMER, 1, 0);
+  EXPECT_FALSE(TmyApplication::Get().Dispatching().IsUp());
+  left->Destroy();
+  EXPECT_THAT(events_, ElementsAre("deleted"));
 }
 
 TEST_F(ComponentTest, KeysAreTheWindowsOwnInALoopForDialogs) {

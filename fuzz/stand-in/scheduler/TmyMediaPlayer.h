@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "foundation/FrameFlag.h"
 #include "scheduler/TmyWaveFilePCM.h"
 #include "toolkit/TmyEvent.h"
 
@@ -20,7 +21,8 @@ class TmyMediaPlayer {
     return 1;
   }
   int32_t Write(const void* data, uint32_t length) { return file_ && file_->Write(data, length); }
-  void HoldFocus(bool) {}
+  FrameFlag& FileChange() { return fileChange_; }
+  void KeepFocus() {}
   [[nodiscard]] bool IsAlive() const { return true; }
   [[nodiscard]] int32_t StateCode() const { return file_ ? kRecording : kIdle; }
   [[nodiscard]] TmyWaveFilePCM* File() const { return file_.get(); }
@@ -29,4 +31,5 @@ class TmyMediaPlayer {
  private:
   std::unique_ptr<TmyWaveFilePCM> file_;
   TmyString fileName_;
+  FrameFlag fileChange_;
 };
