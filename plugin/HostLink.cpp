@@ -9,7 +9,6 @@ void HostLink::Connect(HostCallback callback, uint32_t instance) noexcept {
 
 void HostLink::Disconnect() noexcept {
   callback_ = nullptr;
-  *gone_ = true;
 }
 
 uint32_t HostLink::Call(uint32_t code, uint32_t a, uint32_t b, uint32_t c) noexcept {
@@ -36,12 +35,11 @@ bool HostLink::Tune(uint32_t frequencyHz, uint32_t mode) noexcept {
                                                  {HostCode::kTuneMode, mode},
                                                  {HostCode::kTuneThird, 0},
                                                  {HostCode::kTuneFourth, HostCode::kTuneFourthValue}};
-  const std::shared_ptr<bool> gone = gone_;  // not on the stack: an exception of the host's may leave that behind
   const uint32_t tuning = ++tunings_;
   for (const auto& [code, a] : steps) {
     if (tuning != tunings_) break;  // the host let something else tune inside, to which the rest does not belong
     Call(code, a);
-    if (*gone) return false;  // and `this` may be gone
+    if (!callback_) return false;
   }
   return true;
 }

@@ -6,8 +6,6 @@
 // The host runs inside each call and may close the plug-in there. A link that is not connected drops its calls.
 #pragma once
 
-#include <memory>
-
 #include "foundation/Compiler.h"
 
 // A host's function: (instance, code, a, b, c).
@@ -54,7 +52,7 @@ inline constexpr char kProductCaption[] = "Marlux 3";
 
 class HostLink {
  public:
-  HostLink() = default;  // throws std::bad_alloc
+  HostLink() = default;
   HostLink(const HostLink&) = delete;
   HostLink& operator=(const HostLink&) = delete;
   ~HostLink() { Disconnect(); }
@@ -68,7 +66,7 @@ class HostLink {
   // of the two calls.
   void TellClosed() noexcept;
   // The four steps in order, the rest of which is left out when something else tunes inside one of them. False when the
-  // host closed the plug-in there (the link itself may be gone) or when the link is not connected.
+  // host closed the plug-in there or when the link is not connected. The caller holds the window that the link is of.
   bool Tune(uint32_t frequencyHz, uint32_t mode) noexcept;
   void TellMediaState(bool playing) noexcept;
 
@@ -87,6 +85,4 @@ class HostLink {
   HostCallback callback_ = nullptr;
   uint32_t instance_ = 0;
   uint32_t tunings_ = 0;  // tells one from another that the host begins inside it
-  // A running Tune looks at it: the link may disconnect, or be gone, meanwhile.
-  std::shared_ptr<bool> gone_ = std::make_shared<bool>(false);
 };

@@ -20,38 +20,38 @@ struct HostLinkTest : testing::Test {
   HostLinkTest() {
     codes.clear();
     inside = nullptr;
-    link_->Connect(Host, 77);
+    link_.Connect(Host, 77);
   }
-  std::unique_ptr<HostLink> link_ = std::make_unique<HostLink>();
+  HostLink link_;
 };
 
 }  // namespace
 
 TEST_F(HostLinkTest, AfterTheFarewellNothingReachesTheHost) {
   inside = [this] {
-    if (codes.back() == 0x4000) link_->TellMediaState(false);  // what a host may cause by ending us inside the call
+    if (codes.back() == 0x4000) link_.TellMediaState(false);  // what a host may cause by ending us inside the call
   };
-  link_->TellClosed();
-  EXPECT_FALSE(link_->Tune(1, 1));
-  EXPECT_EQ(link_->CurrentFrequencyRaw(), 0u);
-  link_->TellStarted();
-  link_->TellClosed();
+  link_.TellClosed();
+  EXPECT_FALSE(link_.Tune(1, 1));
+  EXPECT_EQ(link_.CurrentFrequencyRaw(), 0u);
+  link_.TellStarted();
+  link_.TellClosed();
   EXPECT_THAT(codes, testing::ElementsAre(0x1509, 0x4000));
 }
 
 TEST_F(HostLinkTest, ANestedTuneHasTheLastWord) {
-  inside = [this] { EXPECT_TRUE(codes.size() != 1 || link_->Tune(2, 1)); };
-  EXPECT_TRUE(link_->Tune(1, 1));
+  inside = [this] { EXPECT_TRUE(codes.size() != 1 || link_.Tune(2, 1)); };
+  EXPECT_TRUE(link_.Tune(1, 1));
   EXPECT_EQ(codes.size(), 5u);
 }
 
 TEST_F(HostLinkTest, TheOuterTuneNoticesAnEndInsideANestedOne) {
   inside = [this] {
     const size_t count = codes.size();
-    EXPECT_FALSE(count == 1 && link_->Tune(2, 1));
-    if (count == 3) link_.reset();
+    EXPECT_FALSE(count == 1 && link_.Tune(2, 1));
+    if (count == 3) link_.Disconnect();
   };
-  EXPECT_FALSE(link_->Tune(1, 1));
+  EXPECT_FALSE(link_.Tune(1, 1));
   EXPECT_EQ(codes.size(), 3u);
 }
 
@@ -59,7 +59,7 @@ TEST_F(HostLinkTest, DecodesTheCurrentFrequency) {
   std::vector<int64_t> decoded;
   for (const uint32_t raw : {0x64u, 0x80000064u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
     answer = raw;
-    decoded.push_back(link_->CurrentFrequency());
+    decoded.push_back(link_.CurrentFrequency());
   }
   EXPECT_THAT(decoded, testing::ElementsAre(100, 1000, 2147483647, 0, 21474836470));
 }
