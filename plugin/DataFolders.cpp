@@ -19,17 +19,19 @@ TmyString Whole(std::string_view path) {
   return text;
 }
 
-// Letters that the system's code page lacks come as others, and the path leads to a folder that is not there. The short
-// name of the same folder has none such. Nothing where the path is right, or where there is no short one.
-std::string ShortName(const char* path, int folder) {
-  wchar_t wide[MAX_PATH] = L"";
-  wchar_t back[MAX_PATH] = L"";
-  const bool isTold = SUCCEEDED(SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, wide));
-  if (!isTold || (MultiByteToWideChar(CP_ACP, 0, path, -1, back, MAX_PATH) && wcscmp(wide, back) == 0)) return {};
-  const DWORD length = GetShortPathNameW(wide, back, MAX_PATH);
-  char name[MAX_PATH] = "";
-  if (length == 0 || length >= MAX_PATH) return {};
-  return WideCharToMultiByte(CP_ACP, 0, back, -1, name, MAX_PATH, nullptr, nullptr) ? name : "";
+std::string InCodePage(const wchar_t* path) {
+  char text[MAX_PATH] = "";
+  return WideCharToMultiByte(CP_ACP, 0, path, -1, text, MAX_PATH, nullptr, nullptr) ? text : "";
+}
+
+// Letters that the system's code page lacks become others, and the path would lead to a folder that is not there. The
+// short name of the same folder has none such, where the drive has short names.
+std::string NameOf(const wchar_t* path) {
+  wchar_t other[MAX_PATH] = L"";
+  const std::string name = InCodePage(path);
+  if (MultiByteToWideChar(CP_ACP, 0, name.c_str(), -1, other, MAX_PATH) && wcscmp(path, other) == 0) return name;
+  const DWORD length = GetShortPathNameW(path, other, MAX_PATH);
+  return length > 0 && length < MAX_PATH ? InCodePage(other) : name;
 }
 
 }  // namespace
@@ -37,10 +39,9 @@ std::string ShortName(const char* path, int folder) {
 TmyString DocumentsFolder() {
   // A documents folder that does not exist counts as a failure at first; it is made with the rest of the path.
   for (const int flags : {0, CSIDL_FLAG_DONT_VERIFY}) {
-    char path[MAX_PATH] = "";
-    if (SUCCEEDED(SHGetFolderPathA(nullptr, CSIDL_PERSONAL | flags, nullptr, SHGFP_TYPE_CURRENT, path))) {
-      const std::string other = ShortName(path, CSIDL_PERSONAL | flags);
-      return Whole(other.empty() ? path : other);
+    wchar_t path[MAX_PATH] = L"";
+    if (SUCCEEDED(SHGetFolderPathW(nullptr, CSIDL_PERSONAL | flags, nullptr, SHGFP_TYPE_CURRENT, path))) {
+      return Whole(NameOf(path));
     }
   }
   return {};

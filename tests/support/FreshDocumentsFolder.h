@@ -1,6 +1,6 @@
 // Marlux 3. A documents folder and a registry of a test's own, for as long as the object lives.
 //
-//   FreshDocumentsFolder documents;   // SHGetFolderPathA(CSIDL_PERSONAL) leads to documents.Path() now
+//   FreshDocumentsFolder documents;   // SHGetFolderPathW(CSIDL_PERSONAL) leads to documents.Path() now
 //
 // The shell asks the registry at each call, so this works within the running process. Not for two programs at once.
 #pragma once
