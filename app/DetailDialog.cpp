@@ -37,7 +37,7 @@ int OpenDialogs() {
 }  // namespace
 
 DetailDialog::DetailDialog(TmyComponent& owner)
-    : TmyDialog("Item details", kStyle, kExtendedStyle, 100, 100, &owner),
+    : TmyDialog("Item details", kStyle, kExtendedStyle, owner),
       grid_(new TmyStringGrid(*this)),
       close_(*this, "Close") {
   SetKeyPreview(true);
@@ -123,11 +123,7 @@ void DetailDialog::ThemeChanged() {
   TmyDialog::ThemeChanged();
   if (measuredHeight_ == Theme().TextHeight()) return;
   MeasureColumns();
-  const SIZE wanted = FittingSize();
-  const RECT work = WorkAreaAt(Bounds());
-  SetBounds(Bounds().left, Bounds().top, std::min<int>(wanted.cx, work.right - work.left),
-            std::min<int>(wanted.cy, work.bottom - work.top));
-  Realign();
+  PlaceCentred(*this, FittingSize());
 }
 
 std::string DetailDialog::TextToCopy() const {

@@ -42,7 +42,7 @@ bool TmxOptionsDialog::Choose(TmyComponent& owner, const std::vector<ColumnField
 
 TmxOptionsDialog::TmxOptionsDialog(TmyComponent& owner, const std::vector<ColumnField>& fields,
                                    const std::vector<uint32_t>& selected)
-    : TmyDialog("HFCC options", kStyle, kExtendedStyle, 100, 100, &owner),
+    : TmyDialog("HFCC options", kStyle, kExtendedStyle, owner),
       choice_(fields, selected),
       text_(*this, "Select columns to display in the HFCC table"),
       availableLabel_(*this, "Available columns"),

@@ -37,7 +37,7 @@ DownloadResult TmxDownloadWindow::Run(TmyComponent& owner, const TmyString& data
 }
 
 TmxDownloadWindow::TmxDownloadWindow(TmyComponent& owner)
-    : TmyDialog("Download", kStyle, kExtendedStyle, kWidth, kHeight, &owner),
+    : TmyDialog("Download", kStyle, kExtendedStyle, owner),
       line1_(*this),
       line2_(*this),
       bar_(new ProgressBar(*this)),

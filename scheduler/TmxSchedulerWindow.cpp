@@ -80,7 +80,7 @@ HWND DialogOn(HWND window, HWND other) noexcept {
 }  // namespace
 
 TmxSchedulerWindow::TmxSchedulerWindow(SchedulerOwner& owner)
-    : TmyDialog("Scheduler", kStyle, kExtendedStyle, kLeastWidth, kLeastHeight, &owner.Window()),
+    : TmyDialog("Scheduler", kStyle, kExtendedStyle, owner.Window()),
       owner_(owner),
       grid_(new TmyStringGrid(*this)),
       newTask_(*this, "New task"),

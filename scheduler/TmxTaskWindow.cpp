@@ -64,7 +64,7 @@ TmyString DayCaption(uint32_t bit) {
 }  // namespace
 
 TmxTaskWindow::TmxTaskWindow(SchedulerOwner& owner, TmyComponent& parent)
-    : TmyDialog("New Task", kStyle, kExtendedStyle, 100, 100, &parent),
+    : TmyDialog("New Task", kStyle, kExtendedStyle, parent),
       owner_(owner),
       lostTexts_(LostTexts()),
       enabled_(*this, "Enable task"),
@@ -235,7 +235,7 @@ void TmxTaskWindow::Paint(HDC dc) {
 void TmxTaskWindow::ThemeChanged() {
   MeasureModes();
   TmyDialog::ThemeChanged();
-  if (fittedHeight_ != Theme().TextHeight()) FitSize(*this);
+  FitSize(*this);
 }
 
 // Enter confirms from everywhere but the buttons, which it presses, and open lists, whose row it takes. The edits

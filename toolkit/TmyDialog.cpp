@@ -3,8 +3,8 @@
 #include "toolkit/CentredPlace.h"
 #include "toolkit/TabOrder.h"
 
-TmyDialog::TmyDialog(const char* caption, DWORD style, DWORD extendedStyle, int width, int height, TmyComponent* owner)
-    : TmyComponent(caption, style, extendedStyle, 0, 0, width, height, owner) {
+TmyDialog::TmyDialog(const char* caption, DWORD style, DWORD extendedStyle, TmyComponent& owner)
+    : TmyComponent(caption, style, extendedStyle, 0, 0, 1, 1, &owner) {  // until PlaceCentred
   SetDoubleBuffered(true);
 }
 
@@ -16,5 +16,5 @@ void TmyDialog::FocusChanged(bool focused) {
 void TmyDialog::PlaceCentred(const TmyComponent& around, SIZE size, int shift) {
   const RECT place = CentredPlace(around, size, shift);
   SetBounds(place.left, place.top, place.right - place.left, place.bottom - place.top);
-  Realign();
+  Realign();  // also where the size stays
 }

@@ -10,10 +10,11 @@ class TmyDialog : public TmyComponent {
   static constexpr int kConfirmed = 1;
   static constexpr int kCancelled = 2;
 
-  TmyDialog(const char* caption, DWORD style, DWORD extendedStyle, int width, int height, TmyComponent* owner);
+  TmyDialog(const char* caption, DWORD style, DWORD extendedStyle, TmyComponent& owner);
 
   void FocusChanged(bool focused) override;
 
  protected:
+  // Also lays the controls out.
   void PlaceCentred(const TmyComponent& around, SIZE size, int shift = 0);  // see CentredPlace; frame included
 };

@@ -22,7 +22,7 @@ int ButtonHeight() {
 
 TmyMsgBox::TmyMsgBox(TmyComponent& owner, const TmyString& title, const TmyString& text,
                      std::initializer_list<const char*> buttons)
-    : TmyDialog(title.Chars(), kStyle, kExtendedStyle, 100, 100, &owner), text_(new TmyLabel(*this, text)) {
+    : TmyDialog(title.Chars(), kStyle, kExtendedStyle, owner), text_(new TmyLabel(*this, text)) {
   for (const char* caption : buttons) {
     auto& button = buttons_.emplace_back(std::make_unique<Tmy_Btn>(*this, caption));
     button->clicked.Bind<&TmyMsgBox::Clicked>(this);
@@ -38,7 +38,6 @@ int TmyMsgBox::ButtonsWidth() const {
 }
 
 void TmyMsgBox::FitSize(const TmyComponent& around) {
-  fittedHeight_ = Theme().TextHeight();
   const SIZE text = text_->SizeFor(Theme().Scaled(kMostTextWidth));
   const int inner = std::max({static_cast<int>(text.cx), ButtonsWidth(), Theme().Scaled(kLeastTextWidth)});
   RECT frame = {0, 0, inner + 2 * Margin(), static_cast<int>(text.cy) + ButtonHeight() + 3 * Margin()};
@@ -49,7 +48,7 @@ void TmyMsgBox::FitSize(const TmyComponent& around) {
 
 void TmyMsgBox::ThemeChanged() {
   TmyDialog::ThemeChanged();
-  if (fittedHeight_ != Theme().TextHeight()) FitSize(*this);
+  FitSize(*this);
 }
 
 void TmyMsgBox::Enlarge(int widthPercent, int heightPercent) {

@@ -32,8 +32,7 @@ class TmyMsgBox : public TmyDialog {
   [[nodiscard]] int ButtonsWidth() const;
   void Clicked(Tmy_Btn& button);
 
-  TmyLabel* text_;        // belongs to its window
-  int fittedHeight_ = 0;  // of the theme's text when the box was sized
+  TmyLabel* text_;  // belongs to its window
   int widthPercent_ = 100;
   int heightPercent_ = 100;
   std::vector<std::unique_ptr<Tmy_Btn>> buttons_;
