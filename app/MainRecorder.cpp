@@ -79,6 +79,7 @@ void MainRecorder::LayOut(const RECT& strip) {
 // The host may run a loop of its own inside, a box say: a click that tunes must not keep the mouse from it.
 bool MainRecorder::Tune(uint32_t frequencyHz, uint32_t mode) {
   ReleaseCapture();
+  if (session_.IsTuning()) status_.SetNote({});  // a recording begins: the note was about another one
   link_.Tune(frequencyHz, mode);
   return IsAlive();
 }
