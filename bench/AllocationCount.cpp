@@ -10,28 +10,39 @@ namespace {
 
 using AllocationCount::calls;
 
-// This program takes its memory from the same C library as the module does, so blocks may be freed by the other.
-struct Counted {
-  static void* Malloc(size_t bytes) { return ++calls, std::malloc(bytes); }
-  static void* Calloc(size_t count, size_t bytes) { return ++calls, std::calloc(count, bytes); }
-  static void* Realloc(void* block, size_t bytes) { return ++calls, std::realloc(block, bytes); }
-  static LPVOID WINAPI Heap(HANDLE heap, DWORD flags, SIZE_T bytes) { return ++calls, HeapAlloc(heap, flags, bytes); }
-  static HGLOBAL WINAPI Global(UINT flags, SIZE_T bytes) { return ++calls, GlobalAlloc(flags, bytes); }
-  static HLOCAL WINAPI Local(UINT flags, SIZE_T bytes) { return ++calls, LocalAlloc(flags, bytes); }
-  static LPVOID WINAPI Virtual(LPVOID at, SIZE_T bytes, DWORD type, DWORD protection) {
-    return ++calls, VirtualAlloc(at, bytes, type, protection);
-  }
+// One for each function that gives memory. The real one is called by its address: this program's own imports may be
+// replaced, too.
+template <class Function, size_t kNumber>
+struct Counted;
+
+template <class Result, class... Arguments, size_t kNumber>
+struct Counted<Result (*)(Arguments...), kNumber> {
+  static inline Result (*real)(Arguments...) = nullptr;
+  static Result Call(Arguments... arguments) { return ++calls, real(arguments...); }
 };
 
-ULONG_PTR CounterFor(const char* name, ULONG_PTR) noexcept {
-  const std::pair<const char*, ULONG_PTR> kCounters[] = {
-      {"malloc", AddressOf(&Counted::Malloc)},       {"calloc", AddressOf(&Counted::Calloc)},
-      {"realloc", AddressOf(&Counted::Realloc)},     {"HeapAlloc", AddressOf(&Counted::Heap)},
-      {"GlobalAlloc", AddressOf(&Counted::Global)},  {"LocalAlloc", AddressOf(&Counted::Local)},
-      {"VirtualAlloc", AddressOf(&Counted::Virtual)}};
-  for (const auto& [counted, counter] : kCounters) {
-    if (std::strcmp(counted, name) == 0) return counter;
-  }
+template <class Result, class... Arguments, size_t kNumber>
+struct Counted<Result(WINAPI*)(Arguments...), kNumber> {
+  static inline Result(WINAPI* real)(Arguments...) = nullptr;
+  static Result WINAPI Call(Arguments... arguments) { return ++calls, real(arguments...); }
+};
+
+template <class Function, size_t kNumber>
+ULONG_PTR CounterOf(ULONG_PTR now) noexcept {
+  using Counter = Counted<Function, kNumber>;
+  if (now != AddressOf(&Counter::Call)) Counter::real = reinterpret_cast<Function>(now);
+  return AddressOf(&Counter::Call);
+}
+
+ULONG_PTR CounterFor(const char* name, ULONG_PTR now) noexcept {
+  const auto is = [name](const char* counted) { return std::strcmp(name, counted) == 0; };
+  if (is("malloc")) return CounterOf<decltype(&std::malloc), 0>(now);
+  if (is("calloc")) return CounterOf<decltype(&std::calloc), 1>(now);
+  if (is("realloc")) return CounterOf<decltype(&std::realloc), 2>(now);
+  if (is("HeapAlloc")) return CounterOf<decltype(&HeapAlloc), 3>(now);
+  if (is("GlobalAlloc")) return CounterOf<decltype(&GlobalAlloc), 4>(now);
+  if (is("LocalAlloc")) return CounterOf<decltype(&LocalAlloc), 5>(now);
+  if (is("VirtualAlloc")) return CounterOf<decltype(&VirtualAlloc), 6>(now);
   return 0;
 }
 

@@ -23,6 +23,7 @@ constexpr uint32_t kBlocks = 20 * kBlocksASecond;  // a recording that is timed
 constexpr uint32_t kTurns = 9;
 constexpr double kLeastRatio = 0.8;
 constexpr double kMostOfRealTime = 1.0;  // per cent, of the format that has most to write
+constexpr double kMostGrowth = 0.5;      // MB in an hour
 constexpr uint32_t kHeaderBytes = 48;
 
 struct Format {
@@ -264,26 +265,33 @@ double PrivateMegabytes() {
   return static_cast<double>(bytes) / (1024.0 * 1024.0);
 }
 
-void PrintMemory(uint32_t minute) {
+// Of this process, in MB.
+double PrintMemory(uint32_t minute) {
   PROCESS_MEMORY_COUNTERS counters = {};
   counters.cb = sizeof counters;
   GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  const double held = PrivateMegabytes();
   printf("minute %2u of a recording: working set %.2f MB, private %.2f MB\n", minute,
-         static_cast<double>(counters.WorkingSetSize) / (1024.0 * 1024.0), PrivateMegabytes());
+         static_cast<double>(counters.WorkingSetSize) / (1024.0 * 1024.0), held);
+  return held;
 }
 
 void BenchHour(const Subject& subject) {
   const HostBlock block(kFormats[2], HostNotification::kAudioPcm16);
   const Recording recording(subject.plugin, subject.folder);
   const double start = Bench::Milliseconds();
+  double first = 0, last = 0;
   for (uint32_t minute = 1; minute <= 60; ++minute) {
     for (uint32_t i = 0; i < 60 * kBlocksASecond; ++i) {
       subject.plugin.Audio(block.Kind(), block.Data());
       if (i % kBlocksASecond == 0) DispatchWaiting();
     }
-    if (minute == 1 || minute == 30 || minute == 60) PrintMemory(minute);
+    if (minute == 1) first = PrintMemory(minute);
+    if (minute == 30 || minute == 60) last = PrintMemory(minute);
   }
   const double seconds = (Bench::Milliseconds() - start) / 1000;
+  printf("more private memory at the end than after a minute: %.2f MB  (aim %.1f: %s)\n", last - first, kMostGrowth,
+         Bench::Verdict(last - first, kMostGrowth));
   const uint64_t bytes = uint64_t{block.Bytes()} * kBlocksASecond * 3600;
   Recording::Stop();
   const bool whole = recording.Finish(bytes);

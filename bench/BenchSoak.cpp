@@ -26,7 +26,7 @@ constexpr uint32_t kHeader = 48;  // bytes in front of the samples of a file
 constexpr uint32_t kScheduled = 7, kByButton = 8;
 constexpr uint32_t kSteps = 16;
 constexpr int64_t kGrowth = 10, kMenus = 40, kBlocks = 100;  // what may come and go; the USER objects are the desktop's
-constexpr double kGrowthMegabytes = 4;
+constexpr double kGrowthMegabytes = 4, kSlower = 1.5;
 
 struct Task {  // a record of the task file
   uint64_t frequency;
@@ -107,7 +107,6 @@ class Soak {
   void ChangeFilter(uint32_t handle);
   void PressRecordOrStop(bool record);
   void Click(uint32_t handle, int x, int y);
-  [[nodiscard]] std::string Counts(uint32_t handle) const;
   void CheckFiles();
   bool IsSequence(std::FILE* file);
   void TakeSample();
@@ -156,18 +155,11 @@ void Soak::Click(uint32_t handle, int x, int y) {
   PumpFor(0);
 }
 
-std::string Soak::Counts(uint32_t handle) const {
-  for (HWND child = GetWindow(host_.WindowOf(handle), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (TextOf(child).find(" broadcast") != std::string::npos) return TextOf(child);
-  }
-  return "";
-}
-
 // The box of the frequency filter.
 void Soak::ChangeFilter(uint32_t handle) {
-  const std::string before = Counts(handle);
+  const std::string before = CountsOf(host_.WindowOf(handle));
   Click(handle, 330, 19);
-  filterChanges_ += Counts(handle) != before;
+  filterChanges_ += CountsOf(host_.WindowOf(handle)) != before;
 }
 
 void Soak::PressRecordOrStop(bool record) {
@@ -227,7 +219,7 @@ bool Soak::IsFlat() const {
          last.counts.userObjects - first.counts.userObjects <= kMenus &&
          last.counts.heapBlocks - first.counts.heapBlocks <= kBlocks &&
          last.privateBytes - first.privateBytes <= kGrowthMegabytes &&
-         last.workingSet - first.workingSet <= kGrowthMegabytes;
+         last.workingSet - first.workingSet <= kGrowthMegabytes && last.median <= first.median * kSlower;
 }
 
 void Soak::Print(const char* title) {
@@ -240,8 +232,8 @@ void Soak::Print(const char* title) {
            sample.counts.userObjects, sample.counts.heapBlocks, sample.counts.heapBytes / 1024, sample.median * 1000,
            sample.worst);
   }
-  printf("  %.0f s in %u recordings, %u of them faulty; %u filter changes; memory, handles and objects: %s\n", seconds_,
-         files_, faults_, filterChanges_, samples_.size() > 1 && IsFlat() ? "flat" : "NOT FLAT");
+  printf("  %.0f s in %u recordings, %u of them faulty; %u filter changes; memory, handles, objects and median: %s\n",
+         seconds_, files_, faults_, filterChanges_, samples_.size() > 1 && IsFlat() ? "flat" : "NOT FLAT");
 }
 
 }  // namespace
