@@ -28,7 +28,8 @@ run() {
 report() {
   local target=$1 log=$found/$1.log
   printf '%-18s %12s %8s %8s\n' "$target" "$(sed -n 's/^stat::number_of_executed_units: //p' "$log")" \
-    "$(sed -n 's/.* cov: \([0-9]*\) .*/\1/p' "$log" | tail -1)" "$(awk "BEGIN { printf \"%.1f\", $SECONDS_EACH / 60 }")"
+    "$(sed -n 's/.* cov: \([0-9]*\) .*/\1/p' "$log" | tail -1)" \
+    "$(sed -n 's/^Done .* in \([0-9]*\) second.*/\1/p' "$log" | awk '{ printf "%.1f", $1 / 60 }')"
 }
 
 failed=0
@@ -38,7 +39,6 @@ if [ "$seconds" = --replay ]; then
   exit $failed
 fi
 each=$((seconds * 2 / $#)) && [ "$each" -gt 0 ] || each=1
-SECONDS_EACH=$each
 printf '%-18s %12s %8s %8s\n' target executions edges minutes
 while [ $# -gt 0 ]; do
   check run "$1" & first=$!
