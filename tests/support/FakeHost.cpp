@@ -21,6 +21,13 @@ std::string TextOf(HWND window) {
   return text;
 }
 
+std::string CountsOf(HWND window) {
+  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (TextOf(child).find(" broadcast") != std::string::npos) return TextOf(child);
+  }
+  return "";
+}
+
 std::vector<uint32_t> HostBlockOfReceiver() {
   std::vector<uint32_t> block((400 + 2 * 28) / 4);
   const auto base = reinterpret_cast<uint32_t>(block.data());

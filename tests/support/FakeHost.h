@@ -99,3 +99,4 @@ class FakeHost {
 };
 
 [[nodiscard]] std::string TextOf(HWND window);
+[[nodiscard]] std::string CountsOf(HWND window);  // "2 of 5 broadcasts", of a main window; empty when it has none

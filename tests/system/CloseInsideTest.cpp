@@ -16,7 +16,7 @@ struct CloseInside : PluginFixture {
     EXPECT_FALSE(hasSeenQuit || host_.WasLate());
     ASSERT_TRUE(host_.Load());
     const HWND window = StartPlugin();
-    EXPECT_EQ(Counts(window), "3 of 3 broadcasts");
+    EXPECT_EQ(CountsOf(window), "3 of 3 broadcasts");
     EXPECT_TRUE(IsWindowEnabled(window));
     Enter(window);
     EXPECT_EQ(host_.Calls().size(), 4u);

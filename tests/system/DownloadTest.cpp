@@ -97,7 +97,7 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
     if (run.path) (run.path == kEibi ? eibi_ : hfcc_)->Answer(run.path, run.reply);
     EXPECT_EQ(Run(window), run.expected);
     EXPECT_EQ(File("eibi.txt"), hasEibi ? OneBroadcast() : ThreeBroadcasts());
-    EXPECT_EQ(Counts(window), "1 of 1 broadcast");  // what the first run brought
+    EXPECT_EQ(CountsOf(window), "1 of 1 broadcast");  // what the first run brought
   }
   std::string archives;  // of the menu; the one chosen at the start stays
   for (const MenuEntry& entry : Entries(GetMenu(window))) {
@@ -144,7 +144,7 @@ TEST_F(Download, AnErrorPageInPlaceOfEitherDocument) {
     EXPECT_EQ(File("eibi.txt"), isKept ? page : ThreeBroadcasts());
   }
   EXPECT_EQ(File("eibi.bak"), ThreeBroadcasts()) << "the second page must not push it out";
-  EXPECT_EQ(Counts(window), "3 of 3 broadcasts");
+  EXPECT_EQ(CountsOf(window), "3 of 3 broadcasts");
 }
 
 TEST_F(Download, AFirstStartAsksOnceAndDownloadsOnYes) {
@@ -158,7 +158,7 @@ TEST_F(Download, AFirstStartAsksOnceAndDownloadsOnYes) {
                  if (answer == VK_RETURN) host_.When(&IsDone, &Press);
                });
     const HWND window = StartPlugin();
-    EXPECT_EQ(Counts(window), answer == VK_RETURN ? "1 of 1 broadcast" : "0 of 0 broadcasts");
+    EXPECT_EQ(CountsOf(window), answer == VK_RETURN ? "1 of 1 broadcast" : "0 of 0 broadcasts");
     for (const int command : {SW_HIDE, SW_SHOW}) ShowWindow(window, command);
     PumpFor(50);
     EXPECT_FALSE(question() || Window());

@@ -11,9 +11,11 @@ TEST(ModuleFile, MayBeMovedAndHasNoCodeInItsDataAndNoHandlers) {
       IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT | IMAGE_DLLCHARACTERISTICS_NO_SEH;
   EXPECT_EQ(header.DllCharacteristics & kWanted, kWanted);
   EXPECT_GT(header.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size, 0u);
-  // Who registers a handler writes fs:[0]: from EAX, from ESP, off the stack. The system would end the host at it.
-  using namespace std::string_view_literals;
-  for (const auto write : {"\x64\xA3\0\0\0\0"sv, "\x64\x89\x25\0\0\0\0"sv, "\x64\x8F\x05\0\0\0\0"sv}) {
-    EXPECT_EQ(std::string_view(base + header.BaseOfCode, header.SizeOfCode).find(write), std::string_view::npos);
+  // Who registers a handler writes fs:[0], from a register, off the stack or a number. The system would end the host.
+  std::vector<std::string> writes = {"\x64\xA3", "\x64\x8F\x05", "\x64\xC7\x05"};
+  for (int reg = 0; reg < 8; ++reg) writes.push_back(std::string("\x64\x89") + static_cast<char>(reg << 3 | 5));
+  for (const std::string& write : writes) {
+    const std::string_view code(base + header.BaseOfCode, header.SizeOfCode);
+    EXPECT_EQ(code.find(write + std::string(4, '\0')), std::string_view::npos);
   }
 }

@@ -25,13 +25,6 @@ HWND PluginFixture::Grid(HWND window) {
   return ChildWindowFromPointEx(window, {place.right / 2, place.bottom * 2 / 3}, CWP_SKIPINVISIBLE);
 }
 
-std::string PluginFixture::Counts(HWND window) {
-  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (TextOf(child).find(" broadcast") != std::string::npos) return TextOf(child);
-  }
-  return "";
-}
-
 void PluginFixture::Key(HWND window, WPARAM key) {
   PostMessageA(window, WM_KEYDOWN, key, 1);
   PumpFor(0);

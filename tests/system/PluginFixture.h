@@ -32,7 +32,6 @@ class PluginFixture : public testing::Test {
   HWND StartPlugin(uint32_t handle = 7);
   [[nodiscard]] static HWND Grid(HWND window);
   [[nodiscard]] static HWND Panel(HWND window) { return ChildWindowFromPoint(window, {1, 1}); }
-  [[nodiscard]] static std::string Counts(HWND window);  // of the strip below the grid
 
   void Key(HWND window, WPARAM key);
   void KeyWhereTheFocusIs(WPARAM key) { Key(GetFocus(), key); }

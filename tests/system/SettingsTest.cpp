@@ -77,7 +77,7 @@ TEST_F(Settings, ForeignValuesAreSurvivedAndKeepTheirMeaning) {
   Put("SchedulerTable", odd);
   const HWND window = StartPlugin();
   EXPECT_NE(MonitorFromWindow(window, MONITOR_DEFAULTTONULL), nullptr);
-  EXPECT_EQ(Counts(window), "3 of 3 broadcasts");
+  EXPECT_EQ(CountsOf(window), "3 of 3 broadcasts");
   host_.Close(7);
   EXPECT_EQ(Number("Left"), 20000u);
   EXPECT_EQ(Number("TranslatedCount"), 22u);
@@ -93,7 +93,7 @@ TEST_F(Settings, TheArchiveAndTheDatabaseThatWereShownLast) {
   Put("DBDefault", 1u);
   for (const std::string stored : {"b25.ZIP", "a26all00.zip", "c.zip"}) {
     Put("CurrentFile", REG_SZ, stored + '\0');
-    EXPECT_NE(Counts(StartPlugin()), "3 of 3 broadcasts");
+    EXPECT_NE(CountsOf(StartPlugin()), "3 of 3 broadcasts");
     host_.Close(7);
     EXPECT_EQ(Text("CurrentFile"), stored[0] == 'b' ? "B25.zip" : "a26all00.zip");
     EXPECT_EQ(Number("DBDefault"), 1u);
