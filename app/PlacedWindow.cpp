@@ -19,7 +19,7 @@ Settings::Place PlaceOf(const RECT& rect) {
   return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
 }
 
-// The nearest monitor's area without the task bar.
+// The nearest monitor: all of it, and without the task bar.
 MONITORINFO MonitorOf(const RECT& rect) {
   MONITORINFO info = {};
   info.cbSize = sizeof info;

@@ -36,7 +36,7 @@ class DownloadRun {
   void TimedOut();
   void Closed();
 
-  [[nodiscard]] bool HasEibi() const noexcept { return hasEibi_ && isSchedule_; }            // a new eibi.txt is there
+  [[nodiscard]] bool HasEibi() const noexcept { return hasEibi_ && isSchedule_; }  // a new schedule, no error page
   [[nodiscard]] uint32_t ArchiveCount() const noexcept { return downloadedFiles_.Count(); }  // new ones
 
  private:

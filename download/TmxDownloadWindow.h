@@ -17,7 +17,7 @@
 #include "toolkit/Tmy_Label.h"
 
 struct DownloadResult {
-  bool hasEibi = false;  // a new eibi.txt
+  bool hasEibi = false;  // a new EiBi schedule
   uint32_t archives = 0;
 };
 

@@ -41,7 +41,6 @@ class HfccDatabase {
 
   // The code in column 0, sorted by it; names in English, French and Spanish in 1 to 3.
   [[nodiscard]] const ColumnTable& Administrations() const noexcept { return administrations_; }
-  [[nodiscard]] const ColumnTable& Schedule() const noexcept { return schedule_; }  // a row for each item
 
   // The name that the table has for a record's code, the code itself when it has none; never null.
   [[nodiscard]] const char* LocationName(const FccItem& item) const noexcept;

@@ -7,17 +7,17 @@
 
 namespace {
 
-constexpr int kSub = ThemeDraw::kUnits;
-constexpr int kGrid = 14;           // the shapes below are drawn on a square of 14 by 14
-constexpr int kRecordInset = kSub;  // the dot's distance from the square
+using ThemeDraw::kUnits;
+constexpr int kGrid = 14;             // the shapes below are drawn on a square of 14 by 14
+constexpr int kRecordInset = kUnits;  // the dot's distance from the square
 
 template <size_t kCount>
 void Draw(HDC dc, const RECT& square, const POINT (&shape)[kCount], COLORREF color) {
   const int side = square.right - square.left;
   std::array<POINT, kCount> points{};
   for (size_t i = 0; i < kCount; ++i) {
-    points[i] = {square.left * kSub + MulDiv(shape[i].x, side * kSub, kGrid),
-                 square.top * kSub + MulDiv(shape[i].y, side * kSub, kGrid)};
+    points[i] = {square.left * kUnits + MulDiv(shape[i].x, side * kUnits, kGrid),
+                 square.top * kUnits + MulDiv(shape[i].y, side * kUnits, kGrid)};
   }
   ThemeDraw::Polygon(dc, points.data(), static_cast<int>(kCount), color);
 }

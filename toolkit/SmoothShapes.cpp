@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kSub = ThemeDraw::kUnits;
+using ThemeDraw::kUnits;
 constexpr size_t kCorners = 32;  // enough for a circle of some 30 pixels
 constexpr int kMarkGrid = 208;   // the check mark's square: 13 pixels of 16 units
 
@@ -21,12 +21,12 @@ constexpr POINT kCheckMark[] = {{36, 111}, {57, 90}, {86, 119}, {155, 50}, {176,
 namespace SmoothShapes {
 
 void Circle(HDC dc, int left, int top, int size, int inset, COLORREF color) {
-  const double radius = size * kSub / 2.0 - inset;
+  const double radius = size * kUnits / 2.0 - inset;
   std::array<POINT, kCorners> points{};
   for (size_t i = 0; i < kCorners; ++i) {
     const double angle = 2 * std::numbers::pi * static_cast<double>(i) / kCorners;
-    points[i].x = std::lround(left * kSub + size * kSub / 2.0 + radius * std::cos(angle));
-    points[i].y = std::lround(top * kSub + size * kSub / 2.0 + radius * std::sin(angle));
+    points[i].x = std::lround(left * kUnits + size * kUnits / 2.0 + radius * std::cos(angle));
+    points[i].y = std::lround(top * kUnits + size * kUnits / 2.0 + radius * std::sin(angle));
   }
   ThemeDraw::Polygon(dc, points.data(), kCorners, color);
 }
@@ -34,8 +34,8 @@ void Circle(HDC dc, int left, int top, int size, int inset, COLORREF color) {
 void CheckMark(HDC dc, int left, int top, int size, COLORREF color) {
   std::array<POINT, std::size(kCheckMark)> points{};
   for (size_t i = 0; i < points.size(); ++i) {
-    points[i].x = left * kSub + MulDiv(kCheckMark[i].x, size * kSub, kMarkGrid);
-    points[i].y = top * kSub + MulDiv(kCheckMark[i].y, size * kSub, kMarkGrid);
+    points[i].x = left * kUnits + MulDiv(kCheckMark[i].x, size * kUnits, kMarkGrid);
+    points[i].y = top * kUnits + MulDiv(kCheckMark[i].y, size * kUnits, kMarkGrid);
   }
   ThemeDraw::Polygon(dc, points.data(), static_cast<int>(points.size()), color);
 }

@@ -7,15 +7,15 @@
 
 namespace {
 
-constexpr int kSub = ThemeDraw::kUnits;
+using ThemeDraw::kUnits;
 constexpr int kSamples = 4;
 
 // How much of a pixel lies inside the polygon, 0 to kSamples * kSamples.
 int Coverage(const POINT* points, int count, int x, int y) noexcept {
   int inside = 0;
   for (int sample = 0; sample < kSamples * kSamples; ++sample) {
-    const int px = x * kSub + (sample % kSamples) * kSub / kSamples + kSub / (2 * kSamples);
-    const int py = y * kSub + (sample / kSamples) * kSub / kSamples + kSub / (2 * kSamples);
+    const int px = x * kUnits + (sample % kSamples) * kUnits / kSamples + kUnits / (2 * kSamples);
+    const int py = y * kUnits + (sample / kSamples) * kUnits / kSamples + kUnits / (2 * kSamples);
     bool odd = false;
     for (int i = 0, j = count - 1; i < count; j = i++) {
       const POINT& a = points[i];
@@ -77,8 +77,8 @@ void Polygon(HDC dc, const POINT* points, int count, COLORREF color) {
     box = {std::min(box.left, points[i].x), std::min(box.top, points[i].y), std::max(box.right, points[i].x),
            std::max(box.bottom, points[i].y)};
   }
-  for (int y = box.top / kSub; y <= box.bottom / kSub; ++y) {
-    for (int x = box.left / kSub; x <= box.right / kSub; ++x) {
+  for (int y = box.top / kUnits; y <= box.bottom / kUnits; ++y) {
+    for (int x = box.left / kUnits; x <= box.right / kUnits; ++x) {
       const int covered = Coverage(points, count, x, y);
       if (covered == 0) continue;
       const bool whole = covered == kSamples * kSamples;

@@ -145,8 +145,7 @@ void ClearAhead(Line& line) noexcept {
 }
 
 int32_t Stepped(int32_t seconds, int field, int steps) noexcept {
-  const int32_t next = seconds + kUnits[std::clamp(field, 0, kFields - 1)] * steps;
-  return ShiftTimeOfDay(next, 0);
+  return ShiftTimeOfDay(seconds, kUnits[std::clamp(field, 0, kFields - 1)] * steps);
 }
 
 }  // namespace TimeText

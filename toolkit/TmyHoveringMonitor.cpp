@@ -32,8 +32,7 @@ LRESULT TmyHoveringMonitor::WndProc(UINT message, WPARAM wParam, LPARAM lParam) 
 
 void TmyHoveringMonitor::Tick() {
   TmyApplication::Get().WatchToolTip();
-  if (!control_) return;
-  if (static_cast<int32_t>(Clock::Ticks() - since_) <= static_cast<int32_t>(kDelayMilliseconds)) return;
+  if (!control_ || Clock::Ticks() - since_ <= kDelayMilliseconds) return;
   TmyControl& control = *control_;
   control_ = nullptr;  // told again when the cursor has moved and rests once more
   POINT origin = {};

@@ -1,7 +1,6 @@
 #include "toolkit/TmyPopupMenu.h"
 
 #include "toolkit/ModulePin.h"
-#include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
 void TmyPopupMenu::Popup(TmyComponent& owner, int x, int y) {

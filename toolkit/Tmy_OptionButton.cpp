@@ -4,6 +4,7 @@
 
 #include "toolkit/ListKeys.h"
 #include "toolkit/SmoothShapes.h"
+#include "toolkit/ThemeDraw.h"
 #include "toolkit/myComponents.h"
 
 std::vector<Tmy_OptionButton*> Tmy_OptionButton::Group() const {
@@ -69,7 +70,7 @@ bool Tmy_OptionButton::CanFocus() const {
 void Tmy_OptionButton::Paint(HDC dc) {
   const RECT mark = MarkArea();
   const int size = mark.right - mark.left;
-  constexpr int kPixel = 16;
+  constexpr int kPixel = ThemeDraw::kUnits;
   SmoothShapes::Circle(dc, mark.left, mark.top, size, 0, checked_ ? FilledColor() : OutlineColor());
   SmoothShapes::Circle(dc, mark.left, mark.top, size, kPixel, InsideColor());
   if (checked_) SmoothShapes::Circle(dc, mark.left, mark.top, size, size * kPixel * 7 / 26, FilledColor());
