@@ -1,9 +1,8 @@
-// Marlux 3. What the tests of all controls share: a window, real messages to a control in it, and its picture.
+// Marlux 3. What the tests of all controls share: a window, and real messages to a control in it.
 #pragma once
 
 #include "tests/support/Pump.h"
 #include "tests/support/Test.h"
-#include "toolkit/BackBuffer.h"
 #include "toolkit/TmyApplication.h"
 #include "toolkit/myComponents.h"
 
@@ -101,25 +100,6 @@ struct ControlFixture : testing::Test {
     Close();
     window_ = new InputWindow;
     SetUp();
-  }
-
-  // How many pixels have a colour in a part of a window, with the controls drawn in it.
-  static std::map<COLORREF, int> Colors(const TmyComponent& window, const RECT& place) {
-    std::map<COLORREF, int> colors;
-    BackBuffer picture;
-    EXPECT_TRUE(picture.Resize(window.Handle(), 640, 480));
-    SendMessageA(window.Handle(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(picture.Dc()), 0);
-    SendMessageA(window.Handle(), WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc()), 0);
-    for (int y = place.top; y < place.bottom; ++y) {
-      for (int x = place.left; x < place.right; ++x) ++colors[GetPixel(picture.Dc(), x, y)];
-    }
-    return colors;
-  }
-  int Accent(const TmyControl& control) const {
-    // Without the look that the cursor gives.
-    Input::Mouse(*window_, WM_MOUSEMOVE, control.Bounds().left + 3, control.Bounds().top + 3, 0);
-    SendMessageA(window_->Handle(), WM_MOUSELEAVE, 0, 0);
-    return Colors(*window_, control.Bounds())[TmyApplication::Get().Theme().Color().accent];
   }
 
   // Drawn controls: one below the other.

@@ -1,4 +1,4 @@
-// What buttons and check boxes share, and what each of them shows.
+// What buttons and check boxes share; what each of them shows is in the gallery.
 #include "toolkit/Tmy_Clickable.h"
 
 #include "tests/toolkit/ControlFixture.h"
@@ -40,11 +40,9 @@ TEST_F(Tmy_ClickableTest, SpaceAndEnterPressAButtonOnceWhileHeldUnlessItIsDisabl
   CloseDuring([this] { Input::Key(*window_, VK_SPACE); });
 }
 
-TEST_F(Tmy_ClickableTest, TheUserTogglesABoxTheProgramSetsItQuietlyAndItShows) {
+TEST_F(Tmy_ClickableTest, TheUserTogglesABoxAndTheProgramSetsItQuietly) {
   Click(box_);
   EXPECT_TRUE(box_.IsChecked());
-  window_->FocusDrawn(nullptr);
-  EXPECT_GT(Accent(box_), 50);
   Focus(box_);
   Input::Key(*window_, VK_SPACE);
   EXPECT_FALSE(box_.IsChecked());
