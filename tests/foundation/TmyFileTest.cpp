@@ -3,13 +3,6 @@
 #include "foundation/SwapFile.h"
 #include "tests/support/Test.h"
 
-TEST(TmyFile, WhoOnlyReadsMakesNoFile) {
-  const TemporaryFolder folder;
-  const std::string name = folder.File("a");
-  EXPECT_FALSE(TmyFile(name.c_str(), GENERIC_READ, OPEN_ALWAYS).IsOpen());
-  EXPECT_EQ(GetFileAttributesA(name.c_str()), INVALID_FILE_ATTRIBUTES);
-}
-
 TEST(SwapFile, ReplacesWholeOrNotAtAll) {
   const TemporaryFolder folder;
   const std::string name = folder.File("a");

@@ -1,6 +1,5 @@
 #include "schedule/HfccDatabase.h"
 
-#include "schedule/CZipper.h"
 #include "tests/schedule/ArchiveMaker.h"
 #include "tests/support/Test.h"
 
@@ -45,19 +44,6 @@ TEST_F(HfccDatabaseFile, TellsTheScheduleByItsName) {
   }
 }
 
-TEST_F(HfccDatabaseFile, ResolvesCodes) {
-  ASSERT_EQ(Load("b12all00.zip", MakeZip(Members("b12all00.txt"))), HfccLoad::kRead);
-  const FccItem& found = *database_.Items().Get(0);
-  const FccItem& unknown = *database_.Items().Get(1);
-  EXPECT_EQ(found.site, 2) << "the row in the file, not the sorted position";
-  EXPECT_EQ(unknown.site + found.administration, -2);
-  const std::string texts[] = {database_.LocationName(found), found.latitude, database_.LocationName(unknown),
-                               unknown.latitude, database_.AdministrationName(found)};
-  EXPECT_THAT(texts, ElementsAre("BBB", "10N20", "XYZ", "", ""));
-  database_.LoadHfcc("none");
-  EXPECT_EQ(database_.Items().Count(), 0U) << "what was there is gone";
-}
-
 TEST_F(HfccDatabaseFile, HasNoRecordsWithoutAllFive) {
   for (size_t i = 0; i < 5; ++i) {
     auto members = Members("b12all00.txt");
@@ -72,9 +58,7 @@ TEST_F(HfccDatabaseFile, HasNoRecordsWithoutAllFive) {
 
 TEST_F(HfccDatabaseFile, SurvivesHostileArchives) {
   auto members = Members("b12all00.txt");
-  members.push_back({"admin.txt", "EEE Other\r\n"});
   for (const char* name : {"antenna.txt", "site.txt"}) members.push_back({name, "x", 8, 0, 0xFFFFFFFE});
   ASSERT_EQ(Load("b12all00.zip", MakeZip(members)), HfccLoad::kRead);
   EXPECT_EQ(database_.Items().Count(), 2U);
-  EXPECT_STREQ(database_.Administrations().Text(0, 0), "EEE") << "of two members of a name the last one counts";
 }
