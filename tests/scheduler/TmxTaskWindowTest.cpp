@@ -67,16 +67,13 @@ TEST_F(TmxTaskWindowTest, StoresWhatItShows) {
 }
 
 TEST_F(TmxTaskWindowTest, IsConfirmedOnceMoreWhenMemoryWasShort) {
-  const TmxTask task = {6005000, 1, 0, {}, {1, 0}, 0, 0, 0, 1};
-  EXPECT_EQ(Edited(task,
-                   [](TmyComponent& dialog) {
-                     EXPECT_TRUE(TmyString::WithRoom(0x7FFFFFF0).IsEmpty());
-                     SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0);
-                     EXPECT_TRUE(dialog.IsVisible());
-                     Input::Retype(Field(dialog, 4), "7325");
-                   })
-                .frequency,
-            7325000u);
+  const TmxTask edited = Edited({6005000, 1, 0, {}, {1, 0}, 0, 0, 0, 1}, [](TmyComponent& dialog) {
+    EXPECT_TRUE(TmyString::WithRoom(0x7FFFFFF0).IsEmpty());
+    SendMessageA(dialog.Handle(), kMsgConfirm, 0, 0);
+    EXPECT_TRUE(dialog.IsVisible());
+    Input::Retype(Field(dialog, 4), "7325");
+  });
+  EXPECT_EQ(edited.frequency, 7325000u);
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
   const std::string again = " web page.\r\nPlease check your Internet connection and try again.";
   const std::string eibi = "EiBi database file downloaded. ", no = "No ", none = "No HFCC database file downloaded.",
                     one = "1 HFCC database file downloaded.", unable = "\r\nUnable to connect to ";
-  const ScriptedServer::Reply silence = {"", End::kStayOpen};
+  const ScriptedServer::Reply silence = {"", End::kStayOpen}, missing = {"HTTP/1.1 404\nContent-Length: 1\n\n."};
   const ScriptedServer::Reply half = {ScriptedServer::Document(OneBroadcast()).substr(0, 200)};
   const struct {
     std::string expected;
@@ -77,10 +77,7 @@ TEST_F(Download, SummaryFilesAndGridOfEachOutcome) {
       {eibi + none + unable + "HFCC" + again, "e1", kIndex, silence},
       {eibi + none + unable + "HFCC" + again, "e1", "/data/e1.zip", half},
       {eibi + one + unable + "HFCC" + again, "f1 f2", "/data/f2.zip", silence},
-      {eibi + "2 HFCC database files downloaded.\r\n",
-       "g1 G1 full gone",
-       "/data/gone.zip",
-       {"HTTP/1.1 404\nContent-Length: 1\n\n."}},
+      {eibi + "2 HFCC database files downloaded.\r\n", "g1 G1 full gone", "/data/gone.zip", missing},
   };
   const HWND window = StartPlugin();
   std::filesystem::create_directory(documents_.DataFolder() + "\\full.zip.new");  // nothing can be written aside
