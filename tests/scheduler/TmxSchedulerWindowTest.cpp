@@ -1,6 +1,7 @@
 #include "scheduler/TmxSchedulerWindow.h"
 
 #include "tests/scheduler/SchedulerFixture.h"
+#include "toolkit/CentredPlace.h"
 #include "toolkit/TmyMsgBox.h"
 
 struct TmxSchedulerWindowTest : SchedulerFixture {
@@ -59,6 +60,15 @@ TEST_F(TmxSchedulerWindowTest, DeletesWhatIsSelectedOnYes) {
   SetFocus(scheduler_->Handle());
   EXPECT_EQ(GetFocus(), scheduler_->Grid().Handle());
   Key(VK_DELETE);
+}
+
+TEST_F(TmxSchedulerWindowTest, AWiderColumnDoesNotPushItsButtonsOffTheScreen) {
+  const int edge = WorkAreaAt(scheduler_->Bounds()).right;
+  scheduler_->SetBounds(edge - scheduler_->Width(), 50, scheduler_->Width(), 300);
+  scheduler_->Grid().SetColumnWidth(0, 300);
+  scheduler_->Grid().columnResized(0);
+  EXPECT_EQ(scheduler_->Bounds().right, edge);
+  EXPECT_GE(scheduler_->Width(), scheduler_->Grid().ColumnsRight() + 10);
 }
 
 TEST_F(TmxSchedulerWindowTest, ClosingGoesFromTheDialogOutwards) {
