@@ -205,9 +205,9 @@ class Faults : public PluginFixture {
     }
     // Recordings may be shorter, and what was written aside may be there still when it could not be moved or deleted.
     const bool couldNotMove = CallFaults::lasts || std::ranges::any_of(CallFaults::failed, [](const auto& place) {
-      const std::string kind = CallFaults::KindOf(place);
-      return kind == "files DeleteFileA" || kind == "files MoveFileExA";
-    });
+                                const std::string kind = CallFaults::KindOf(place);
+                                return kind == "files DeleteFileA" || kind == "files MoveFileExA";
+                              });
     for (const auto& [name, content] : now) {
       const bool isAside = name.ends_with(".new") || name.ends_with(".tmp") || name.ends_with(".bak");
       const bool mayStay = name.find("\\Recordings\\") != std::string::npos || (couldNotMove && isAside);
