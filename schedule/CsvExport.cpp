@@ -20,27 +20,25 @@ CsvExport::CsvExport(const TmyString& path) : path_(path) {
 CsvExport::~CsvExport() {
   if (!file_) return;
   file_.reset();
-  DeleteFileA(aside_.Chars());
+  DeleteFileA(aside_);
 }
 
 // In the same folder, where the swap is one step, under a name that nobody has.
 void CsvExport::Open() {
-  char aside[MAX_PATH];
   const TmyString folder = FolderOf(path_);
   if (folder.IsEmpty()) {
     error_ = ERROR_BAD_PATHNAME;
     return;
   }
-  if (!GetTempFileNameA((folder + "\\").Chars(), "csv", 0, aside)) {
+  if (!GetTempFileNameA((folder + "\\").Chars(), "csv", 0, aside_)) {
     error_ = GetLastError();
     return;
   }
-  aside_ = aside;
-  file_.reset(HandleOrNull(
-      CreateFileA(aside_.Chars(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)));
+  file_.reset(
+      HandleOrNull(CreateFileA(aside_, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)));
   if (file_) return;
   error_ = GetLastError();
-  DeleteFileA(aside_.Chars());
+  DeleteFileA(aside_);
 }
 
 TmyString CsvExport::LineOf(const TmyStringList& cells) {
@@ -69,10 +67,8 @@ DWORD CsvExport::Finish() {
   if (!file_) return error_;
   Flush();
   file_.reset();
-  const auto exchange = [this] {
-    return MoveFileExA(aside_.Chars(), path_.Chars(), MOVEFILE_REPLACE_EXISTING) != FALSE;
-  };
+  const auto exchange = [this] { return MoveFileExA(aside_, path_.Chars(), MOVEFILE_REPLACE_EXISTING) != FALSE; };
   if (error_ == ERROR_SUCCESS && !HeldFile::TryFor(exchange)) error_ = GetLastError();
-  if (error_ != ERROR_SUCCESS) DeleteFileA(aside_.Chars());
+  if (error_ != ERROR_SUCCESS) DeleteFileA(aside_);
   return error_;
 }

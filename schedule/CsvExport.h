@@ -29,8 +29,8 @@ class CsvExport {
   void Flush();
 
   TmyString path_;
-  TmyString aside_;
-  std::string pending_;  // lines not written yet; a string that keeps its room
+  char aside_[MAX_PATH] = "";  // taking no memory: nobody else could delete the file that has this name
+  std::string pending_;        // lines not written yet; a string that keeps its room
   SystemHandle file_;
   DWORD error_ = ERROR_SUCCESS;
 };

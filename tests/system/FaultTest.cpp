@@ -209,8 +209,9 @@ class Faults : public PluginFixture {
                                 return kind == "files DeleteFileA" || kind == "files MoveFileExA";
                               });
     for (const auto& [name, content] : now) {
-      const bool isAside = name.ends_with(".new") || name.ends_with(".tmp") || name.ends_with(".bak");
-      const bool mayStay = name.find("\\Recordings\\") != std::string::npos || (couldNotMove && isAside);
+      const bool isAside = name.ends_with(".new") || name.ends_with(".tmp");
+      const bool isKept = name.find("\\Recordings\\") != std::string::npos || name.ends_with(".bak");
+      const bool mayStay = isKept || (couldNotMove && isAside);
       EXPECT_TRUE(before_.contains(name) || after.contains(name) || mayStay) << name << Places();
     }
   }
