@@ -128,12 +128,19 @@ void TmyApplication::DestroyWindows() noexcept {
       if (window->HasStyle(WS_CHILD) == children) DestroyWindow(handle);
     }
   }
+  // All of them before the first one is told: its thread may destroy it, and its children, at once.
+  const auto isOther = [](HWND handle) {
+    return handle && GetWindowThreadProcessId(handle, nullptr) != GetCurrentThreadId();
+  };
+  for (uint32_t i = 0; i < windows_.Count(); ++i) {
+    const auto& window = *static_cast<TmyWindowBase*>(windows_.Get(i));
+    if (!isOther(window.handle_)) continue;
+    SetWindowLongPtrA(window.handle_, GWLP_USERDATA, 0);
+    SetWindowLongPtrA(window.handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(window.previous_));
+  }
   for (uint32_t i = 0; i < windows_.Count(); ++i) {
     auto& window = *static_cast<TmyWindowBase*>(windows_.Get(i));
-    const HWND handle = window.Handle();
-    if (!handle || GetWindowThreadProcessId(handle, nullptr) == GetCurrentThreadId()) continue;
-    window.DetachOnDestroy();
-    PostMessageA(handle, WM_CLOSE, 0, 0);
+    if (isOther(window.handle_)) PostMessageA(std::exchange(window.handle_, nullptr), WM_CLOSE, 0, 0);
   }
 }
 

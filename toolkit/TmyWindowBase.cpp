@@ -139,7 +139,7 @@ LRESULT TmyWindowBase::Dispatch(HWND handle, UINT message, WPARAM wParam, LPARAM
 void TmyWindowBase::DetachOnDestroy() noexcept {
   if (!handle_) return;
   StoreObject(handle_, nullptr);
-  SetProcedure(handle_, previous_);
+  if (previous_ != DefWindowProcA) SetProcedure(handle_, previous_);
   handle_ = nullptr;
 }
 
