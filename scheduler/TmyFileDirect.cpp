@@ -16,6 +16,7 @@ constexpr DWORD kOpenMs = 10000;
 constexpr DWORD kTransferMs = 10000;
 constexpr uint32_t kRestMs = 60000;
 constexpr uint32_t kRenewMs = 2000;
+constexpr uint32_t kSlowOpenMs = 1000;  // a name that takes longer to be found missing waits as a drive that hangs
 constexpr DWORD kShare = FILE_SHARE_READ;
 constexpr DWORD kDirect = FILE_FLAG_NO_BUFFERING | FILE_FLAG_OVERLAPPED;
 constexpr uint32_t kUsualSector = 4096;  // a multiple of all usual sizes, for volumes that do not tell theirs
@@ -192,12 +193,13 @@ void TmyFileDirect::SetLost(DWORD error) noexcept {
 void TmyFileDirect::RenewHandle() {
   begunAt_ = Clock::Ticks();
   TmyFile again(Name(), GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING, kShare, kDirect);
-  if (again.IsOpen() && again.Size() >= base_) {
+  const bool isBack = again.IsOpen() && again.Size() >= base_;
+  if (isBack) {
     Trace::Line("FileDirect handle renewed");
     TakeHandle(again);
   }
   renewedAt_ = Clock::Ticks();
-  if (IsLate()) SetHangs(true);
+  SetHangs(!isBack && renewedAt_ - begunAt_ >= kSlowOpenMs);
 }
 
 int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
@@ -213,7 +215,7 @@ int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
   // Waits for the cancellation to arrive, too: until then the system uses the buffer. Who was only just too late to be
   // cancelled has done its work and counts.
   const BOOL done = GetOverlappedResult(Handle(), &overlapped_, &count, TRUE);
-  SetLost(done ? DWORD{ERROR_SUCCESS} : GetLastError());
+  SetLost(done || late ? DWORD{ERROR_SUCCESS} : GetLastError());  // what we cancel is slow, not gone
   transferring_ = false;
   const uint32_t staged = std::exchange(staged_, 0);
   SetHangs(!done && (late || IsLate()));

@@ -12,8 +12,9 @@
 // them, so a disk that was full for a while costs only that while. After a transfer that had to be cancelled, or
 // failed as late, all transfers fail at once for a minute: the owner's thread must not wait again and again for a
 // device that hangs. Then there is another try. The tail of a file that is closed meanwhile is given up. A drive that
-// was gone for a while (sleep, a cable) comes back under its name, not under the handle: after a write that failed the
-// file is opened again, at most every two seconds, and goes on where the same bytes are still in it.
+// was gone for a while (sleep, a cable) comes back under its name, not under the handle: after a write that failed, and
+// not for want of room, the file is opened again, at most every two seconds, and goes on where the same bytes are still
+// in it.
 #pragma once
 
 #include <memory>
@@ -104,7 +105,7 @@ class TmyFileDirect : public TmyFile {
   uint32_t begunAt_ = 0;  // ticks, of the last transfer
   bool hangs_ = false;
   uint32_t hungAt_ = 0;     // ticks
-  bool mayBeLost_ = false;  // the handle: the last transfer failed
+  bool mayBeLost_ = false;  // the handle: the last transfer failed, and not for want of room
   uint32_t renewedAt_ = 0;  // ticks, of that or of the last try to get another one
   const bool readOnly_;
 };
