@@ -3,6 +3,7 @@
 #include <cderr.h>
 #include <commdlg.h>
 
+#include "foundation/FloatMode.h"
 #include "foundation/LostTexts.h"
 #include "schedule/CsvExport.h"
 
@@ -32,6 +33,7 @@ constexpr char kFileName[] = "\\mx_export.csv";
 }
 
 TmyString AskForCsvFile(HWND owner, const TmyString& folder) {
+  const KeptFloatMode kept;
   char file[MAX_PATH] = {};
   const TmyString proposed = folder + kFileName;
   CopyText(file, proposed.Length() < sizeof(file) ? proposed.View() : std::string_view(kFileName + 1));

@@ -1,4 +1,5 @@
 #include "app/HelpLibrary.h"
+#include "foundation/FloatMode.h"
 
 namespace {
 constexpr UINT kDisplayTopic = 0x0000;
@@ -15,6 +16,7 @@ HelpLibrary::HelpLibrary() noexcept : module_(LoadLibraryA("hhctrl.ocx")) {
 
 void HelpLibrary::Show(HWND owner, const TmyString& file) noexcept {
   if (!show_) return;
+  const KeptFloatMode kept;
   const FrameFlag::Scope showing(isShowing_);
   owner_ = owner;
   window_ = show_(owner, file.Chars(), kDisplayTopic, 0);

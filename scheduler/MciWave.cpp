@@ -1,5 +1,6 @@
 #include "scheduler/MciWave.h"
 
+#include "foundation/FloatMode.h"
 #include "foundation/Trace.h"
 
 namespace {
@@ -32,6 +33,7 @@ bool MciWave::Open(const TmyString& file) {
 }
 
 MCIERROR MciWave::OpenElement(const char* name) noexcept {
+  const KeptFloatMode kept;
   MCI_OPEN_PARMSA open = {};
   open.lpstrDeviceType = "waveaudio";
   open.lpstrElementName = name;
@@ -85,6 +87,7 @@ bool MciWave::IsStopped() const noexcept {
 // Most drivers want a parameter block with every command, if only an empty one.
 bool MciWave::Send(UINT command, DWORD_PTR flags, void* parameters) const noexcept {
   if (!IsOpen()) return false;
+  const KeptFloatMode kept;
   MCI_GENERIC_PARMS none = {};
   const MCIERROR error =
       mciSendCommandA(id_, command, flags, reinterpret_cast<DWORD_PTR>(parameters ? parameters : &none));

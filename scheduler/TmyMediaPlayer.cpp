@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "foundation/FloatMode.h"
 #include "plugin/DataFolders.h"
 #include "scheduler/TmyWaveFilePCM.h"
 #include "scheduler/TransportGlyphs.h"
@@ -43,6 +44,7 @@ int64_t RecordedMilliseconds(const TmyWaveFilePCM& file) {
 }
 
 TmyString AskForWavFile(HWND owner, const TmyString& folder) {
+  const KeptFloatMode kept;
   char file[MAX_PATH] = {};
   OPENFILENAMEA dialog = {};
   dialog.lStructSize = sizeof(dialog);

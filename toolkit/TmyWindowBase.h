@@ -10,7 +10,6 @@
 
 #include <windows.h>
 
-#include "foundation/FloatMode.h"
 #include "foundation/FrameFlag.h"
 #include "foundation/TmyString.h"
 #include "toolkit/TmyControl.h"
@@ -61,7 +60,6 @@ class TmyWindowBase : public TmyControl {
     Hold& operator=(const Hold&) = delete;
 
    private:
-    KeptFloatMode floatMode_;  // dialogs and sound are begun inside messages
     FrameFlag::Scope dispatching_;
   };
 

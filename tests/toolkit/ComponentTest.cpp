@@ -40,7 +40,6 @@ class Window : public TmyComponent {
   }
   void Timer(uintptr_t) override {
     if (hostsFrame) __builtin_longjmp(hostsFrame, 1);
-    _MM_SET_ROUNDING_MODE(_MM_ROUND_DOWN);
     TopLevel()->Destroy();
     events_.push_back(IsAlive() ? "alive" : "destroyed");
   }
@@ -139,7 +138,6 @@ TEST_F(ComponentTest, AHandlerMayDestroyTheWholeWindowAndTheObjectsGoWithTheMess
   Input::Tick(*new Window(events_, doomed, WS_CHILD));
   EXPECT_THAT(events_, ElementsAre("destroyed", "deleted", "deleted", "deleted"));
   EXPECT_FALSE(IsWindow(owned));
-  EXPECT_EQ(_MM_GET_ROUNDING_MODE(), _MM_ROUND_NEAREST) << "what the handler changed is the host's again";
 }
 
 TEST_F(ComponentTest, AnExceptionOfTheHostsOutOfAHandlerLeavesNothingInProgress) {
