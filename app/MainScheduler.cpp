@@ -40,17 +40,17 @@ void MainScheduler::LoadTasks() {
   known_ = Copied(tasks_);
 }
 
-bool MainScheduler::ReadMissed() {
-  if (!isFileMissed_ || Clock::Ticks() - triedAt_ < pause_) return false;
+uint32_t MainScheduler::ReadMissed() {
+  if (!isFileMissed_ || Clock::Ticks() - triedAt_ < pause_) return 0;
   triedAt_ = Clock::Ticks();
   pause_ = std::min(2 * pause_, kLongestPause);
   TmyTypeList<TmxTask> filed;
-  if (!TaskFile::Load(DataFolder() + TaskFile::kName, filed, loadedAt_)) return false;
+  if (!TaskFile::Load(DataFolder() + TaskFile::kName, filed, loadedAt_)) return 0;
   std::vector<TmxTask> known = Copied(filed);
-  if (!PutBefore(filed)) return false;
+  if (!PutBefore(filed)) return 0;
   known_.swap(known);
   isFileMissed_ = false;
-  return true;
+  return static_cast<uint32_t>(known_.size());
 }
 
 // A file that still cannot be read is not replaced: there may be more in it than in the list. Nor is one that another
@@ -72,12 +72,11 @@ void MainScheduler::SaveTasks() {
 // All of them or, without memory, none.
 bool MainScheduler::PutBefore(TmyTypeList<TmxTask>& filed) {
   const uint32_t before = tasks_.Count();
-  while (filed.Count() > 0) {
-    if (tasks_.Insert(filed.Extract(filed.Count() - 1), 0)) continue;
-    while (tasks_.Count() > before) tasks_.Delete(0);
-    return false;
-  }
-  return true;
+  bool fits = true;
+  while (fits && filed.Count() > 0) fits = tasks_.Insert(filed.Extract(filed.Count() - 1), 0);
+  if (fits && tasks_.MakeRoomForOne()) return true;  // an open editor counts on it
+  while (tasks_.Count() > before) tasks_.Delete(0);
+  return false;
 }
 
 const TmxTask* MainScheduler::RunningTask() const noexcept {

@@ -14,9 +14,9 @@ class MainScheduler {
   explicit MainScheduler(RecordingSession& session) noexcept : session_(session), engine_(tasks_, session) {}
 
   void LoadTasks();  // appends those of the file
-  // From time to time while it could not be read: shares and drives may come later than we do. True when its tasks have
-  // come; they are in front of those that were entered meanwhile.
-  bool ReadMissed();
+  // From time to time while it could not be read: shares and drives may come later than we do. How many tasks have come
+  // now; they are in front of those that were entered meanwhile.
+  uint32_t ReadMissed();
   // In place of the file. Tasks that were in it when it could not be read are put in front of the list. A list that is
   // still as it was loaded or saved last leaves a file with other tasks alone: another window has written them.
   void SaveTasks();

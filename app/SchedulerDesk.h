@@ -21,6 +21,7 @@ class SchedulerDesk final : private SchedulerOwner {
   void Schedule(const TuneTarget& station);
 
   void TasksLoaded() { view_->TasksChanged(); }
+  void TasksCame(uint32_t count) { view_->TasksCame(count); }
   void ZoneChanged() { view_->ZoneChanged(); }
   void Ticked();
 

@@ -270,7 +270,7 @@ void TmxWindow::ShowChanged(bool visible) {
 void TmxWindow::Timer(uintptr_t id) {
   scheduler_.Tick();
   if (!IsAlive()) return;
-  if (scheduler_.ReadMissed()) desk_.TasksLoaded();
+  if (const uint32_t count = scheduler_.ReadMissed()) desk_.TasksCame(count);
   desk_.Ticked();
   if (id == kTickTimer) {
     recorder_.KeepAwake();

@@ -200,6 +200,12 @@ void TmxSchedulerWindow::TasksChanged() {
   EnableButtons();
 }
 
+void TmxSchedulerWindow::TasksCame(uint32_t count) {
+  const uint32_t row = grid_->CurrentRow();
+  TasksChanged();
+  if (row != TmyStringGrid::kNoRow) grid_->SetCurrentRow(row + count, true);
+}
+
 void TmxSchedulerWindow::EnableButtons() {
   const bool hasTask = SelectedTask() != nullptr;
   for (Tmy_Btn* button : {&deleteTask_, &editTask_}) {

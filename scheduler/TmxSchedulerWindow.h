@@ -36,6 +36,7 @@ class TmxSchedulerWindow : public TmyDialog, private TmyGridModel {
 
   // What the main window tells: other tasks in the list, another zone, another running task.
   void TasksChanged();
+  void TasksCame(uint32_t count);  // so many in front of the others: what is selected stays so
   void ZoneChanged() { grid_->RepaintRows(); }
   void RunningTaskChanged() { grid_->RepaintRows(); }
 
