@@ -34,6 +34,10 @@ uint32_t ReadableBytes(const uint8_t* from, uint32_t bytes) noexcept {
 }  // namespace
 
 void AudioFeed::Feed(uint32_t kind, const void* hostBlock) {
+  if (goesOn_ && !recorder_.FileChange().IsUp()) {  // an exception of the host's has ended the change
+    goesOn_ = false;
+    fileChanged();
+  }
   const AudioBlock block(hostBlock);
   if (Accepts(kind, block) && FitFormat(block) && FitSize(block)) Write(kind, block);
 }
