@@ -6,7 +6,8 @@
 // A host's own exception may pass through our frames, and its message loop goes on as if nothing had been: no
 // destructor of ours runs then, and a plain flag or a count would be up for good. Scopes that lie below whoever asks
 // are gone. The outermost one is remembered: what an exception leaves inside of it goes with it.
-// One thread only. The flag must outlive its scopes; two of them do not share a function's frame.
+// One thread only. The flag must outlive its scopes. Neither two of them nor a scope and a question behind it share a
+// function's frame, also not by inlining.
 #pragma once
 
 #include <cstdint>

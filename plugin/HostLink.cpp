@@ -29,19 +29,16 @@ void HostLink::TellClosed() noexcept {
     last(instance, HostCode::kInstanceGone, 0, sizeof kProductCaption, reinterpret_cast<uint32_t>(kProductCaption));
 }
 
-bool HostLink::Tune(uint32_t frequencyHz, uint32_t mode) noexcept {
-  if (!callback_) return false;
+void HostLink::Tune(uint32_t frequencyHz, uint32_t mode) noexcept {
   const std::pair<uint32_t, uint32_t> steps[] = {{HostCode::kTuneFrequency, frequencyHz},
                                                  {HostCode::kTuneMode, mode},
                                                  {HostCode::kTuneThird, 0},
                                                  {HostCode::kTuneFourth, HostCode::kTuneFourthValue}};
   const uint32_t tuning = ++tunings_;
   for (const auto& [code, a] : steps) {
-    if (tuning != tunings_) break;  // the host let something else tune inside, to which the rest does not belong
-    Call(code, a);
-    if (!callback_) return false;
+    if (tuning == tunings_)
+      Call(code, a);  // else the host let something else tune inside, to which the rest belongs not
   }
-  return true;
 }
 
 void HostLink::TellMediaState(bool playing) noexcept {

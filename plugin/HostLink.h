@@ -65,9 +65,9 @@ class HostLink {
   // Tells that the instance is gone, with the product caption, and disconnects: the host may unload us inside the last
   // of the two calls.
   void TellClosed() noexcept;
-  // The four steps in order, the rest of which is left out when something else tunes inside one of them. False when the
-  // host closed the plug-in there or when the link is not connected. The caller holds the window that the link is of.
-  bool Tune(uint32_t frequencyHz, uint32_t mode) noexcept;
+  // The four steps in order, the rest of which is left out when something else tunes inside one of them. The host may
+  // close the plug-in there: the caller holds the window that the link is of.
+  void Tune(uint32_t frequencyHz, uint32_t mode) noexcept;
   void TellMediaState(bool playing) noexcept;
 
   // The host's answer as it stands; 0 when not connected.

@@ -181,7 +181,6 @@ int TmxTaskWindow::DaysWidth() const {
 }
 
 void TmxTaskWindow::FitSize(const TmyComponent& around) {
-  fittedHeight_ = Theme().TextHeight();
   const int fields = std::max(DaysWidth(), FieldWidth() + Theme().Step() + Theme().TextWidth(kUnit));
   RECT frame = {0, 0, FieldLeft() + fields + Margin(),
                 LineTop(kRows) + Theme().Step() + Theme().FieldHeight() + Margin()};
@@ -190,7 +189,6 @@ void TmxTaskWindow::FitSize(const TmyComponent& around) {
 }
 
 void TmxTaskWindow::Realign() {
-  if (fittedHeight_ == 0) return;
   enabled_.SetBounds(FieldLeft(), Margin(), enabled_.PreferredWidth(), Theme().FieldHeight());
   PlaceFields();
   PlaceDays();

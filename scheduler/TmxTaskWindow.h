@@ -70,7 +70,6 @@ class TmxTaskWindow : public TmyDialog {
   TmxTask task_ = {};  // as it was, and as it was confirmed
   bool isConfirmed_ = false;
   bool isUtc_ = false;
-  int32_t offset_ = 0;    // seconds to add to UTC for the times shown: the zone may change while they are
-  int modeWidth_ = 0;     // of the field that holds the widest mode
-  int fittedHeight_ = 0;  // of the theme's text when the dialog was sized
+  int32_t offset_ = 0;  // seconds to add to UTC for the times shown: the zone may change while they are
+  int modeWidth_ = 0;   // of the field that holds the widest mode
 };

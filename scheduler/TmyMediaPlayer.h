@@ -61,7 +61,7 @@ class TmyMediaPlayer : public TmyPanel {
   // Up while one file ends and the next one begins. Buttons are disabled for a moment only: the one with the keyboard
   // keeps it; KeepFocus comes afterwards.
   [[nodiscard]] FrameFlag& FileChange() noexcept { return fileChange_; }
-  void KeepFocus();
+  [[gnu::noinline]] void KeepFocus();
 
   // Pixels for a width: the slider and the label get a row of their own when there is no room beside the buttons.
   [[nodiscard]] int PreferredHeight(int width) const;

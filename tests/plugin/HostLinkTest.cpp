@@ -32,7 +32,7 @@ TEST_F(HostLinkTest, AfterTheFarewellNothingReachesTheHost) {
     if (codes.back() == 0x4000) link_.TellMediaState(false);  // what a host may cause by ending us inside the call
   };
   link_.TellClosed();
-  EXPECT_FALSE(link_.Tune(1, 1));
+  link_.Tune(1, 1);
   EXPECT_EQ(link_.CurrentFrequencyRaw(), 0u);
   link_.TellStarted();
   link_.TellClosed();
@@ -40,18 +40,20 @@ TEST_F(HostLinkTest, AfterTheFarewellNothingReachesTheHost) {
 }
 
 TEST_F(HostLinkTest, ANestedTuneHasTheLastWord) {
-  inside = [this] { EXPECT_TRUE(codes.size() != 1 || link_.Tune(2, 1)); };
-  EXPECT_TRUE(link_.Tune(1, 1));
+  inside = [this] {
+    if (codes.size() == 1) link_.Tune(2, 1);
+  };
+  link_.Tune(1, 1);
   EXPECT_EQ(codes.size(), 5u);
 }
 
 TEST_F(HostLinkTest, TheOuterTuneNoticesAnEndInsideANestedOne) {
   inside = [this] {
     const size_t count = codes.size();
-    EXPECT_FALSE(count == 1 && link_.Tune(2, 1));
+    if (count == 1) link_.Tune(2, 1);
     if (count == 3) link_.Disconnect();
   };
-  EXPECT_FALSE(link_.Tune(1, 1));
+  link_.Tune(1, 1);
   EXPECT_EQ(codes.size(), 3u);
 }
 
