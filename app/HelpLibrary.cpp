@@ -1,4 +1,5 @@
 #include "app/HelpLibrary.h"
+
 #include "foundation/FloatMode.h"
 
 namespace {
@@ -9,7 +10,9 @@ bool IsOurs(HWND window) noexcept {
 }
 }  // namespace
 
-HelpLibrary::HelpLibrary() noexcept : module_(LoadLibraryA("hhctrl.ocx")) {
+HelpLibrary::HelpLibrary() noexcept {
+  const KeptFloatMode kept;
+  module_ = LoadLibraryA("hhctrl.ocx");
   if (!module_) return;
   show_ = reinterpret_cast<ShowFunction>(reinterpret_cast<void*>(GetProcAddress(module_, "HtmlHelpA")));
 }
@@ -33,6 +36,7 @@ bool HelpLibrary::IsAtWork() const noexcept {
 }
 
 void HelpLibrary::Unload() noexcept {
+  const KeptFloatMode kept;
   const bool stays = IsAtWork() || mayHaveThread_;  // its code is yet to be returned to, or runs on in its thread
   if (window_ && IsWindow(window_)) {
     const HWND owner = GetWindow(window_, GW_OWNER);

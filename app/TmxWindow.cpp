@@ -176,7 +176,7 @@ void TmxWindow::SessionEnds(bool isAppOnly) {
   const uint32_t tasks = scheduler_.Tasks().Count();
   Try([this] { settings_.Save(); });
   Try([&] {
-    if (scheduler_.Tasks().Count() != tasks) desk_.TasksLoaded();
+    if (const uint32_t now = scheduler_.Tasks().Count(); now != tasks) desk_.TasksCame(now - tasks);
   });
   recorder_.Stop();  // last: the host is told inside
 }

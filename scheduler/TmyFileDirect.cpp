@@ -199,7 +199,9 @@ void TmyFileDirect::RenewHandle() {
     TakeHandle(again);
   }
   renewedAt_ = Clock::Ticks();
-  SetHangs(!isBack && renewedAt_ - begunAt_ >= kSlowOpenMs);
+  // Held, most likely by our own handle, it is there, and that handle is tried again.
+  const bool isMissing = !isBack && again.OpenError() != ERROR_SHARING_VIOLATION;
+  SetHangs(isMissing && renewedAt_ - begunAt_ >= kSlowOpenMs);
 }
 
 int32_t TmyFileDirect::WaitForTransfer(DWORD timeout) {
